@@ -1,0 +1,25 @@
+# Compiler rules that hold for every target of this project; packages are built without them.
+add_library(corvid_options INTERFACE)
+target_compile_features(corvid_options INTERFACE cxx_std_20)
+target_include_directories(corvid_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(corvid_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wformat=2 -Werror)
+
+option(CORVID_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(CORVID_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  # _WIN32_WINNT 0x0601: Windows 7 is the oldest system with all the calls in use.
+  target_compile_definitions(corvid_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+  add_compile_options(-fstack-protector-strong)
+  add_link_options(-static -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CORVID_BITS EQUAL 64)
+    add_link_options(-Wl,--high-entropy-va)
+  else()
+    add_link_options(-Wl,--enable-stdcall-fixup)
+  endif()
+endif()

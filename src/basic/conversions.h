@@ -1,0 +1,34 @@
+// Conversions between the kinds of value, with the automation world's rounding and errors.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "basic/currency.h"
+#include "basic/decimal.h"
+
+namespace corvid {
+
+// Rounding half to even; overflow (6) outside the type.
+[[nodiscard]] std::int16_t toInt16(const Decimal& value);
+[[nodiscard]] std::int32_t toInt32(const Decimal& value);
+[[nodiscard]] std::int16_t toInt16(double value);
+[[nodiscard]] std::int32_t toInt32(double value);
+[[nodiscard]] std::int16_t narrowToInt16(std::int64_t value);
+[[nodiscard]] std::int32_t narrowToInt32(std::int64_t value);
+
+// Reads a number of the printer's, the same under every locale: blanks around it, a sign before or
+// behind it, "." as decimal separator, no grouping. Type mismatch (13) for anything else.
+[[nodiscard]] Decimal parsePrinterNumber(std::wstring_view text);
+
+// The number that a text begins with: blanks, tabs and line feeds are passed over wherever they
+// stand, then an optional sign, digits with at most one ".", and an optional exponent (E or D).
+// "&H" and "&O" introduce hexadecimal and octal digits. Nothing when no digit leads.
+[[nodiscard]] std::optional<double> leadingNumber(std::wstring_view text);
+
+// "True", "False" (any case) or a number, of which only zero is False; blanks around are passed
+// over. Type mismatch (13) for anything else, an empty text too.
+[[nodiscard]] bool toBoolean(std::wstring_view text);
+
+}  // namespace corvid

@@ -1,0 +1,44 @@
+// Item lines: sale, refund and void, in the classic and the general form.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "basic/currency.h"
+#include "session/printer_fiscal.h"
+
+namespace corvid {
+
+// One line as the host gives it. Rates are percentages (16 for 16 %), negative for the collected
+// levy; quantities must not be negative in the classic form.
+struct ItemLine {
+  std::wstring description;
+  Currency price;
+  double quantity = 0;
+  double rate = 0;
+};
+
+// The classic lines: rate character, price, quantity, and the description cut to the setting
+// "ColumnasDescripcion". Each returns Execute's result. A negative quantity sends nothing, sets
+// pfClientError with its words, and returns 3.
+std::int16_t PasarItem(PrinterFiscal& session, const ItemLine& line);
+std::int16_t RefundItem(PrinterFiscal& session, const ItemLine& line);
+std::int16_t AnularItem(PrinterFiscal& session, const ItemLine& line);
+
+// The general line: kind, rate index, price with two and quantity with three decimals behind a
+// comma, the code between bars unless it is empty, the whole description.
+std::int16_t detalleGeneral(PrinterFiscal& session, const std::wstring& kind,
+                            const ItemLine& line, const std::wstring& code);
+
+// The kinds of the four general wrappers.
+inline constexpr const wchar_t* kInvoiceLine = L"F+";
+inline constexpr const wchar_t* kInvoiceVoid = L"F-";
+inline constexpr const wchar_t* kCreditLine = L"C+";
+inline constexpr const wchar_t* kCreditVoid = L"C-";
+
+// The rate index of a percentage: "IndicePercibido" (default 4) below 0; else the first configured
+// rate, and then the first of the printer's three, within less than 0.1; else 0. Reads the
+// printer's rates when they are needed and not there.
+std::int16_t IndiceTasa(PrinterFiscal& session, double rate);
+
+}  // namespace corvid

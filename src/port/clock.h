@@ -1,0 +1,19 @@
+// The seam to the clock: every time-out and every time stamp of the library comes from here.
+#pragma once
+
+#include "basic/date.h"
+
+namespace corvid {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  // Seconds since local midnight, in single precision; starts again from 0 at midnight.
+  [[nodiscard]] virtual float secondsSinceMidnight() = 0;
+  // The local date and time.
+  [[nodiscard]] virtual Date now() = 0;
+  // Gives up the processor for about a millisecond.
+  virtual void rest() = 0;
+};
+
+}  // namespace corvid

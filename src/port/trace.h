@@ -1,0 +1,53 @@
+// The session trace: one line per step of the exchange, to a file or to the debug view.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "basic/code_page.h"
+#include "basic/locale.h"
+#include "port/clock.h"
+#include "port/host.h"
+#include "port/report_view.h"
+#include "port/settings.h"
+
+namespace corvid {
+
+// What the trace needs of the world around it; all outlive it.
+struct TraceSurroundings {
+  const Settings& settings;
+  Clock& clock;
+  ShellFolders& folders;
+  ReportViews& views;
+  const CodePage& codePage;
+  const LocaleSource& locale;
+};
+
+// Process-wide. The flags are those of the session object created last.
+class TraceLog {
+ public:
+  explicit TraceLog(const TraceSurroundings& surroundings) : around_(surroundings) {}
+
+  bool isDebug = false;         // setting "IsDebug": nothing is traced while it is off
+  bool debugInmediato = false;  // setting "DebugInmediato": to the debug view instead of the file
+
+  // Writes one line; no failure is ever reported. The file is opened and closed for each line, so
+  // that it is complete even if the host dies.
+  void Trace(std::wstring_view message) noexcept;
+
+  // Empty until the first line went there. Shown by the session's Cerrar.
+  [[nodiscard]] const std::shared_ptr<ReportView>& debugView() const { return debugView_; }
+  // Empty until the first line went to the file.
+  [[nodiscard]] const std::wstring& fileName() const { return fileName_; }
+
+ private:
+  void addToView(std::wstring_view message);
+  void appendToFile(std::wstring_view message);
+
+  TraceSurroundings around_;
+  std::shared_ptr<ReportView> debugView_;
+  std::wstring fileName_;
+};
+
+}  // namespace corvid
