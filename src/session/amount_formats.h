@@ -1,13 +1,13 @@
 // The fixed-point digit strings of prices, quantities and payments.
 #pragma once
 
+#include "basic/decimal.h"
+#include "port/settings.h"
+
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
-
-#include "basic/decimal.h"
-#include "port/settings.h"
 
 namespace corvid {
 

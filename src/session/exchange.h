@@ -1,16 +1,17 @@
 // The exchange engine: status request, framed command, wait for the reply, re-send.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "session/library.h"
 #include "session/session_state.h"
+
+#include <cstdint>
+#include <string>
 
 namespace corvid {
 
 // Works on the state of one session and leaves every outcome there. All waits poll the clock and
-// the port; each read and write lets the host run once.
+// the port; each read and write lets the host run once. A host that closes the session from there
+// ends the exchange with pfCommError and "PUERTO CERRADO".
 class Exchange {
  public:
   Exchange(Library& library, SessionState& state) : library_(library), state_(state) {}
@@ -23,36 +24,49 @@ class Exchange {
   void ExecuteNoCheck(const std::wstring& command);
   // As ExecuteNoCheck, but with the outcome untouched; subscript out of range (9) without a port.
   void SendDirect(const std::wstring& command);
-  // Writes ACK and waits for a reply.
+  // Writes ACK and waits for a reply; subscript out of range (9) without a port.
   void SendAck();
-  // Writes ENQ and decodes STS1 and STS2 from the reply.
+  // Writes ENQ and decodes STS1 and STS2 from the reply. A request that cannot be written is not
+  // waited for.
   void GetStatus();
-  // Writes ACK; reads nothing. Returns no lines.
+  // Writes ACK; reads nothing; subscript out of range (9) without a port.
   void NextStatusBlock();
 
-  // Acknowledges a block and waits for the next one. False when none came complete.
+  // Acknowledges a block that ended with ETB and waits for the next one. False when that did not
+  // come complete.
   bool receiveNextBlock();
-  // The last wait of this exchange ended with a complete reply block.
-  [[nodiscard]] bool sawBlock() const { return state_.ready; }
-
-  void trace(const std::wstring& message) { library_.trace().Trace(message); }
+  // The last request was answered with a complete block, and more blocks follow it.
+  [[nodiscard]] bool moreBlocksFollow() const;
+  // Adds a line to the preview that stands in for the printer.
+  void addToPreview(const std::wstring& line);
 
  private:
   enum class Wait { Block, Ack, Nak, TimeOut, Skipped, PortGone, Failed };
+  enum class Chunk { Ack, Nak, Reply };
 
   Wait WaitForReply();
   Wait collectReply();
-  Wait takeChunk(std::wstring chunk);
-  void reportWait(Wait wait);
-  bool sendBlock(const std::wstring& command);
+  Chunk takeChunk(std::wstring chunk);
+  void dropStatusRequests(std::wstring& chunk);
+  void appendToResult(std::wstring chunk);
+  Wait concludeWait();
+  Wait sendBlock(const std::wstring& command);
+  Wait sendUntilAccepted(const std::wstring& command, int& attempts);
   bool requestStatus();
+  bool awaitStatus();
   void decodeStatus();
   std::int32_t write(const std::wstring& data);
-  [[nodiscard]] bool portIsThere() const;
-  void setOutcome(pfErrors error, const std::wstring& description);
+  void setPortClosed();
+  void setOutcome(pfErrors error, const wchar_t* description);
+  [[nodiscard]] bool hasPort() const { return state_.port != 0 && state_.ownsPort; }
+  // The host has neither closed nor reopened the port since the request began.
+  [[nodiscard]] bool isStillOpen() const { return hasPort() && state_.openings == opening_; }
+  [[nodiscard]] std::wstring block(const std::wstring& command) const;
+  void trace(const std::wstring& message) { library_.trace().Trace(message); }
 
   Library& library_;
   SessionState& state_;
+  std::uint32_t opening_ = 0;  // state_.openings when the current request began
 };
 
 }  // namespace corvid

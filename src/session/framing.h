@@ -1,11 +1,11 @@
 // Command framing, and control bytes made readable.
 #pragma once
 
+#include "basic/code_page.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "basic/code_page.h"
 
 namespace corvid {
 

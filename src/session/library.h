@@ -1,8 +1,6 @@
 // The library's process-wide state, and everything of the world around it.
 #pragma once
 
-#include <string>
-
 #include "basic/code_page.h"
 #include "basic/locale.h"
 #include "port/clock.h"
@@ -13,6 +11,8 @@
 #include "port/serial_calls.h"
 #include "port/settings.h"
 #include "port/trace.h"
+
+#include <string>
 
 namespace corvid {
 
@@ -44,8 +44,8 @@ class Library {
   [[nodiscard]] const CodePage& codePage() const { return around_.codePage; }
   [[nodiscard]] Locale locale() const { return around_.locale.current(); }
 
-  bool testMode = false;         // setting "TestMode" as the newest session read it
-  std::wstring lastSerial;       // the serial number that Abrir learnt last
+  bool testMode = false;    // setting "TestMode" as the newest session read it
+  std::wstring lastSerial;  // the serial number that Abrir learnt last
 
  private:
   Surroundings around_;

@@ -1,11 +1,6 @@
 // PrinterFiscal: the session object through which a host drives the printer.
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "basic/currency.h"
 #include "basic/decimal.h"
 #include "basic/text.h"
@@ -15,7 +10,15 @@
 #include "session/session_state.h"
 #include "session/status_source.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace corvid {
+
+// The one field of a reply that failed; no other reply is this text.
+inline constexpr const wchar_t* kFailedReply = L"pfError";
 
 // One session with one printer. Created closed, with its settings read once. Outcomes land in
 // state().outcome and are not raised, except where a member says so. Everything runs on the
@@ -30,9 +33,7 @@ class PrinterFiscal {
   [[nodiscard]] SessionState& state() { return state_; }
   [[nodiscard]] Library& library() { return library_; }
   // Test mode or unchecked mode: queries give substitute records.
-  [[nodiscard]] bool answersWithSubstitutes() const {
-    return state_.testMode || state_.skipChecks;
-  }
+  [[nodiscard]] bool answersWithSubstitutes() const { return state_.testMode || state_.skipChecks; }
 
   // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, asks for the status
   // and learns the serial number. Raises 9 for a number outside 1 to 99 (nothing changes), and
@@ -84,9 +85,9 @@ class PrinterFiscal {
                                                      const std::optional<std::wstring>& rowSep);
 
  private:
-  [[nodiscard]] Lines fieldsOf(const std::wstring& reply);
+  [[nodiscard]] Lines fieldsOfResult();
   void openPort(std::int16_t portNumber);
-  void closeOwnPort() noexcept;
+  void closeOwnPort();
   void learnSerial();
 
   Library& library_;
