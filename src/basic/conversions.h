@@ -1,12 +1,12 @@
 // Conversions between the kinds of value, with the automation world's rounding and errors.
 #pragma once
 
+#include "basic/currency.h"
+#include "basic/decimal.h"
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
-
-#include "basic/currency.h"
-#include "basic/decimal.h"
 
 namespace corvid {
 
@@ -24,7 +24,9 @@ namespace corvid {
 
 // The number that a text begins with: blanks, tabs and line feeds are passed over wherever they
 // stand, then an optional sign, digits with at most one ".", and an optional exponent (E or D).
-// "&H" and "&O" introduce hexadecimal and octal digits. Nothing when no digit leads.
+// "&H" and "&O" introduce hexadecimal and octal digits, of a 16-bit integer where they fit one,
+// else of a 32-bit one: "&HFFFF" is -1. Nothing when no digit leads, or when the value fits no
+// double or not 32 bits.
 [[nodiscard]] std::optional<double> leadingNumber(std::wstring_view text);
 
 // "True", "False" (any case) or a number, of which only zero is False; blanks around are passed

@@ -1,10 +1,10 @@
 // Currency: a 64-bit count of ten-thousandths.
 #pragma once
 
+#include "basic/decimal.h"
+
 #include <compare>
 #include <cstdint>
-
-#include "basic/decimal.h"
 
 namespace corvid {
 

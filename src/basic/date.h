@@ -1,6 +1,7 @@
 // Dates as automation doubles: days since 30 December 1899, the time of day as the fraction.
 #pragma once
 
+#include <compare>
 #include <optional>
 #include <string_view>
 
@@ -22,7 +23,8 @@ struct DateParts {
 };
 
 // The calendar parts, rounded to the nearest second. Before the zero date the fraction still
-// counts forward from midnight, as the automation type has it: -1.25 is 1899-12-29 06:00.
+// counts forward from midnight, as the automation type has it: -1.25 is 1899-12-29 06:00. Throws
+// error 5 outside the years 100 to 9999.
 [[nodiscard]] DateParts toParts(Date date);
 // Nothing when the parts name no day or no time of day.
 [[nodiscard]] std::optional<Date> fromParts(const DateParts& parts);

@@ -15,9 +15,10 @@ class Decimal {
  public:
   Decimal() = default;
 
-  // The value with the 15 significant digits that a double is sure of, so 1.005 is 1.005.
-  // Throws overflow (6) for infinities and what is not a number.
-  [[nodiscard]] static Decimal fromDouble(double value);
+  // The value with the 15 significant digits that a double is sure of, so 1.005 is 1.005; 1 to 50
+  // of them where another count is asked for. Throws overflow (6) for infinities and what is not a
+  // number.
+  [[nodiscard]] static Decimal fromDouble(double value, int significantDigits = 15);
   [[nodiscard]] static Decimal fromInteger(std::int64_t value);
   // unscaled x 10^-decimals; decimals from 0 up.
   [[nodiscard]] static Decimal fromUnscaled(std::int64_t unscaled, int decimals);
@@ -41,17 +42,20 @@ class Decimal {
   // -1, 0 or 1 as the value is below, equal to or above the other.
   [[nodiscard]] int compare(const Decimal& other) const;
 
-  // The nearest double.
+  // The nearest double; 0 for what is too small for one. Throws overflow (6) beyond its range.
   [[nodiscard]] double toDouble() const;
   // The value rounded half to even to an integer. Throws overflow (6) outside 64 bits.
   [[nodiscard]] std::int64_t toInt64() const;
 
+  // The power of ten of the first digit: 2 for 123, -2 for 0.0123, 0 for zero.
+  [[nodiscard]] int magnitude() const noexcept;
   // The digits in front of the decimal point, without sign or leading zeros: empty below 1.
   [[nodiscard]] std::wstring integerDigits() const;
   // The digits behind the decimal point, without trailing zeros: empty for an integer.
   [[nodiscard]] std::wstring fractionDigits() const;
 
  private:
+  // Digits may begin with zeros and decimals may be negative: the constructor makes them regular.
   Decimal(bool negative, std::string digits, int decimals);
 
   bool negative_ = false;

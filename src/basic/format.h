@@ -1,13 +1,13 @@
 // The one formatter of the library: numbers and dates by pattern.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "basic/currency.h"
 #include "basic/date.h"
 #include "basic/decimal.h"
 #include "basic/locale.h"
+
+#include <string>
+#include <string_view>
 
 namespace corvid {
 
@@ -15,7 +15,9 @@ namespace corvid {
 // (thousands grouping, anywhere in front of the point) and "." (the locale's decimal separator).
 // Rounds half away from zero on the decimal value to the pattern's decimals; digits in front of
 // the point are never cut; a minus stands in front of the padded digits, and never before zero.
-// "Currency" is the locale's money form. The locale defaults to the invariant one.
+// A point in the pattern always shows. "Currency" is the locale's money form, digits grouped by
+// three. Infinities and what is not a number throw overflow (6). The locale defaults to the
+// invariant one.
 [[nodiscard]] std::wstring format(const Decimal& value, std::wstring_view pattern,
                                   const Locale& locale = {});
 [[nodiscard]] std::wstring format(Currency value, std::wstring_view pattern,
@@ -27,7 +29,8 @@ namespace corvid {
                                          const Locale& locale = {});
 
 // Renders a date by "dd", "mm" (the month; minutes right behind hours), "nn" (minutes), "yy",
-// "yyyy", "hh", "h", "ss"; every other character stands for itself.
+// "yyyy", "hh", "h", "ss" (24 hours); every other character stands for itself. Dates outside the
+// years 100 to 9999 throw error 5, here and below.
 [[nodiscard]] std::wstring format(Date value, std::wstring_view pattern);
 
 // Int(value x 10^decimals + 0.5) with at least that many digits: zero-padded, never cut, a minus
@@ -35,8 +38,9 @@ namespace corvid {
 [[nodiscard]] std::wstring formatFixedPoint(const Decimal& value, int digits, int decimals);
 
 // The default text form, as when a value is joined to a text: at most 15 (double) or 7 (single)
-// significant digits, the locale's decimal separator, exponent form from 1E+15 up and below
-// 1E-04 where plain digits would need more (a single: from 1E+07).
+// significant digits, the locale's decimal separator, exponent form (1E+15, 1.5E-05) from 1E+15 up
+// (a single: from 1E+07) and below 0.0001. Throws overflow (6) for infinities and what is not a
+// number.
 [[nodiscard]] std::wstring toText(double value, const Locale& locale);
 [[nodiscard]] std::wstring toText(float value, const Locale& locale);
 [[nodiscard]] std::wstring toText(Currency value, const Locale& locale);

@@ -23,13 +23,16 @@ using Lines = std::vector<std::wstring>;
 // separator is not empty.
 [[nodiscard]] Lines split(TextView text, TextView separator);
 [[nodiscard]] Text join(const Lines& pieces, TextView separator);
+// Left to right; an empty from changes nothing.
 [[nodiscard]] Text replaceAll(TextView text, TextView from, TextView to);
 // Removes blanks (character 32) at both ends.
 [[nodiscard]] Text trim(TextView text);
+// Fold the letters of the Western European page (accented ones too), the same under every locale;
+// every other character stays.
 [[nodiscard]] Text upperCase(TextView text);
 [[nodiscard]] Text lowerCase(TextView text);
 [[nodiscard]] Text spaces(std::int64_t count);  // error 5 for a negative count
-// Compare without case (simple case folding).
+// Compare without case (folded as in lowerCase).
 [[nodiscard]] bool equalIgnoringCase(TextView a, TextView b);
 
 }  // namespace corvid
