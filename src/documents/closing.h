@@ -1,11 +1,11 @@
 // Subtotal, discounts, closing with payment, cancellation.
 #pragma once
 
-#include <cstdint>
-
 #include "basic/currency.h"
 #include "basic/decimal.h"
 #include "session/printer_fiscal.h"
+
+#include <cstdint>
 
 namespace corvid {
 

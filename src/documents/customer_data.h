@@ -1,12 +1,12 @@
 // Customer data: the lines in front of an invoice or a credit note.
 #pragma once
 
+#include "basic/date.h"
+#include "session/printer_fiscal.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
-
-#include "basic/date.h"
-#include "session/printer_fiscal.h"
 
 namespace corvid {
 

@@ -1,11 +1,11 @@
 // Item lines: sale, refund and void, in the classic and the general form.
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "basic/currency.h"
 #include "session/printer_fiscal.h"
+
+#include <cstdint>
+#include <string>
 
 namespace corvid {
 
@@ -27,8 +27,8 @@ std::int16_t AnularItem(PrinterFiscal& session, const ItemLine& line);
 
 // The general line: kind, rate index, price with two and quantity with three decimals behind a
 // comma, the code between bars unless it is empty, the whole description.
-std::int16_t detalleGeneral(PrinterFiscal& session, const std::wstring& kind,
-                            const ItemLine& line, const std::wstring& code);
+std::int16_t detalleGeneral(PrinterFiscal& session, const std::wstring& kind, const ItemLine& line,
+                            const std::wstring& code);
 
 // The kinds of the four general wrappers.
 inline constexpr const wchar_t* kInvoiceLine = L"F+";

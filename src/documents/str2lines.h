@@ -1,10 +1,10 @@
 // lmStr2Lines: word wrap for addresses.
 #pragma once
 
+#include "basic/text.h"
+
 #include <cstdint>
 #include <string_view>
-
-#include "basic/text.h"
 
 namespace corvid {
 

@@ -1,0 +1,29 @@
+// The command texts of item lines, before they are framed: values in, text out, nothing sent.
+#pragma once
+
+#include "basic/code_page.h"
+#include "basic/currency.h"
+
+#include <cstdint>
+#include <string>
+
+namespace corvid {
+
+// The rate in front of a classic line, by rate index (0 exempt, 1 to 3, and on for the collected
+// levy). It is made of single bytes; one outside 0 to 255 is an invalid procedure call (5).
+[[nodiscard]] std::wstring salePrefix(int index, const CodePage& codePage);
+[[nodiscard]] std::wstring refundPrefix(int index, const CodePage& codePage);
+[[nodiscard]] std::wstring voidPrefix(int index, const CodePage& codePage);
+
+struct GeneralLine {
+  std::wstring kind;
+  std::int16_t index = 0;
+  Currency price;       // written with two decimals
+  double quantity = 0;  // written with three
+  std::wstring code;    // may be empty
+  std::wstring description;
+};
+
+[[nodiscard]] std::wstring generalCommand(const GeneralLine& line);
+
+}  // namespace corvid

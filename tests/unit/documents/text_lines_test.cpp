@@ -1,0 +1,25 @@
+#include "documents/text_lines.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid {
+namespace {
+
+TEST(TextLines, PadRightCutGivesExactlyTheWidth) {
+  EXPECT_EQ(PadRightCut(L"abc", 5), L"abc  ");
+  EXPECT_EQ(PadRightCut(L"abcde", 5), L"abcde");
+  EXPECT_EQ(PadRightCut(L"abcdef", 5), L"abcde");
+  EXPECT_EQ(PadRightCut(L"", 2), L"  ");
+  EXPECT_EQ(PadRightCut(L"abc", 0), L"");
+}
+
+TEST(TextLines, CenterCutPadsInFrontOnlyAndRoundsDown) {
+  EXPECT_EQ(CenterCut(L"abc", 8), L"  abc");
+  EXPECT_EQ(CenterCut(L"abc", 7), L"  abc");
+  EXPECT_EQ(CenterCut(L"abc", 4), L"abc");
+  EXPECT_EQ(CenterCut(L"abc", 3), L"abc");
+  EXPECT_EQ(CenterCut(L"abcdef", 3), L"abc");
+}
+
+}  // namespace
+}  // namespace corvid
