@@ -1,11 +1,11 @@
 // The fields of a reply, as a record reads them.
 #pragma once
 
+#include "basic/text.h"
+
 #include <cstdint>
 #include <string>
 #include <utility>
-
-#include "basic/text.h"
 
 namespace corvid {
 

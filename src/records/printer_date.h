@@ -1,10 +1,10 @@
 // Dates as the printer writes them.
 #pragma once
 
-#include <string_view>
-
 #include "basic/date.h"
 #include "port/clock.h"
+
+#include <string_view>
 
 namespace corvid {
 

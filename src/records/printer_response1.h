@@ -1,13 +1,13 @@
 // PrinterResponse1: cashier, counters, tax id, serial number, date (reply to "S1").
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "basic/currency.h"
 #include "basic/date.h"
 #include "session/library.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace corvid {
 
@@ -40,6 +40,8 @@ class PrinterResponse1 {
   // Fills the values from the settings, section "Config\NimbusPF\Response1"; raises where a stored
   // text does not convert (what comes before it is set).
   void loadFake();
+  // As loadFake, but the value that does not convert, and those behind it, stay as they are.
+  void loadFakeQuietly();
   // `reply` is the whole reply, fields joined by line feeds: fewer than 16 fields in the short
   // layout, others in the long one. Whatever cannot be read turns into loadFake; never raises.
   void loadFromResponse(std::wstring_view reply);

@@ -1,13 +1,13 @@
 // PrinterResponse3: tax rates with their kinds, IGTF, printer flags (reply to "S3").
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "records/field_array.h"
 #include "session/library.h"
 #include "session/status_source.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 namespace corvid {
 
@@ -44,6 +44,7 @@ class PrinterResponse3 : public RateRecord {
  private:
   void loadRates(const FieldArray& fields);
   void loadFlags(const FieldArray& fields);
+  [[nodiscard]] std::wstring flagRow() const;
 
   Library& library_;
   std::vector<std::int16_t> flags_;

@@ -1,13 +1,13 @@
 // The status queries of a session: one command each, its reply handed to a record.
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "records/printer_response1.h"
 #include "records/printer_response3.h"
 #include "session/printer_fiscal.h"
 #include "session/status_source.h"
+
+#include <memory>
+#include <string>
 
 namespace corvid {
 
