@@ -1,0 +1,10 @@
+# Checks of the sources themselves.
+set(scripts ${PROJECT_SOURCE_DIR}/scripts)
+add_test(NAME checks.rooms COMMAND ${scripts}/check-rooms)
+add_test(NAME checks.format COMMAND ${scripts}/check-format)
+foreach(folder src/basic src/port src/preview src/session src/documents src/records simulator)
+  string(REPLACE "src/" "" name ${folder})
+  add_test(NAME lint.${name} COMMAND ${scripts}/check-lint ${folder})
+  # The longest ones; begun first, they run beside the tests that wait for Wine.
+  set_tests_properties(lint.${name} PROPERTIES COST 1000 TIMEOUT 1500)
+endforeach()

@@ -1,0 +1,226 @@
+"""Real parts for host tests: a Wine prefix with the registered library, and a simulated printer.
+
+A test derives from HostTest, starts a Printer on one of the mapped ports and runs scripts; what it
+looks at is what the script said, what stood on the wire and what was printed.
+"""
+
+import functools
+import operator
+import os
+import pathlib
+import re
+import select
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+
+BITS = int(os.environ.get("CORVID_BITS", "64"))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+WORK = ROOT / "build" / f"host{BITS}"
+BUILT = ROOT / "build" / {64: "windows-x64", 32: "windows-x86"}[BITS]
+LIBRARY = BUILT / "CorvidAPI.dll"
+PRINTER = ROOT / "build/native/simulator/corvid-printer"
+PREFIX = ROOT / "build" / f"prefix{BITS}"
+PORTS = {name: WORK / name.lower() for name in ("COM7", "COM8", "COM12")}
+LOCALES = ("C.UTF-8", "es_VE.UTF-8")
+SKIPPED = 77
+
+# What every script begins with. Say writes a value so that any console can carry it.
+PRELUDE = """
+Function Plain(text)
+  Dim i, code
+  For i = 1 To Len(text)
+    code = AscW(Mid(text, i, 1))
+    If code < 0 Then code = code + 65536
+    If code < 32 Or code > 126 Then
+      Plain = Plain & "{" & code & "}"
+    Else
+      Plain = Plain & Mid(text, i, 1)
+    End If
+  Next
+End Function
+Sub Say(name, value)
+  WScript.Echo name & "=" & Plain("" & value)
+End Sub
+Sub SayError(name)
+  Say name, Err.Number & "|" & Err.Source & "|" & Err.Description
+  Err.Clear
+End Sub
+Function NewPrinter()
+  Set NewPrinter = CreateObject("PrinterFiscalCorvid.PrinterFiscal")
+End Function
+"""
+SENTINEL = "<the script reached its end>"
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=120):
+    """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
+    command = [ROOT / "scripts/wine", str(BITS), *map(str, arguments)]
+    environment = {**os.environ, "LC_ALL": locale}
+    environment.pop("DISPLAY", None)
+    process = subprocess.Popen(command, cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
+                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)  # fmt: skip
+    try:
+        output = process.communicate(timeout=timeout)[0].decode("utf-8", "replace")
+    except subprocess.TimeoutExpired:
+        stop_wine()
+        raise AssertionError(f"{arguments} took more than {timeout} s") from None
+    return process.returncode, output.replace("\r", "")
+
+
+def stop_wine():
+    subprocess.run([ROOT / "scripts/wine", str(BITS), "--stop"], check=True, capture_output=True)
+
+
+def registry(*arguments):
+    """A call of the registry tool: its exit code and output."""
+    return wine("reg", *arguments)
+
+
+class Printer:
+    """The simulated printer on a port, as a program of its own."""
+
+    def __init__(self, folder, port="COM7", name="printer", options=()):
+        self.paper_file = folder / f"{name}.paper"
+        self.wire_file = folder / f"{name}.wire"
+        command = [PRINTER, "--pty", PORTS[port], "--paper", self.paper_file, "--wire",
+                   self.wire_file, "--clock", "2026-03-14 10:30:15", *options]  # fmt: skip
+        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        assert self._line().startswith("ready"), "the simulated printer did not start"
+
+    def _line(self, seconds=10):
+        waiting = select.select([self.process.stdout], [], [], seconds)[0]
+        assert waiting, "the simulated printer does not answer"
+        return self._read_line()
+
+    def _read_line(self):
+        line = bytearray()
+        while not line.endswith(b"\n"):
+            byte = os.read(self.process.stdout.fileno(), 1)
+            assert byte, "the simulated printer ended"
+            line += byte
+        return line.decode().strip()
+
+    def tell(self, line):
+        """Steers the printer; gives the lines that it says before "ok"."""
+        self.process.stdin.write(line.encode() + b"\n")
+        self.process.stdin.flush()
+        said = []
+        while (answer := self._line()) != "ok":
+            assert not answer.startswith("error"), f"{line}: {answer}"
+            said.append(answer)
+        return said
+
+    def messages(self):
+        """Every message so far: '>' from the host or '<' to it, and its bytes."""
+        lines = self.wire_file.read_text(encoding="utf-8", errors="replace").splitlines()
+        return [(line[0], bytes.fromhex(line.rpartition("\t")[2])) for line in lines]
+
+    def commands(self):
+        """What stood between STX and ETX of each block from the host; the check byte is checked."""
+        blocks = [data for way, data in self.messages() if way == ">" and data[0] == 2]
+        for block in blocks:
+            check = functools.reduce(operator.xor, block[1:-1])
+            assert block[-2] == 3 and block[-1] == check, f"bad block {block.hex(' ')}"
+        return [block[1:-2] for block in blocks]
+
+    def paper(self):
+        return self.paper_file.read_text(encoding="utf-8")
+
+    def vanish(self):
+        """The cable is pulled: the line hangs up."""
+        self.process.kill()
+        self.process.wait()
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.terminate()
+            self.process.wait(timeout=10)
+        self.process.stdin.close()
+        self.process.stdout.close()
+
+
+class Said(dict):
+    """What a script said, by name; `whole` is the output as it stands."""
+
+    def __init__(self, whole):
+        super().__init__(re.findall(r"^([^=\n]+)=(.*)$", whole, re.MULTILINE))
+        self.whole = whole
+
+
+class HostTest(unittest.TestCase):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        WORK.mkdir(parents=True, exist_ok=True)
+        map_ports()
+        register()
+
+    @classmethod
+    def tearDownClass(cls):
+        stop_wine()
+
+    def setUp(self):
+        self.folder = WORK / self.id().rpartition("__main__.")[2]
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir(parents=True)
+
+    def printer(self, port="COM7", name="printer", options=()):
+        printer = Printer(self.folder, port, name, options)
+        self.addCleanup(printer.close)
+        return printer
+
+    def start_host(self, command, timeout=120, **arguments):
+        code, output = wine(*command, cwd=self.folder, timeout=timeout, **arguments)
+        return Said(output), code
+
+    def run_script(self, text, name="host.vbs", **arguments):
+        """Runs VBScript as a host's file would be: Windows-1252, CR LF. It must reach its end."""
+        whole = f"{PRELUDE}{text}\nWScript.Echo \"{SENTINEL}\"\n"
+        (self.folder / name).write_bytes(whole.replace("\n", "\r\n").encode("cp1252"))
+        said, _ = self.start_host(["cscript", "//nologo", name], **arguments)
+        self.assertIn(SENTINEL, said.whole, "the script did not reach its end")
+        return said
+
+    def write_settings(self, sections):
+        """Writes ORV.ini into the host's folder."""
+        lines = []
+        for section, entries in sections.items():
+            lines += [f"[{section}]", *(f"{key}={value}" for key, value in entries.items())]
+        (self.folder / "ORV.ini").write_bytes("\r\n".join([*lines, ""]).encode("cp1252"))
+
+
+def map_ports():
+    if all((PREFIX / "dosdevices" / port.lower()).is_symlink() for port in PORTS):
+        return
+    pairs = [str(word) for pair in PORTS.items() for word in pair]
+    subprocess.run([ROOT / "scripts/wine", str(BITS), "--map", *pairs], check=True)
+
+
+def register(*options):
+    code, output = wine("regsvr32", "/s", *options, windows_path(LIBRARY))
+    assert code == 0, f"regsvr32 {options} failed: {code} {output}"
+
+
+def wait_until(condition, seconds=30):
+    """Waits for a state, and fails when it does not come about."""
+    end = time.monotonic() + seconds
+    while not condition():
+        assert time.monotonic() < end, "waited in vain"
+        time.sleep(0.05)
+
+
+def main():
+    """Runs the tests of the calling file; exit code 77 where this machine cannot."""
+    reason = ROOT / "build/skipped-32-bit"
+    if BITS == 32 and reason.exists():
+        print(f"skipped: {reason.read_text().strip()}")
+        sys.exit(SKIPPED)
+    unittest.main(verbosity=2)
