@@ -7,6 +7,7 @@ namespace corvid {
 namespace {
 
 constexpr std::uint8_t kFirstOwn = 0x80;
+constexpr std::uint8_t kLastOwn = 0x9F;
 constexpr std::uint8_t kUnknown = '?';
 
 // The characters of bytes 0x80 to 0x9F; all the others have the character of equal code.
@@ -15,20 +16,19 @@ constexpr std::array<wchar_t, 32> kOwn = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-bool isOwn(std::uint32_t code) { return code >= kFirstOwn && code < kFirstOwn + kOwn.size(); }
-
 class Windows1252 final : public CodePage {
  public:
   [[nodiscard]] std::uint8_t toByte(wchar_t character) const override {
-    const auto code = static_cast<std::uint32_t>(character);
-    if (code <= 0xFF && !isOwn(code)) return static_cast<std::uint8_t>(code);
+    const auto sameCode = static_cast<std::uint8_t>(character);
+    if (toCharacter(sameCode) == character) return sameCode;
     const auto* const place = std::ranges::find(kOwn, character);
     if (place == kOwn.end()) return kUnknown;
     return static_cast<std::uint8_t>(kFirstOwn + (place - kOwn.begin()));
   }
 
   [[nodiscard]] wchar_t toCharacter(std::uint8_t byte) const override {
-    return isOwn(byte) ? kOwn.at(byte - kFirstOwn) : static_cast<wchar_t>(byte);
+    if (byte < kFirstOwn || byte > kLastOwn) return byte;
+    return kOwn.at(byte - kFirstOwn);
   }
 };
 

@@ -110,7 +110,7 @@ class RegionPattern {
       case L't':
         return halfOfDay(length);
       default:
-        return std::wstring(length, letter);
+        return std::wstring().append(length, letter);
     }
   }
 
@@ -155,7 +155,7 @@ std::wstring format(Date value, std::wstring_view pattern) {
 std::wstring toText(Date value, const Locale& locale) {
   const DateParts parts = toParts(value);
   const RegionPattern region(parts, locale);
-  const std::wstring time = region.render(locale.timePattern);
+  std::wstring time = region.render(locale.timePattern);
   if (isZeroDate(parts)) return time;
   const std::wstring day = region.render(locale.shortDatePattern);
   return isMidnight(parts) ? day : day + L" " + time;

@@ -119,7 +119,7 @@ Text lowerCase(TextView text) {
 
 Text spaces(std::int64_t count) {
   if (count < 0) throw invalidProcedureCall();
-  return Text(static_cast<std::size_t>(count), L' ');
+  return Text().append(static_cast<std::size_t>(count), L' ');
 }
 
 bool equalIgnoringCase(TextView a, TextView b) {

@@ -1,0 +1,128 @@
+#include "basic/decimal.h"
+
+#include "error_of.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+namespace corvid {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+std::wstring textOf(const Decimal& value) {
+  const std::wstring sign = value.isNegative() ? L"-" : L"";
+  return sign + value.integerDigits() + L"." + value.fractionDigits();
+}
+
+Decimal dec(const wchar_t* text) { return Decimal::parse(text).value(); }
+
+TEST(DecimalFromDouble, CountsByFifteenSignificantDigits) {
+  const struct {
+    double value;
+    const wchar_t* text;
+    const char* reason;
+  } kCases[] = {
+      {1.005, L"1.005", "the binary neighbour below"},
+      {0.1 + 0.2, L".3", "a sum's noise"},
+      {-8.2, L"-8.2", "sign"},
+      {-0.0, L".", "zero has no sign"},
+      {123456789012345.0, L"123456789012345.", "all fifteen digits in front"},
+      {1e20, L"100000000000000000000.", "zeros to fill in front"},
+      {1.5e-7, L".00000015", "zeros to fill behind"},
+      {0.9999999999999999, L"1.", "carries into a new digit"},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(textOf(Decimal::fromDouble(c.value)), c.text) << c.reason;
+}
+
+TEST(DecimalFromDouble, RefusesWhatIsNoNumber) {
+  EXPECT_EQ(errorOf([] { return Decimal::fromDouble(kInfinity); }), 6);
+  EXPECT_EQ(errorOf([] { return Decimal::fromDouble(std::numeric_limits<double>::quiet_NaN()); }),
+            6);
+}
+
+TEST(DecimalParse, AcceptsOneSignInFrontAndOnePoint) {
+  EXPECT_EQ(textOf(dec(L"+007.50")), L"7.5");
+  EXPECT_EQ(textOf(dec(L"-.5")), L"-.5");
+  EXPECT_EQ(textOf(dec(L"5.")), L"5.");
+  EXPECT_EQ(textOf(dec(L"-0.00")), L".");
+  for (const wchar_t* text :
+       {L"", L"-", L".", L"1.2.3", L"1,5", L" 1", L"1 ", L"1-", L"1e5", L"--1", L"\u0661"}) {
+    EXPECT_FALSE(Decimal::parse(text)) << testing::PrintToString(text);
+  }
+}
+
+TEST(DecimalArithmetic, AlignsDecimalsAndSigns) {
+  const struct {
+    const wchar_t* a;
+    const wchar_t* b;
+    const wchar_t* sum;
+    const wchar_t* difference;
+  } kCases[] = {
+      {L"0.005", L"99.995", L"100.", L"-99.99"},
+      {L"-1.5", L"0.25", L"-1.25", L"-1.75"},
+      {L"10", L"-10", L".", L"20."},
+      {L"99999999999999999999", L"1", L"100000000000000000000.", L"99999999999999999998."},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(textOf(dec(c.a).plus(dec(c.b))), c.sum);
+    EXPECT_EQ(textOf(dec(c.a).minus(dec(c.b))), c.difference);
+  }
+}
+
+TEST(DecimalRounding, DiffersOnHalvesAndFloorGoesDown) {
+  const struct {
+    const wchar_t* value;
+    int decimals;
+    const wchar_t* away;
+    const wchar_t* even;
+  } kCases[] = {
+      {L"0.125", 2, L".13", L".12"},  {L"-0.125", 2, L"-.13", L"-.12"},
+      {L"0.135", 2, L".14", L".14"},  {L"0.12501", 2, L".13", L".13"},
+      {L"0.5", 0, L"1.", L"."},       {L"1.5", 0, L"2.", L"2."},
+      {L"0.04", 0, L".", L"."},       {L"-0.001", 2, L".", L"."},
+      {L"9.995", 2, L"10.", L"10."},  {L"0.0005", 2, L".", L"."},
+      {L"12.3", 5, L"12.3", L"12.3"},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(textOf(dec(c.value).roundedHalfAway(c.decimals)), c.away) << c.value;
+    EXPECT_EQ(textOf(dec(c.value).roundedHalfEven(c.decimals)), c.even) << c.value;
+  }
+  EXPECT_EQ(textOf(dec(L"-0.01").floor()), L"-1.");
+  EXPECT_EQ(textOf(dec(L"-2").floor()), L"-2.");
+  EXPECT_EQ(textOf(dec(L"2.99").floor()), L"2.");
+}
+
+TEST(DecimalComparison, OrdersAcrossSignsAndLengths) {
+  EXPECT_EQ(dec(L"8.1").compare(dec(L"8")), 1);
+  EXPECT_EQ(dec(L"-10").compare(dec(L"-9.5")), -1);
+  EXPECT_EQ(dec(L"8.00").compare(dec(L"8")), 0);
+}
+
+TEST(DecimalPowers, ShiftThePointEitherWay) {
+  EXPECT_EQ(textOf(dec(L"1.2345").timesPowerOfTen(2)), L"123.45");
+  EXPECT_EQ(textOf(dec(L"1.2").timesPowerOfTen(4)), L"12000.");
+  EXPECT_EQ(textOf(dec(L"12").timesPowerOfTen(-4)), L".0012");
+  EXPECT_EQ(dec(L"0.0123").magnitude(), -2);
+  EXPECT_EQ(dec(L"123.4").magnitude(), 2);
+}
+
+TEST(DecimalToInt64, ReachesBothEndsAndNoFurther) {
+  EXPECT_EQ(dec(L"9223372036854775807.4").toInt64(), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(dec(L"-9223372036854775808.5").toInt64(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(errorOf([] { return dec(L"9223372036854775807.5").toInt64(); }), 6);
+  EXPECT_EQ(errorOf([] { return dec(L"-9223372036854775809").toInt64(); }), 6);
+  EXPECT_EQ(Decimal::fromInteger(std::numeric_limits<std::int64_t>::min()).toInt64(),
+            std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(DecimalToDouble, IsTheNearestAndOverflowsBeyondTheType) {
+  EXPECT_EQ(dec(L"-12345.67").toDouble(), -12345.67);
+  EXPECT_EQ(Decimal::fromInteger(1).timesPowerOfTen(-400).toDouble(), 0);
+  EXPECT_EQ(errorOf([] { return Decimal::fromInteger(1).timesPowerOfTen(400).toDouble(); }), 6);
+}
+
+}  // namespace
+}  // namespace corvid
