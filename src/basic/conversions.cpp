@@ -112,9 +112,7 @@ Decimal parsePrinterNumber(std::wstring_view text) {
     sign = right(digits, 1);
     digits.pop_back();
   }
-  digits = trim(digits);
-  const bool isSigned = !digits.empty() && isSign(digits.front());
-  const std::optional<Decimal> number = isSigned ? std::nullopt : Decimal::parse(sign + digits);
+  const std::optional<Decimal> number = Decimal::parse(sign + trim(digits));
   if (!number) throw typeMismatch();
   return *number;
 }

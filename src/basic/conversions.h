@@ -29,8 +29,8 @@ namespace corvid {
 // double or not 32 bits.
 [[nodiscard]] std::optional<double> leadingNumber(std::wstring_view text);
 
-// "True", "False" (any case) or a number, of which only zero is False; blanks around are passed
-// over. Type mismatch (13) for anything else, an empty text too.
+// "True", "False" (any case) or a number as the printer writes it, of which only zero is False;
+// blanks around are passed over. Type mismatch (13) for anything else, an empty text too.
 [[nodiscard]] bool toBoolean(std::wstring_view text);
 
 }  // namespace corvid

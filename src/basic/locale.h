@@ -20,7 +20,7 @@ struct Locale {
   // 11 $ 1- 12 $ -1 13 1- $ 14 ($ 1) 15 (1 $).
   int negativeCurrencyForm = 0;
   // Default text form of a date: Windows' short date and time patterns (d dd M MM yy yyyy, H HH
-  // h hh mm ss tt, quoted text).
+  // h hh mm ss tt, quoted text). Names of days and months show as numbers.
   std::wstring shortDatePattern = L"MM/dd/yyyy";
   std::wstring timePattern = L"HH:mm:ss";
   std::wstring morning = L"AM";

@@ -75,6 +75,7 @@ Text mid(TextView text, std::int64_t start, std::int64_t count) {
 Lines split(TextView text, TextView separator) {
   Lines pieces;
   if (text.empty()) return pieces;
+  if (separator.empty()) return {Text(text)};
   std::size_t begin = 0;
   for (std::size_t end = text.find(separator); end != TextView::npos;
        end = text.find(separator, begin)) {
@@ -94,10 +95,7 @@ Text join(const Lines& pieces, TextView separator) {
   return result;
 }
 
-Text replaceAll(TextView text, TextView from, TextView to) {
-  if (text.empty() || from.empty()) return Text(text);
-  return join(split(text, from), to);
-}
+Text replaceAll(TextView text, TextView from, TextView to) { return join(split(text, from), to); }
 
 Text trim(TextView text) {
   const std::size_t first = text.find_first_not_of(L' ');

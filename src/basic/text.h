@@ -19,8 +19,8 @@ using Lines = std::vector<std::wstring>;
 // error (5), a start behind the end gives an empty text.
 [[nodiscard]] Text mid(TextView text, std::int64_t start);
 [[nodiscard]] Text mid(TextView text, std::int64_t start, std::int64_t count);
-// The pieces between separators, empty ones included; no piece at all for an empty text. The
-// separator is not empty.
+// The pieces between separators, empty ones included; no piece at all for an empty text. An
+// empty separator separates nothing.
 [[nodiscard]] Lines split(TextView text, TextView separator);
 [[nodiscard]] Text join(const Lines& pieces, TextView separator);
 // Left to right; an empty from changes nothing.

@@ -39,6 +39,7 @@ TEST(TextSplit, KeepsEmptyPieces) {
   EXPECT_EQ(split(L"\n", L"\n"), (Lines{L"", L""}));
   EXPECT_EQ(split(L"a\r\n\r\nb", L"\r\n"), (Lines{L"a", L"", L"b"}));
   EXPECT_EQ(split(L"a\rb", L"\r\n"), Lines{L"a\rb"});
+  EXPECT_EQ(split(L"ab", L""), Lines{L"ab"});
   EXPECT_EQ(join({L"a", L"", L"b"}, L"--"), L"a----b");
 }
 
