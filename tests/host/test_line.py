@@ -1,0 +1,92 @@
+"""A printer that misbehaves, and one that vanishes."""
+
+import concurrent.futures
+
+import harness
+from harness import HostTest, wait_until
+
+# Registered numbers are given, so that opening sends one status request and no query.
+DRAWER = """
+Set p = NewPrinter()
+p.SerialPrinter = "Z1F0000001"
+p.Abrir 7
+Say "drawer", p.Execute("w")
+Say "outcome", p.pfError & " " & p.resultFlag & " " & p.STS1 & " " & p.DescripcionError
+fields = p.GetResponse("S1")
+Say "fields", UBound(fields) & " " & fields(0)
+"""
+GOOD = {"drawer": "0", "fields": "15 S100"}
+
+# fault, how often the command goes out, outcome: pfError, resultFlag, STS1, words (when they count)
+FAULTS = [
+    ("bytewise on 5", 1, "0 6 96 Ok"),
+    ("split on 2 30", 1, "0 6 96 Ok"),
+    ("enq-first on", 1, "0 6 96 Ok"),
+    ("end-eot on", 1, "0 6 96 Ok"),
+    ("corrupt-check on", 1, "0 6 96 Ok"),
+    ("baud 9600", 1, "0 6 96 Ok"),
+    ("refuse 3", 4, "0 6 96 Ok"),
+    ("refuse 7", 7, "0 21 96 Ok"),
+    ("lose 1", 1, "0 6 96 Ok"),
+    ("silent 2", 1, "0 6 96 Ok"),
+    # The first answers are one that cannot be read as a status, and one that cannot be read at all.
+    ("noise 3 \\x7F\\x11", 2, "0 6 96 Ok"),
+]
+
+# Sells until the printer is gone; then opens again as soon as there is a printer.
+VANISHING = """
+On Error Resume Next
+Set p = NewPrinter()
+p.Abrir 7
+Say "at first", p.PasarItem("PAN", 1, 1, 0)
+sold = 0
+Do
+  sold = sold + 1
+  failure = p.PasarItem("PAN", 1, 1, 0)
+Loop While failure = 0 And sold < 100000 And Err.Number = 0
+SayError "error"
+Say "failure", failure & " " & p.pfError
+Say "again", p.Execute("w")
+fields = p.GetResponse("S1")
+Say "fields", UBound(fields) & " " & fields(0)
+p.Cerrar
+started = Timer
+Do
+  Err.Clear
+  p.Abrir 7
+Loop While Err.Number <> 0 And Timer - started < 60
+Say "reopened", Err.Number
+Say "drawer", p.Execute("w")
+p.Cerrar
+"""
+
+
+class Line(HostTest):
+    def test_misbehaviour_ends_in_the_outcome_it_must(self):
+        self.write_settings({r"Config\NimbusPF": {"TimeOut": "1"}})
+        for fault, times, outcome in FAULTS:
+            with self.subTest(fault=fault):
+                printer = self.printer(name=fault.replace(" ", "-").replace("\\", ""))
+                printer.tell(fault)
+                said = self.run_script(DRAWER)
+                self.assertEqual(said, {**GOOD, "outcome": outcome})
+                self.assertEqual(printer.commands().count(b"w"), times)
+                printer.close()
+
+    def test_a_printer_that_vanishes_and_comes_back(self):
+        printer = self.printer(name="first")
+        with concurrent.futures.ThreadPoolExecutor() as pool:
+            host = pool.submit(self.run_script, VANISHING)
+            wait_until(lambda: len(printer.commands()) > 4 or host.done())
+            printer.vanish()
+            next_printer = self.printer(name="second")
+            said = host.result()
+        self.assertEqual(said, {
+            "at first": "0", "error": "0||", "failure": "1 1", "again": "1",
+            "fields": "0 pfError", "reopened": "0", "drawer": "0",
+        })  # fmt: skip
+        self.assertEqual(next_printer.commands(), [b"w"])
+
+
+if __name__ == "__main__":
+    harness.main()
