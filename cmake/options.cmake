@@ -16,7 +16,8 @@ if(WIN32)
   # _WIN32_WINNT 0x0601: Windows 7 is the oldest system with all the calls in use.
   target_compile_definitions(corvid_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
   add_compile_options(-fstack-protector-strong)
-  add_link_options(-static -Wl,--dynamicbase -Wl,--nxcompat)
+  # The protector's library is linked statically too, so that nothing of the compiler is shipped.
+  add_link_options(-fstack-protector-strong -static -Wl,--dynamicbase -Wl,--nxcompat)
   if(CORVID_BITS EQUAL 64)
     add_link_options(-Wl,--high-entropy-va)
   else()

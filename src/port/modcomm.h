@@ -1,15 +1,15 @@
 // modCOMM: the serial ports of the process, one record per port number.
 #pragma once
 
-#include <array>
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "basic/code_page.h"
 #include "port/host.h"
 #include "port/port_dump.h"
 #include "port/serial_calls.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace corvid {
 
@@ -63,12 +63,17 @@ class modCOMM {
 
   Record& record(std::int16_t port);
   [[nodiscard]] const Record& record(std::int16_t port) const;
+  std::int32_t openRecord(Record& record, const std::wstring& path, const std::wstring& settings);
   std::int32_t configure(Record& record, const std::wstring& settings);
   std::int32_t applySettings(Record& record, const std::wstring& settings,
-                             const wchar_t* operation);
+                             const std::wstring& operation);
+  bool awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
+                     std::uint32_t& count);
+  bool awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
+                     std::uint32_t& count, std::uint32_t error);
+  std::uint32_t lastErrorNumber();
   std::int32_t fail(const std::wstring& source);
-  std::int32_t failTransfer(const Record& record, const std::wstring& source);
-  bool finishOverlapped(const Record& record, std::uint32_t& count);
+  void failTransfer(const Record& record, const std::wstring& source, std::uint32_t error);
 
   SerialCalls& calls_;
   HostYield& host_;

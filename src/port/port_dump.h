@@ -1,13 +1,13 @@
 // The port dump: the raw bytes of the line, as a hex dump appended to a file.
 #pragma once
 
-#include <fstream>
-#include <string>
-#include <string_view>
-
 #include "port/clock.h"
 #include "port/host.h"
 #include "port/settings.h"
+
+#include <fstream>
+#include <string>
+#include <string_view>
 
 namespace corvid {
 

@@ -1,11 +1,11 @@
 // lmGetSetting: the three readers through which all configuration is read.
 #pragma once
 
+#include "basic/currency.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
-
-#include "basic/currency.h"
 
 namespace corvid {
 

@@ -1,16 +1,16 @@
 // The session trace: one line per step of the exchange, to a file or to the debug view.
 #pragma once
 
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "basic/code_page.h"
 #include "basic/locale.h"
 #include "port/clock.h"
 #include "port/host.h"
 #include "port/report_view.h"
 #include "port/settings.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
 
 namespace corvid {
 

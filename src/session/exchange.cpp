@@ -106,6 +106,7 @@ void Exchange::SendDirect(const std::wstring& command) {
 void Exchange::SendAck() {
   trace(L"SendAck: -> [ACK]");
   if (state_.testMode) return;
+  opening_ = state_.openings;
   write(std::wstring(1, ACK));
   WaitForReply();
 }
@@ -166,7 +167,7 @@ void Exchange::decodeStatus() {
 bool Exchange::receiveNextBlock() {
   state_.outcome.result.clear();
   trace(L" -> ACK");
-  if (!hasPort()) {
+  if (!isStillOpen()) {
     setPortClosed();
     return false;
   }
@@ -200,7 +201,6 @@ Exchange::Wait Exchange::collectReply() {
   trace(L"WaitForReply t = " + toText(start, library_.locale()) + L"; timeout = " +
         std::to_wstring(state_.timeOut));
   state_.ready = false;
-  opening_ = state_.openings;
   do {
     if (!isStillOpen()) {
       setPortClosed();

@@ -1,0 +1,59 @@
+#include "port/trace.h"
+
+#include "basic/format.h"
+#include "basic/text.h"
+
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+
+namespace corvid {
+namespace {
+
+constexpr std::int16_t kViewWidth = 80;
+constexpr std::int64_t kSecondsWidth = 10;
+constexpr const wchar_t* kTraceSection = L"CONFIG\\NimbusPF";
+
+std::wstring rightAlignedSeconds(float seconds, const Locale& locale) {
+  return right(spaces(8) + toText(seconds, locale), kSecondsWidth);
+}
+
+}  // namespace
+
+void TraceLog::Trace(std::wstring_view message) noexcept {
+  if (!isDebug) return;
+  try {
+    if (debugInmediato) {
+      addToView(message);
+    } else {
+      appendToFile(message);
+    }
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+void TraceLog::addToView(std::wstring_view message) {
+  if (!debugView_) {
+    debugView_ = around_.views.create();
+    debugView_->SetReportWidth(kViewWidth);
+  }
+  debugView_->Add(std::wstring(message));
+}
+
+void TraceLog::appendToFile(std::wstring_view message) {
+  if (fileName_.empty()) {
+    fileName_ =
+        around_.settings.text(kApplication, kTraceSection, L"DEBUGFILE",
+                              around_.folders.SHgetFolder(kDocumentsFolder) + L"\\FPRINTER.LOG");
+  }
+  const std::wstring line =
+      format(around_.clock.now(), L"dd/mm hh:nn:ss") + L" " +
+      rightAlignedSeconds(around_.clock.secondsSinceMidnight(), around_.locale.current()) + L" " +
+      std::wstring(message) + L"\r\n";
+  std::ofstream file(std::filesystem::path(fileName_), std::ios::binary | std::ios::app);
+  file << around_.codePage.encode(line);
+}
+
+}  // namespace corvid

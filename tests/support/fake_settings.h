@@ -1,0 +1,51 @@
+// Both settings sources as tables.
+#pragma once
+
+#include "basic/text.h"
+#include "port/settings.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace corvid {
+
+class FakeSettings : public InitializationFile {
+ public:
+  // An entry of the library's own initialisation file.
+  void set(const std::wstring& section, const std::wstring& key, const std::wstring& value) {
+    file_[name({L".\\ORV.ini", section, key})] = value;
+  }
+  void setInStore(const std::wstring& section, const std::wstring& key, const std::wstring& value) {
+    store_[name({L"ORV", section, key})] = value;
+  }
+
+  std::wstring read(const std::wstring& file, const std::wstring& section,
+                    const std::wstring& key) override {
+    return file_[name({file, section, key})];
+  }
+
+  // The per-user store over the same object.
+  class Store : public UserSettings {
+   public:
+    explicit Store(FakeSettings& owner) : owner_(owner) {}
+    std::optional<std::wstring> read(const std::wstring& application, const std::wstring& section,
+                                     const std::wstring& key) override {
+      const auto found = owner_.store_.find(name({application, section, key}));
+      if (found == owner_.store_.end()) return std::nullopt;
+      return found->second;
+    }
+
+   private:
+    FakeSettings& owner_;
+  };
+
+ private:
+  static std::wstring name(const Lines& parts) { return lowerCase(join(parts, L"|")); }
+
+  std::map<std::wstring, std::wstring> file_;
+  std::map<std::wstring, std::wstring> store_;
+};
+
+}  // namespace corvid

@@ -1,0 +1,39 @@
+// A printer that answers by script.
+#pragma once
+
+#include "support/serial_double.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvid {
+
+using Answer = std::vector<std::string>;  // chunks, each one read's worth; none is silence
+
+// Keeps what it is sent, and answers each request with the next answer of its kind; where none is
+// left, a status request gets "fiscal, idle, no error", a block ACK, and an ACK nothing.
+class ScriptedPrinter : public LinePeer {
+ public:
+  void received(std::string_view bytes, SerialDouble& line) override;
+
+  std::deque<Answer> answersToStatus;
+  std::deque<Answer> answersToBlock;
+  std::deque<Answer> answersToAck;
+  std::optional<Answer> answerToEveryAck;
+  double delaySeconds = 0;  // before each answer
+
+  std::size_t statusRequests = 0;
+  std::size_t acks = 0;
+  std::vector<std::string> blocks;
+  // The texts of the blocks, without frame.
+  [[nodiscard]] std::vector<std::string> commands() const;
+
+ private:
+  static Answer next(std::deque<Answer>& answers, Answer usual);
+  Answer answerTo(std::string_view bytes);
+};
+
+}  // namespace corvid

@@ -1,0 +1,107 @@
+// Everything around a library, in memory.
+#pragma once
+
+#include "basic/run_time_error.h"
+#include "port/host.h"
+#include "port/report_view.h"
+#include "session/library.h"
+#include "support/fake_clock.h"
+#include "support/fake_settings.h"
+#include "support/serial_double.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvid {
+
+struct ShownMessage {
+  std::wstring text;
+  std::wstring title;
+  MessageIcon icon;
+  auto operator<=>(const ShownMessage&) const = default;
+};
+
+class RecordingDialog : public MessageDialog {
+ public:
+  void show(const std::wstring& text, const std::wstring& title, MessageIcon icon) override {
+    shown.push_back({text, title, icon});
+  }
+  std::vector<ShownMessage> shown;
+};
+
+class CountingYield : public HostYield {
+ public:
+  void yield() override {
+    ++count;
+    if (whenYielded) whenYielded();
+  }
+  int count = 0;
+  std::function<void()> whenYielded;  // the host's own doings
+};
+
+class FakeFolders : public ShellFolders {
+ public:
+  std::wstring SHgetFolder(int csidl) override {
+    return csidl == kDocumentsFolder ? documents : L"";
+  }
+  std::wstring documents;
+};
+
+class RecordingView : public ReportView {
+ public:
+  void SetReportWidth(std::int16_t newWidth) override { width = newWidth; }
+  void Add(const std::wstring& line) override { lines.push_back(line); }
+  void showModal() override { ++shown; }
+  std::int16_t width = 0;
+  std::vector<std::wstring> lines;
+  int shown = 0;
+};
+
+class RecordingViews : public ReportViews {
+ public:
+  std::shared_ptr<ReportView> create() override {
+    created.push_back(std::make_shared<RecordingView>());
+    return created.back();
+  }
+  std::vector<std::shared_ptr<RecordingView>> created;
+};
+
+class FixedLocale : public LocaleSource {
+ public:
+  [[nodiscard]] Locale current() const override { return locale; }
+  Locale locale;
+};
+
+[[nodiscard]] Locale venezuelan();
+
+// One of each seam, and the surroundings made of them.
+struct World {
+  FakeClock clock;
+  FakeSettings settings;
+  FakeSettings::Store store{settings};
+  SerialDouble serial{clock};
+  CountingYield host;
+  RecordingDialog dialog;
+  FakeFolders folders;
+  RecordingViews views;
+  FixedLocale locale;
+
+  [[nodiscard]] Surroundings surroundings() {
+    return {settings, store, serial, host, dialog, folders, views, clock, windows1252(), locale};
+  }
+};
+
+// The number of the run-time error that a call raises, 0 for none.
+template <typename Call>
+[[nodiscard]] std::int32_t errorNumberOf(Call call) {
+  try {
+    call();
+  } catch (const RunTimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+}  // namespace corvid

@@ -1,0 +1,63 @@
+// Fixed-point digit strings of prices, quantities and payments.
+#include "session_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid {
+namespace {
+
+// An S3 reply whose flag 21 has the given value.
+std::string rateReply(const char* flag21) {
+  std::string flags;
+  for (int i = 0; i < 24; ++i) flags += i == 21 ? flag21 : "00";
+  return "\x02"
+         "21600\n20800\n23100\n20300\n" +
+         flags + "\x03#";
+}
+
+struct FlagCase {
+  const char* flag21;
+  std::wstring price, quantity, payment;
+};
+
+TEST(AmountFormats, WidthsFollowPrinterFlag21) {
+  const FlagCase cases[] = {
+      {"00", L"0000001250", L"00012500", L"000000001250"},
+      {"02", L"0000012500", L"00012500", L"000000001250"},
+      {"03", L"0000125000", L"00012500", L"000000001250"},
+      {"11", L"0000000125", L"00012500", L"000000000125"},
+      {"12", L"0000000013", L"00012500", L"000000000013"},
+      {"30", L"0000000000001250", L"00000000000012500", L"00000000000001250"},
+  };
+  for (const FlagCase& item : cases) {
+    SessionBench bench;
+    bench.open();
+    bench.printer().answersToBlock = {{rateReply(item.flag21)}};
+    const Decimal amount = Decimal::fromDouble(12.5);
+    EXPECT_EQ(bench.session().FormatPrecio(amount), item.price) << item.flag21;
+    EXPECT_EQ(bench.session().FormatCantidad(amount), item.quantity) << item.flag21;
+    EXPECT_EQ(bench.session().FormatMedio(amount), item.payment) << item.flag21;
+    EXPECT_EQ(bench.printer().blocks.size(), 1U) << "the flags are asked for once";
+  }
+}
+
+TEST(AmountFormats, SettingsWinWhenBothAreThere) {
+  SessionBench both({{L"DigitosPrecio", L"6"}, {L"DecimalesPrecio", L"0"}});
+  EXPECT_EQ(both.session().FormatPrecio(Decimal::fromDouble(12.5)), L"000013");
+  EXPECT_TRUE(both.printer().blocks.empty()) << "no need to ask the printer";
+
+  SessionBench half({{L"DigitosPrecio", L"6"}});
+  EXPECT_EQ(half.session().FormatPrecio(Decimal::fromDouble(12.5)), L"0000001250")
+      << "one alone is none";
+}
+
+TEST(AmountFormats, SubstituteFlagsAreNotKept) {
+  SessionBench bench;
+  EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000100");
+  bench.open();
+  bench.printer().answersToBlock = {{rateReply("12")}};
+  EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000001");
+}
+
+}  // namespace
+}  // namespace corvid

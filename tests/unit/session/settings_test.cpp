@@ -1,0 +1,82 @@
+// What a session takes from its settings.
+#include "session_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid {
+namespace {
+
+TEST(SessionSettings, DefaultsHoldWithoutAnySetting) {
+  SessionBench bench;
+  const SessionState& state = bench.session().state();
+  EXPECT_EQ(state.timeOut, 10);
+  EXPECT_EQ(state.retries, 3);
+  EXPECT_EQ(state.columnasDescripcion, 28);
+  EXPECT_EQ(state.numTasas, 0);
+  EXPECT_FALSE(state.skipChecks);
+  EXPECT_FALSE(state.testMode);
+  EXPECT_EQ(bench.session().AnchoDireccion(), 40);
+  EXPECT_EQ(bench.session().LineasDireccion(), 10);
+}
+
+struct TimeOutCase {
+  std::wstring text;
+  std::int16_t seconds;
+  const char* reason;
+};
+
+TEST(SessionSettings, TimeOutIsAWholeNumberOrItsDefault) {
+  const TimeOutCase cases[] = {
+      {L"5", 5, "plain"},          {L"7,5", 8, "half to even"},
+      {L"6.5", 6, "half to even"}, {L"99999", 10, "does not fit 16 bits"},
+      {L"abc", 10, "no number"},   {L"3 s", 3, "leading number"},
+  };
+  for (const TimeOutCase& item : cases) {
+    SessionBench bench({{L"TimeOut", item.text}});
+    EXPECT_EQ(bench.session().state().timeOut, item.seconds) << item.reason;
+  }
+}
+
+TEST(SessionSettings, RateListEndsAtTheFirstGapAndAtSeven) {
+  SessionBench gap;
+  for (const wchar_t* key : {L"0", L"1", L"3"}) gap.world().settings.set(kRates, key, L"16.5");
+  PrinterFiscal two(gap.library(), gap.status());
+  EXPECT_EQ(two.state().numTasas, 2);
+  EXPECT_DOUBLE_EQ(two.state().tasas[1], 16.5);
+
+  SessionBench many;
+  for (int i = 0; i < 9; ++i) many.world().settings.set(kRates, std::to_wstring(i), L"8 %");
+  PrinterFiscal seven(many.library(), many.status());
+  EXPECT_EQ(seven.state().numTasas, 7);
+  EXPECT_DOUBLE_EQ(seven.state().tasas[6], 8);
+}
+
+struct ModelCase {
+  std::wstring setting;
+  std::wstring serial;
+  std::int32_t model;
+};
+
+TEST(SessionSettings, ModelComesFromTheSettingOrTheSerial) {
+  const ModelCase cases[] = {
+      {L"", L"Z6B1234567", DT230},   {L"", L"Z7A1", HKA112},  {L"", L"Z1F", SRP812},
+      {L"", L"z6b1234567", SRP350},  {L"", L"", SRP350},      {L"7", L"Z6B1234567", 7},
+      {L"0", L"Z6B1234567", SRP350}, {L"-2", L"Z1F", SRP812},
+  };
+  for (const ModelCase& item : cases) {
+    SessionBench bench({{L"TipoPrinter", item.setting}});
+    bench.session().state().SerialPrinter = item.serial;
+    EXPECT_EQ(bench.session().tipoPrinter(), item.model) << testing::PrintToString(item.serial);
+  }
+}
+
+TEST(SessionSettings, DelayEndsAlsoAcrossMidnight) {
+  SessionBench bench({{L"FactorDelay", L"0,5"}});
+  FakeClock& clock = bench.world().clock;
+  clock.setSeconds(86399.0F);
+  bench.session().Demora(4);
+  EXPECT_NEAR(clock.secondsSinceMidnight(), 1.0F, 0.1F);
+}
+
+}  // namespace
+}  // namespace corvid
