@@ -54,6 +54,7 @@ std::int16_t Exchange::Execute(const std::wstring& command) {
     setPortClosed();
     return pfCommError;
   }
+  const Request request(*this);
   int attempts = kMostBlocksSent;
   bool done = false;
   do {
@@ -106,7 +107,7 @@ void Exchange::SendDirect(const std::wstring& command) {
 void Exchange::SendAck() {
   trace(L"SendAck: -> [ACK]");
   if (state_.testMode) return;
-  opening_ = state_.openings;
+  const Request request(*this);
   write(std::wstring(1, ACK));
   WaitForReply();
 }
@@ -115,7 +116,10 @@ void Exchange::NextStatusBlock() {
   if (!state_.testMode) write(std::wstring(1, ACK));
 }
 
-void Exchange::GetStatus() { requestStatus(); }
+void Exchange::GetStatus() {
+  const Request request(*this);
+  requestStatus();
+}
 
 // False when there is no port to ask through; a printer that stays silent is an outcome.
 bool Exchange::requestStatus() {
@@ -125,7 +129,6 @@ bool Exchange::requestStatus() {
   outcome.STS1 = 0;
   outcome.STS2 = 0;
   state_.ready = false;
-  opening_ = state_.openings;
   if (state_.testMode || state_.skipChecks) return true;
   if (!hasPort()) {
     setPortClosed();
@@ -165,6 +168,7 @@ void Exchange::decodeStatus() {
 }
 
 bool Exchange::receiveNextBlock() {
+  const Request request(*this);
   state_.outcome.result.clear();
   trace(L" -> ACK");
   if (!isStillOpen()) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace corvid {
 
@@ -43,6 +44,20 @@ class Exchange {
  private:
   enum class Wait { Block, Ack, Nak, TimeOut, Skipped, PortGone, Failed };
   enum class Chunk { Ack, Nak, Reply };
+
+  // Lasts as long as one request. A host that runs meanwhile may make requests of its own.
+  class Request {
+   public:
+    explicit Request(Exchange& exchange)
+        : exchange_(exchange), outer_(std::exchange(exchange.opening_, exchange.state_.openings)) {}
+    Request(const Request&) = delete;
+    Request& operator=(const Request&) = delete;
+    ~Request() { exchange_.opening_ = outer_; }
+
+   private:
+    Exchange& exchange_;
+    std::uint32_t outer_;
+  };
 
   Wait WaitForReply();
   Wait collectReply();
