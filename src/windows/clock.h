@@ -1,0 +1,15 @@
+// The system's local time.
+#pragma once
+
+#include "port/clock.h"
+
+namespace corvid {
+
+class WindowsClock : public Clock {
+ public:
+  float secondsSinceMidnight() override;
+  Date now() override;
+  void rest() override;
+};
+
+}  // namespace corvid
