@@ -14,7 +14,7 @@ constexpr int kLargestByte = 255;
 
 std::wstring byteText(int code, const CodePage& codePage) {
   if (code < 0 || code > kLargestByte) throw invalidProcedureCall();
-  return std::wstring(1, codePage.toCharacter(static_cast<std::uint8_t>(code)));
+  return {codePage.toCharacter(static_cast<std::uint8_t>(code))};
 }
 
 }  // namespace

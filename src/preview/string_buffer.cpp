@@ -13,7 +13,9 @@ constexpr std::int64_t kChunk = 65536;  // characters of a new store, and of eac
 
 std::wstring nuls(std::int64_t count) {
   if (count < 0) throw invalidProcedureCall();
-  return std::wstring(static_cast<std::size_t>(count), L'\0');
+  std::wstring text;
+  text.resize(static_cast<std::size_t>(count));
+  return text;
 }
 
 }  // namespace

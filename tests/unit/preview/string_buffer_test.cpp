@@ -53,20 +53,20 @@ TEST(StringBuffer, StoreGrowsByWholeChunksAndNotBeforeItIsFull) {
 TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
   struct Case {
     std::int32_t index;
+    int error;
     std::wstring inserted;
     std::wstring result;
-    int error;
     const char* reason;
   };
   const Case cases[] = {
-      {1, L"xy", L"xyabc", 0, "in front"},
-      {2, L"xyz", L"axyzbc", 0, "more characters than the rest has"},
-      {3, L"x", L"abxc", 0, "before the last"},
-      {4, L"x", L"abcx", 0, "right behind the text it appends"},
-      {5, L"x", L"abc", 5, "a gap"},
-      {0, L"x", L"abc", 5, "positions count from 1"},
-      {-1, L"x", L"abc", 5, "before the text"},
-      {2, L"", L"abc", 0, "nothing to insert"},
+      {1, 0, L"xy", L"xyabc", "in front"},
+      {2, 0, L"xyz", L"axyzbc", "more characters than the rest has"},
+      {3, 0, L"x", L"abxc", "before the last"},
+      {4, 0, L"x", L"abcx", "right behind the text it appends"},
+      {5, 5, L"x", L"abc", "a gap"},
+      {0, 5, L"x", L"abc", "positions count from 1"},
+      {-1, 5, L"x", L"abc", "before the text"},
+      {2, 0, L"", L"abc", "nothing to insert"},
   };
   for (const Case& item : cases) {
     CStringBuffer buffer = holding(L"abc");

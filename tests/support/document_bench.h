@@ -1,0 +1,98 @@
+// A session with an open port, and a printer that answers each command by its text.
+#pragma once
+
+#include "records/status_queries.h"
+#include "session/printer_fiscal.h"
+#include "support/scripted_printer.h"
+#include "support/world.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace corvid {
+
+// A reply as one chunk, with a check byte that nobody checks.
+[[nodiscard]] inline Answer blockOf(const std::string& text) { return {"\x02" + text + "\x03?"}; }
+
+// Three rates of 16, 8 and 31 percent on top of the price, the usual levy, all flags 0.
+[[nodiscard]] inline Answer usualRates() {
+  return blockOf("21600\n20800\n23100\n" + std::string(60, '0'));
+}
+
+// Is always idle, and acknowledges what it has no answer for.
+class DocumentPrinter : public LinePeer {
+ public:
+  void received(std::string_view bytes, SerialDouble& line) override {
+    if (bytes == "\x05") return line.deliver("\x02\x60\x40\x03\x23");
+    if (!bytes.starts_with("\x02")) return;
+    commands.emplace_back(bytes.substr(1, bytes.size() - 3));
+    const auto found = answers.find(commands.back());
+    if (found == answers.end()) return line.deliver("\x06");
+    for (const std::string& chunk : found->second) line.deliver(chunk);
+  }
+
+  std::map<std::string, Answer> answers = {{"S3", usualRates()}};  // no chunk at all is silence
+  std::vector<std::string> commands;                               // without their frame
+};
+
+class DocumentBench {
+ public:
+  using Entries = std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>;
+
+  // Entries of the session's own section; a wait for the printer lasts one second.
+  explicit DocumentBench(Entries entries = {}) {
+    world_.settings.set(kSessionSection, L"TimeOut", L"1");
+    for (const auto& [key, value] : entries) world_.settings.set(kSessionSection, key, value);
+    world_.serial.connect(&printer_);
+  }
+  // Rates of the settings, from index 0 on. Before the session is first used.
+  void configureRates(const Lines& rates) {
+    for (std::size_t i = 0; i < rates.size(); ++i) {
+      world_.settings.set(L"Config\\NimbusPF\\Tasas", std::to_wstring(i), rates[i]);
+    }
+  }
+
+  [[nodiscard]] World& world() { return world_; }
+  [[nodiscard]] DocumentPrinter& printer() { return printer_; }
+  [[nodiscard]] Library& library() {
+    if (!library_) library_ = std::make_unique<Library>(world_.surroundings());
+    return *library_;
+  }
+  // Created and opened on first use.
+  [[nodiscard]] PrinterFiscal& session() {
+    if (!session_) {
+      session_ = std::make_unique<PrinterFiscal>(library(), source_);
+      session_->state().SerialPrinter = L"KNOWN";  // so that opening it asks for no record
+      session_->Abrir(1);
+    }
+    return *session_;
+  }
+  [[nodiscard]] const Outcome& outcome() { return session().state().outcome; }
+
+  void silence(const std::string& command) { printer_.answers[command] = Answer{}; }
+  void refuse(const std::string& command) { printer_.answers[command] = Answer{"\x15"}; }
+
+  // What the printer received, each command once however often it was sent again, and without
+  // the questions for its rates.
+  [[nodiscard]] std::vector<std::string> commands() const {
+    std::vector<std::string> result = printer_.commands;
+    std::erase(result, "S3");
+    result.erase(std::ranges::unique(result).begin(), result.end());
+    return result;
+  }
+
+ private:
+  World world_;
+  DocumentPrinter printer_;
+  RecordStatusSource source_;
+  std::unique_ptr<Library> library_;
+  std::unique_ptr<PrinterFiscal> session_;
+};
+
+}  // namespace corvid

@@ -1,0 +1,217 @@
+#include "documents/customer_data.h"
+
+#include "support/document_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Sent = std::vector<std::string>;
+using Method = std::function<std::int32_t(PrinterFiscal& session)>;
+
+const std::wstring kLongName(45, L'n');
+const std::string kCutName(40, 'n');
+const Customer kAna = {L"Ana", L"V-123", L"A\r\n\r\nB"};
+const Date kMarch14{46095.4376736111};  // 2026-03-14 10:30:15
+
+struct SeriesCase {
+  Method method;
+  Sent commands;
+  const char* reason;
+};
+
+void expectSeries(const std::vector<SeriesCase>& cases, DocumentBench::Entries entries) {
+  for (const SeriesCase& item : cases) {
+    DocumentBench bench(entries);
+    EXPECT_EQ(item.method(bench.session()), pfOk) << item.reason;
+    EXPECT_EQ(bench.commands(), item.commands) << item.reason;
+    EXPECT_TRUE(bench.world().dialog.shown.empty()) << item.reason;
+  }
+}
+
+Method withReferences(const Customer& customer, const AffectedInvoice& affected) {
+  return [=](PrinterFiscal& session) { return PasarDatosCliente(session, customer, affected); };
+}
+
+TEST(CustomerData, InvoiceLinesAreNumberedThroughout) {
+  const AffectedInvoice all = {L"0000012345678", L"Z6B1234567890", DateOrBlank(kMarch14)};
+  expectSeries(
+      {
+          {withReferences(kAna, {}),
+           {"i01Ana", "i02RIF:V-123", "i03A", "i04B"},
+           "empty address lines use no number"},
+          {withReferences(kAna, all),
+           {"i01Ana", "i02RIF:V-123", "i03A", "i04B", "i05#Factura afectada: 000001234567",
+            "i06Serial impresora: Z6B123456789", "i07Fecha factura: 14-03-2026"},
+           "references are cut at 12"},
+          {withReferences({kLongName, kLongName, L""}, {L"", std::nullopt, DateOrBlank()}),
+           {"i01" + kCutName, "i02RIF:" + std::string(45, 'n'),
+            "i03#Factura afectada: ", "i04Fecha factura: "},
+           "given empty is given; a tax id is never cut"},
+          {withReferences({L"", L"", kLongName + L"\r\nx\ny"}, {}),
+           {"i01", "i02RIF:", "i03" + kCutName, "i04x\ny"},
+           "only CR LF parts the address"},
+      },
+      {});
+}
+
+TEST(CustomerData, CreditNoteFieldsAreTaggedAndTheAddressBeginsAtZero) {
+  expectSeries(
+      {
+          {[](PrinterFiscal& session) {
+             return PasarDatosClienteNC(session, {kLongName, L"V-123", L"A\r\n\r\nB"},
+                                        std::wstring(41, L'1'), kLongName, kMarch14);
+           },
+           {"iS*" + kCutName, "iR*V-123", "iF*" + std::string(40, '1'),
+            "iI*" + std::string(45, 'n'), "iD*14-03-2026", "i00A", "i01B"},
+           "name and invoice are cut at 40"},
+          {[](PrinterFiscal& session) {
+             return PasarDatosClienteNC(session, {L"Ana", L"", L""}, L"", L"", std::nullopt);
+           },
+           {"iS*Ana", "iR*", "iF*", "iI*", "iD*"},
+           "a blank date is an empty text"},
+      },
+      {});
+}
+
+TEST(CustomerData, InvoiceOpeningWrapsTheAddress) {
+  const auto open = [](const std::wstring& address) -> Method {
+    return [=](PrinterFiscal& session) {
+      return IniciarFactura(session, {kLongName, L"V-123", address});
+    };
+  };
+  expectSeries({{open(L"Calle 5, casa 3"),
+                 {"iR*V-123", "iS*" + kCutName, "i01Calle 5,", "i02casa 3"},
+                 "at the width of the setting"},
+                {open(L"\r\nuno\r\ndos"),
+                 {"iR*V-123", "iS*" + kCutName, "i01uno", "i02dos"},
+                 "an empty line uses no number"},
+                {open(L"a b c d e f g h i j k l m n"),
+                 {"iR*V-123", "iS*" + kCutName, "i01a b c d e", "i02f g h i j", "i03k l m n"},
+                 "more lines than the setting has are sent all the same"}},
+               {{L"AnchoDireccion", L"10"}, {L"LineasDireccion", L"2"}});
+  expectSeries({{open(std::wstring(50, L'x')),
+                 {"iR*V-123", "iS*" + kCutName, "i01" + std::string(40, 'x'), "i02xx"},
+                 "a line wider than 40 is cut"}},
+               {{L"AnchoDireccion", L"48"}});
+}
+
+TEST(CustomerData, InvoiceOpeningWithoutAWidthRaisesBehindTheNames) {
+  DocumentBench bench({{L"AnchoDireccion", L"0"}});
+  EXPECT_EQ(errorNumberOf([&] { IniciarFactura(bench.session(), kAna); }), 5);
+  EXPECT_EQ(bench.commands(), (Sent{"iR*V-123", "iS*Ana"}));
+}
+
+TEST(CustomerData, OtherFamilyPadsAndNumbersFromOne) {
+  const auto invoice = [](const Customer& customer, const std::wstring& number) -> Method {
+    return [=](PrinterFiscal& session) { return PasarDatosClientePA(session, customer, number); };
+  };
+  const auto creditNote = [](const Customer& customer, const std::wstring& number) -> Method {
+    return [=](PrinterFiscal& session) { return PasarDatosClienteNCPA(session, customer, number); };
+  };
+  const std::string ana40 = "Ana" + std::string(37, ' ');
+  expectSeries({{invoice(kAna, L""), {"jRV-123", "jS" + ana40, "j1A", "j2B"}, "no reference"},
+                {invoice(kAna, L"123"),
+                 {"jRV-123", "jS" + ana40, "jF123", "j1A", "j2B"},
+                 "with a reference"},
+                {invoice({kLongName, std::wstring(21, L'r'), kLongName}, L""),
+                 {"jR" + std::string(20, 'r'), "jS" + kCutName, "j1" + kCutName},
+                 "everything is cut"},
+                {creditNote(kAna, L"123"),
+                 {"jR*V-123", "jS*Ana", "jF*123" + std::string(19, ' '), "j1A", "j2B"},
+                 "the invoice is padded to 22"},
+                {creditNote({kLongName, std::wstring(21, L'r'), L""}, std::wstring(23, L'1')),
+                 {"jR*" + std::string(21, 'r'), "jS*" + kCutName, "jF*" + std::string(22, '1')},
+                 "the tax id is not cut, the others are"}},
+               {});
+}
+
+struct FailureCase {
+  Method method;
+  std::string silentTo;  // the printer's time runs out at this command
+  std::size_t sent;      // commands up to that one
+  std::wstring message;  // in front of the outcome's own words
+  const char* reason;
+};
+
+void expectFailure(const FailureCase& item, const ShownMessage& expected) {
+  DocumentBench bench;
+  bench.silence(item.silentTo);
+  EXPECT_EQ(item.method(bench.session()), pfCommError) << item.reason;
+  const Sent commands = bench.commands();
+  EXPECT_EQ(commands.size(), item.sent) << item.reason;
+  EXPECT_EQ(commands.back(), item.silentTo) << item.reason;
+  EXPECT_EQ(bench.world().dialog.shown, std::vector{expected}) << item.reason;
+}
+
+constexpr const wchar_t* kWords = L"pfError de comunicacion";
+
+TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
+  const AffectedInvoice all = {L"9", L"Z", DateOrBlank(kMarch14)};
+  const Method full = withReferences(kAna, all);
+  const Method opening = [](PrinterFiscal& session) { return IniciarFactura(session, kAna); };
+  const FailureCase cases[] = {
+      {full, "i01Ana", 1, L"", "name"},
+      {full, "i02RIF:V-123", 2, L"", "tax id"},
+      {full, "i03A", 3, L"", "first address line"},
+      {full, "i04B", 4, L"", "last address line"},
+      {full, "i05#Factura afectada: 9", 5, L"", "affected invoice"},
+      {full, "i06Serial impresora: Z", 6, L"", "its printer"},
+      {full, "i07Fecha factura: 14-03-2026", 7, L"", "its date"},
+      {opening, "iR*V-123", 1, L"", "opening: tax id"},
+      {opening, "iS*Ana", 2, L"", "opening: name"},
+      {opening, "i01A", 3, L"", "opening: address"},
+  };
+  for (const FailureCase& item : cases) {
+    expectFailure(item, {kWords, L"", MessageIcon::None});
+  }
+}
+
+TEST(CustomerDataFailure, OtherFamilyNamesTheStep) {
+  const Method invoice = [](PrinterFiscal& session) {
+    return PasarDatosClientePA(session, kAna, L"9");
+  };
+  const Method creditNote = [](PrinterFiscal& session) {
+    return PasarDatosClienteNCPA(session, kAna, L"9");
+  };
+  const std::string padded = "jSAna" + std::string(37, ' ');
+  const FailureCase cases[] = {
+      {invoice, "jRV-123", 1, L"PasarDatosClientePA (1): ", "tax id"},
+      {invoice, padded, 2, L"PasarDatosClientePA (2): ", "name"},
+      {invoice, "jF9", 3, L"PasarDatosClientePA (3): ", "reference"},
+      {invoice, "j2B", 5, L"PasarDatosClientePA (3): ", "address, under the same number"},
+      {creditNote, "jR*V-123", 1, L"PasarDatosClienteNCPA (1): ", "tax id"},
+      {creditNote, "jS*Ana", 2, L"PasarDatosClienteNCPA (2): ", "name"},
+      {creditNote, "jF*9" + std::string(21, ' '), 3, L"PasarDatosClienteNCPA (3): ", "reference"},
+      {creditNote, "j1A", 4, L"PasarDatosClienteNCPA (4): ", "address"},
+  };
+  for (const FailureCase& item : cases) {
+    expectFailure(item, {item.message + kWords, L"Error en Printer Fiscal", MessageIcon::Critical});
+  }
+}
+
+TEST(CustomerDataFailure, CreditNoteGoesOnAndReturnsTheLastOutcome) {
+  DocumentBench bench;
+  bench.silence("iR*V-123");
+  EXPECT_EQ(PasarDatosClienteNC(bench.session(), kAna, L"9", L"Z", kMarch14), pfOk);
+  EXPECT_EQ(bench.commands().size(), 7U);
+  bench.silence("i01B");
+  EXPECT_EQ(PasarDatosClienteNC(bench.session(), kAna, L"9", L"Z", kMarch14), pfCommError);
+  EXPECT_TRUE(bench.world().dialog.shown.empty());
+}
+
+TEST(CustomerDataFailure, RefusalIsNoFailureOfTheSeries) {
+  DocumentBench bench;
+  bench.refuse("i01Ana");
+  EXPECT_EQ(PasarDatosCliente(bench.session(), kAna, {}), pfOk);
+  EXPECT_EQ(bench.commands().size(), 4U) << "a refusal leaves the outcome class as it was";
+}
+
+}  // namespace
+}  // namespace corvid

@@ -1,0 +1,204 @@
+#include "documents/item_lines.h"
+
+#include "support/document_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Sent = std::vector<std::string>;
+using ClassicMethod = std::int16_t (*)(PrinterFiscal& session, const ItemLine& line);
+
+const Lines kRates = {L"0", L"16", L"8", L"31"};
+
+ItemLine line(const std::wstring& description, double price, double quantity, double rate) {
+  return {description, Currency::fromDouble(price), quantity, rate};
+}
+
+TEST(ClassicItem, CommandIsRatePriceQuantityDescription) {
+  struct Case {
+    ClassicMethod method;
+    ItemLine line;
+    std::string command;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {PasarItem, line(L"PAN", 12.5, 2, 16), "!000000125000002000PAN", "sale at rate 1"},
+      {PasarItem, line(L"PAN", 1, 1, 0), " 000000010000001000PAN", "exempt"},
+      {PasarItem, line(L"PAN", 1, 1, 8), "\"000000010000001000PAN", "rate 2"},
+      {PasarItem, line(L"PAN", 1, 1, 31), "#000000010000001000PAN", "rate 3"},
+      {PasarItem, line(L"PAN", 1, 1, -1), "$000000010000001000PAN", "the collected levy"},
+      {RefundItem, line(L"PAN", 1, 1, 0), "d0000000010000001000PAN", "exempt refund"},
+      {RefundItem, line(L"PAN", 1, 1, 31), "d3000000010000001000PAN", "refund at rate 3"},
+      {RefundItem, line(L"PAN", 1, 1, -5), "d4000000010000001000PAN", "refund of the levy"},
+      {AnularItem, line(L"PAN", 1, 1, 0),
+       "\xA0"
+       "000000010000001000PAN",
+       "exempt void"},
+      {AnularItem, line(L"PAN", 1, 1, 16),
+       "\xA1"
+       "000000010000001000PAN",
+       "void at rate 1"},
+      {AnularItem, line(L"PAN", 1, 1, -1),
+       "\xA4"
+       "000000010000001000PAN",
+       "void of the levy"},
+      {PasarItem, line(L"", 1, 0, 0), " 000000010000000000", "no quantity and no description"},
+      {PasarItem, line(L"X", 1.005, 1.0005, 0), " 000000010100001001X", "decimal, half up"},
+      {PasarItem, line(L"X", -2.5, 1, 0), " -000000025000001000X", "a price may be negative"},
+      {PasarItem, line(L"X", 123456789.5, 1, 0), " 1234567895000001000X",
+       "a price fills its field"},
+      {PasarItem, line(L"X", 1234567890.5, 1, 0), " 12345678905000001000X", "and is never cut"},
+      {PasarItem, line(L"Ca\u00F1a", 1, 1, 0),
+       " 000000010000001000Ca\xF1"
+       "a",
+       "one byte a letter"},
+  };
+  for (const Case& item : cases) {
+    DocumentBench bench;
+    bench.configureRates(kRates);
+    EXPECT_EQ(item.method(bench.session(), item.line), 0) << item.reason;
+    EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
+  }
+}
+
+TEST(ClassicItem, WidthsFollowTheSettings) {
+  DocumentBench bench({{L"DigitosPrecio", L"6"},
+                       {L"DecimalesPrecio", L"1"},
+                       {L"DigitosCantidad", L"5"},
+                       {L"DecimalesCantidad", L"2"},
+                       {L"ColumnasDescripcion", L"4"}});
+  bench.configureRates(kRates);
+  PasarItem(bench.session(), line(L"NARANJAS", 12.5, 2, 16));
+  EXPECT_EQ(bench.commands(), Sent{"!00012500200NARA"});
+}
+
+TEST(ClassicItem, DescriptionIsCutAtTheUsualWidthAndNeverPadded) {
+  DocumentBench bench;
+  bench.configureRates(kRates);
+  PasarItem(bench.session(), line(std::wstring(30, L'x'), 1, 1, 0));
+  EXPECT_EQ(bench.commands(), Sent{" 000000010000001000" + std::string(28, 'x')});
+}
+
+TEST(ClassicItem, NegativeQuantityIsRefusedWithTheMethodsName) {
+  struct Case {
+    ClassicMethod method;
+    std::wstring name;
+  };
+  const Case cases[] = {
+      {PasarItem, L"PasarItem"}, {RefundItem, L"RefundItem"}, {AnularItem, L"AnularItem"}};
+  for (const Case& item : cases) {
+    DocumentBench bench;
+    bench.configureRates(kRates);
+    EXPECT_EQ(item.method(bench.session(), line(L"PAN", 1, -0.001, 16)), pfClientError);
+    EXPECT_EQ(bench.outcome().pfError, pfClientError);
+    EXPECT_EQ(bench.outcome().DescripcionError,
+              L"Argumento inv\u00E1lido (cantidad negativa) en " + item.name);
+    EXPECT_TRUE(bench.printer().commands.empty()) << "not even the rates are asked for";
+  }
+}
+
+TEST(ClassicItem, FailureOfThePrinterIsTheResult) {
+  DocumentBench bench;
+  bench.configureRates(kRates);
+  bench.silence("!000000010000001000PAN");
+  EXPECT_EQ(PasarItem(bench.session(), line(L"PAN", 1, 1, 16)), pfCommError);
+}
+
+TEST(ClassicItem, RateThatIsNoByteRaisesAndSendsNothing) {
+  for (const wchar_t* index : {L"-33", L"224"}) {
+    DocumentBench bench({{L"IndicePercibido", index}});
+    EXPECT_EQ(errorNumberOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), 5);
+    EXPECT_TRUE(bench.printer().commands.empty());
+  }
+}
+
+TEST(GeneralItem, FieldsStandBetweenBarsWithDecimalCommas) {
+  struct Case {
+    const wchar_t* kind;
+    ItemLine line;
+    std::wstring code;
+    std::string command;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {kInvoiceLine, line(L"PAN", 12.5, 2, 16), L"ABC", "F+112,50||2,000|||ABC|PAN", "with a code"},
+      {kInvoiceLine, line(L"PAN", 12.5, 2, 16), L"", "F+112,50||2,000||PAN", "without a code"},
+      {kInvoiceVoid, line(L"PAN", 1000, 1, 0), L"", "F-01000,00||1,000||PAN", "no grouping"},
+      {kCreditLine, line(L"PAN", 0.5, 0.25, 8), L"X", "C+20,50||0,250|||X|PAN", "below one"},
+      {kCreditVoid, line(L"PAN", 1, -1, -1), L"", "C-41,00||-1,000||PAN", "quantity unchecked"},
+      {L"Z9", line(L"P.A.N", 1, 1, 31), L"1.5", "Z931,00||1,000|||1.5|P.A.N", "texts keep points"},
+      {kInvoiceLine, line(L"X", 0.125, 1.0005, 0), L"", "F+00,13||1,001||X", "half away from zero"},
+  };
+  for (const Case& item : cases) {
+    DocumentBench bench;
+    bench.configureRates(kRates);
+    bench.world().locale.locale = venezuelan();
+    EXPECT_EQ(detalleGeneral(bench.session(), item.kind, item.line, item.code), 0) << item.reason;
+    EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
+  }
+}
+
+TEST(GeneralItem, DescriptionIsSentWhole) {
+  DocumentBench bench({{L"ColumnasDescripcion", L"4"}});
+  bench.configureRates(kRates);
+  detalleGeneral(bench.session(), kInvoiceLine, line(L"NARANJAS", 1, 1, 16), L"");
+  EXPECT_EQ(bench.commands(), Sent{"F+11,00||1,000||NARANJAS"});
+}
+
+TEST(RateIndex, ConfiguredRatesComeBeforeThePrinters) {
+  struct Case {
+    Lines configured;
+    double rate;
+    std::int16_t index;
+    std::size_t questions;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {{L"0", L"8", L"16"}, 8.05, 1, 0, "within a tenth"},
+      {{L"0", L"8", L"16"}, 7.95, 1, 0, "from below"},
+      {{L"0", L"9", L"12"}, 8.1, 0, 1, "8.1 and the printer's 8 lie a tenth apart, exactly"},
+      {{L"0", L"9", L"12"}, 7.9, 0, 1, "from below too"},
+      {{L"8.1", L"8"}, 8.05, 0, 0, "the first of two"},
+      {{L"12", L"0"}, 0, 1, 0, "exempt wherever it stands"},
+      {{L"12"}, 16, 1, 1, "none fits: the printer's first"},
+      {{L"12"}, 30.95, 3, 1, "none fits: the printer's third"},
+      {{}, 8, 2, 1, "none configured"},
+      {{}, 0, 0, 1, "exempt when nothing fits"},
+      {{}, 99, 0, 1, "unknown to all"},
+      {{L"0", L"8"}, -0.01, 4, 0, "any rate below zero is the levy"},
+  };
+  for (const Case& item : cases) {
+    DocumentBench bench;
+    bench.configureRates(item.configured);
+    EXPECT_EQ(IndiceTasa(bench.session(), item.rate), item.index) << item.reason;
+    EXPECT_EQ(bench.printer().commands, Sent(item.questions, "S3")) << item.reason;
+  }
+}
+
+TEST(RateIndex, LevyFollowsItsSetting) {
+  DocumentBench bench({{L"IndicePercibido", L"7"}});
+  EXPECT_EQ(IndiceTasa(bench.session(), -1), 7);
+}
+
+TEST(RateIndex, PrintersRatesAreAskedForOnce) {
+  DocumentBench bench;
+  EXPECT_EQ(IndiceTasa(bench.session(), 16), 1);
+  EXPECT_EQ(IndiceTasa(bench.session(), 31), 3);
+  EXPECT_EQ(bench.printer().commands, Sent{"S3"});
+}
+
+TEST(RateIndex, SubstituteRatesMatchNothingAndAreAskedForAgain) {
+  DocumentBench bench;
+  bench.silence("S3");
+  EXPECT_EQ(IndiceTasa(bench.session(), 0.05), 0) << "the substitute's zero rate is no rate 1";
+  bench.printer().answers["S3"] = usualRates();
+  EXPECT_EQ(IndiceTasa(bench.session(), 16), 1);
+}
+
+}  // namespace
+}  // namespace corvid
