@@ -11,15 +11,17 @@ constexpr std::uint32_t kAccessDenied = 5;
 }  // namespace
 
 void SerialDouble::deliver(std::string chunk, double delaySeconds) {
-  incoming_.push_back({std::move(chunk), clock_.total() + delaySeconds});
+  const auto line = open_.find(current_);
+  if (line == open_.end()) return;  // nobody hears it
+  line->second.incoming.push_back({std::move(chunk), clock_.total() + delaySeconds});
 }
 
 void SerialDouble::failNth(const std::string& call, int nth, std::uint32_t error) {
-  faults_[call] = {nth, false, error};
+  faults_.push_back({call, nth, false, error});
 }
 
 void SerialDouble::failFrom(const std::string& call, int nth, std::uint32_t error) {
-  faults_[call] = {nth, true, error};
+  faults_.push_back({call, nth, true, error});
 }
 
 void SerialDouble::shortenWrite(int nth, std::uint32_t by) {
@@ -31,21 +33,35 @@ std::size_t SerialDouble::count(const std::string& call) const {
   return static_cast<std::size_t>(std::ranges::count(calls_, call));
 }
 
+std::vector<std::uint32_t> SerialDouble::numbersOf(const std::string& call) const {
+  std::vector<std::uint32_t> numbers;
+  for (const Use& use : numbers_) {
+    if (use.call == call) numbers.push_back(use.number);
+  }
+  return numbers;
+}
+
+void SerialDouble::note(const std::string& call, std::initializer_list<std::uint32_t> numbers) {
+  for (const std::uint32_t number : numbers) numbers_.push_back({call, number});
+}
+
 void SerialDouble::clearLog() {
   calls_.clear();
+  numbers_.clear();
   written_.clear();
 }
 
 bool SerialDouble::use(const std::string& call) {
   calls_.push_back(call);
-  const auto found = faults_.find(call);
-  if (found == faults_.end()) return true;
-  Fault& fault = found->second;
-  if (fault.countdown > 0) --fault.countdown;
-  if (fault.countdown > 0) return true;
-  lastError_ = fault.error;
-  if (!fault.lasts) faults_.erase(found);
-  return false;
+  bool succeeds = true;
+  for (Fault& fault : faults_) {
+    if (fault.call != call) continue;
+    --fault.countdown;
+    if (fault.countdown > 0 || (fault.countdown < 0 && !fault.lasts)) continue;
+    lastError_ = fault.error;
+    succeeds = false;
+  }
+  return succeeds;
 }
 
 bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
@@ -55,37 +71,39 @@ bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
   return false;
 }
 
-bool SerialDouble::isDue() const {
-  return !incoming_.empty() && incoming_.front().due <= clock_.total();
+bool SerialDouble::isDue(const Line& line) const {
+  return !line.incoming.empty() && line.incoming.front().due <= clock_.total();
 }
 
 SerialHandle SerialDouble::createFile(const std::wstring& name) {
   opened_.push_back(name);
   if (!use("createFile")) return kInvalidSerialHandle;
-  for (const auto& [handle, device] : open_) {
-    if (device == name) {
+  for (const auto& [handle, line] : open_) {
+    if (line.device == name) {
       lastError_ = kAccessDenied;
       return kInvalidSerialHandle;
     }
   }
-  open_[++nextHandle_] = name;
-  return nextHandle_;
+  current_ = ++nextHandle_;
+  open_[current_].device = name;
+  return current_;
 }
 
 bool SerialDouble::closeHandle(SerialHandle handle) {
   if (!useOpen("closeHandle", handle)) return false;
   open_.erase(handle);
-  incoming_.clear();
   return true;
 }
 
-bool SerialDouble::setupComm(SerialHandle handle, std::uint32_t, std::uint32_t) {
+bool SerialDouble::setupComm(SerialHandle handle, std::uint32_t input, std::uint32_t output) {
+  note("setupComm", {input, output});
   return useOpen("setupComm", handle);
 }
 
-bool SerialDouble::purgeComm(SerialHandle handle, std::uint32_t) {
+bool SerialDouble::purgeComm(SerialHandle handle, std::uint32_t flags) {
+  note("purgeComm", {flags});
   if (!useOpen("purgeComm", handle)) return false;
-  incoming_.clear();
+  open_.at(handle).incoming.clear();
   return true;
 }
 
@@ -94,55 +112,78 @@ bool SerialDouble::setCommTimeouts(SerialHandle handle, const SerialTimeouts& ti
   return useOpen("setCommTimeouts", handle);
 }
 
-bool SerialDouble::getCommState(SerialHandle handle, DeviceControlBlock&) {
+bool SerialDouble::getCommState(SerialHandle handle, DeviceControlBlock& block) {
+  block = deviceState;
   return useOpen("getCommState", handle);
 }
 
-bool SerialDouble::buildCommDcb(const std::wstring& settings, DeviceControlBlock&) {
+// What the text says goes into the block's first byte; the others are the device's own.
+bool SerialDouble::buildCommDcb(const std::wstring& settings, DeviceControlBlock& block) {
   lineSettings_ = settings;
+  block.bytes.front() = static_cast<std::byte>(settings.size());
   return use("buildCommDcb");
 }
 
-bool SerialDouble::setCommState(SerialHandle handle, const DeviceControlBlock&) {
+bool SerialDouble::setCommState(SerialHandle handle, const DeviceControlBlock& block) {
+  deviceState = block;
   return useOpen("setCommState", handle);
 }
 
 bool SerialDouble::clearCommError(SerialHandle handle, SerialQueue& queue) {
   if (!useOpen("clearCommError", handle)) return false;
+  const Line& line = open_.at(handle);
   queue.errorFlags = errorFlags;
-  queue.waiting = isDue() ? static_cast<std::uint32_t>(incoming_.front().bytes.size()) : 0;
+  queue.waiting = isDue(line) ? static_cast<std::uint32_t>(line.incoming.front().bytes.size()) : 0;
   return true;
+}
+
+std::uint32_t SerialDouble::take(SerialHandle handle, char* buffer, std::uint32_t size) {
+  Line& line = open_.at(handle);
+  std::uint32_t count = 0;
+  if (isDue(line)) {
+    std::string& bytes = line.incoming.front().bytes;
+    count = static_cast<std::uint32_t>(bytes.copy(buffer, size));
+    bytes.erase(0, count);
+    if (bytes.empty()) line.incoming.pop_front();
+  }
+  if (readsWaitOutTheirTimeout && count < size) {
+    clock_.advance(timeouts_.readTotalConstant / 1000.0);
+  }
+  return count;
 }
 
 bool SerialDouble::readFile(SerialHandle handle, char* buffer, std::uint32_t size,
                             std::uint32_t& count) {
   count = 0;
-  if (!useOpen("readFile", handle)) return false;
-  const bool waits = readsWaitOutTheirTimeout;
-  if (isDue()) {
-    std::string& bytes = incoming_.front().bytes;
-    count = std::min(size, static_cast<std::uint32_t>(bytes.size()));
-    std::copy_n(bytes.begin(), count, buffer);
-    bytes.erase(0, count);
-    if (bytes.empty()) incoming_.pop_front();
-  }
-  if (waits && count < size) clock_.advance(timeouts_.readTotalConstant / 1000.0);
-  return true;
+  note("readFile", {size});
+  const bool succeeds = useOpen("readFile", handle);
+  if (!succeeds && !isPending()) return false;
+  overlappedCount_ = take(handle, buffer, size);
+  if (succeeds) count = overlappedCount_;
+  return succeeds;
+}
+
+std::uint32_t SerialDouble::send(SerialHandle handle, std::string_view bytes) {
+  auto count = static_cast<std::uint32_t>(bytes.size());
+  if (shortWriteCountdown_ > 0 && --shortWriteCountdown_ == 0) count -= shortBy_;
+  written_.emplace_back(bytes);
+  current_ = handle;
+  if (peer_ != nullptr) peer_->received(bytes, *this);
+  return count;
 }
 
 bool SerialDouble::writeFile(SerialHandle handle, std::string_view bytes, std::uint32_t& count) {
   count = 0;
-  if (!useOpen("writeFile", handle)) return false;
-  count = static_cast<std::uint32_t>(bytes.size());
-  if (shortWriteCountdown_ > 0 && --shortWriteCountdown_ == 0) count -= shortBy_;
-  written_.emplace_back(bytes);
-  if (peer_ != nullptr) peer_->received(bytes, *this);
-  return true;
+  const bool succeeds = useOpen("writeFile", handle);
+  if (!succeeds && !isPending()) return false;
+  overlappedCount_ = send(handle, bytes);
+  if (succeeds) count = overlappedCount_;
+  return succeeds;
 }
 
 bool SerialDouble::getOverlappedResult(SerialHandle handle, std::uint32_t& count) {
   if (!useOpen("getOverlappedResult", handle)) return false;
-  count = overlappedCount;
+  count = overlappedCount_;
   return true;
 }
 
@@ -152,7 +193,7 @@ bool SerialDouble::getCommModemStatus(SerialHandle handle, std::uint32_t& status
 }
 
 bool SerialDouble::escapeCommFunction(SerialHandle handle, std::uint32_t function) {
-  escapes.push_back(function);
+  note("escapeCommFunction", {function});
   return useOpen("escapeCommFunction", handle);
 }
 

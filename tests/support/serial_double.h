@@ -5,6 +5,7 @@
 #include "support/fake_clock.h"
 
 #include <deque>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -21,17 +22,20 @@ class LinePeer {
   virtual void received(std::string_view bytes, SerialDouble& line) = 0;
 };
 
-// Fulfils the serial calls over lines in memory, one per device name; all share one peer. Counts
-// every call by name, and fails those that a test asks to fail.
+// Fulfils the serial calls over lines in memory, one per device name; all share one peer. Keeps
+// every call, and fails those that a test asks to fail. A closed or invalid handle fails with 6, a
+// device that is open already with 5.
 class SerialDouble : public SerialCalls {
  public:
   explicit SerialDouble(FakeClock& clock) : clock_(clock) {}
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  // Queues one chunk; each chunk is one read's worth. It arrives that many seconds from now.
+  // Queues one chunk on the line written last (opened last, where none was); each chunk is one
+  // read's worth. It arrives that many seconds from now.
   void deliver(std::string chunk, double delaySeconds = 0);
 
-  // The nth use of a call from now on fails with that system error; failFrom: all from it on.
+  // The nth use of a call from now on fails with that system error; failFrom: all from it on. A
+  // read or write that fails with 997 goes on all the same: getOverlappedResult gives its count.
   void failNth(const std::string& call, int nth, std::uint32_t error);
   void failFrom(const std::string& call, int nth, std::uint32_t error);
   void repair() { faults_.clear(); }
@@ -42,6 +46,9 @@ class SerialDouble : public SerialCalls {
 
   [[nodiscard]] const std::vector<std::string>& calls() const { return calls_; }
   [[nodiscard]] std::size_t count(const std::string& call) const;
+  // The numbers that each use of a call was given: queue sizes, purge flags, bytes asked for, line
+  // functions.
+  [[nodiscard]] std::vector<std::uint32_t> numbersOf(const std::string& call) const;
   // Every write, whole.
   [[nodiscard]] const std::vector<std::string>& written() const { return written_; }
   [[nodiscard]] const std::vector<std::wstring>& opened() const { return opened_; }
@@ -69,36 +76,50 @@ class SerialDouble : public SerialCalls {
 
   std::uint32_t errorFlags = 0;  // what clearCommError reports
   std::uint32_t modemStatus = 0;
-  std::uint32_t overlappedCount = 0;  // what a pending transfer ends with
-  std::vector<std::uint32_t> escapes;
+  DeviceControlBlock deviceState;  // getCommState gives it, setCommState changes it
 
  private:
   struct Chunk {
     std::string bytes;
     double due;
   };
+  struct Line {
+    std::wstring device;
+    std::deque<Chunk> incoming;
+  };
   struct Fault {
+    std::string call;
     int countdown;  // uses left before it strikes
     bool lasts;
     std::uint32_t error;
   };
+  struct Use {
+    std::string call;
+    std::uint32_t number;
+  };
 
   bool use(const std::string& call);
   bool useOpen(const std::string& call, SerialHandle handle);
-  [[nodiscard]] bool isDue() const;
+  void note(const std::string& call, std::initializer_list<std::uint32_t> numbers);
+  [[nodiscard]] bool isPending() const { return lastError_ == kErrorIoPending; }
+  [[nodiscard]] bool isDue(const Line& line) const;
+  std::uint32_t take(SerialHandle handle, char* buffer, std::uint32_t size);
+  std::uint32_t send(SerialHandle handle, std::string_view bytes);
 
   FakeClock& clock_;
   LinePeer* peer_ = nullptr;
-  std::deque<Chunk> incoming_;
-  std::map<std::string, Fault> faults_;
-  std::map<SerialHandle, std::wstring> open_;
+  std::vector<Fault> faults_;
+  std::map<SerialHandle, Line> open_;
   SerialHandle nextHandle_ = 100;
+  SerialHandle current_ = kInvalidSerialHandle;  // where the next chunk is queued
+  std::uint32_t overlappedCount_ = 0;            // what the last transfer moved
   std::uint32_t lastError_ = 0;
   int shortWriteCountdown_ = 0;
   std::uint32_t shortBy_ = 0;
   SerialTimeouts timeouts_;
   std::wstring lineSettings_;
   std::vector<std::string> calls_;
+  std::vector<Use> numbers_;
   std::vector<std::string> written_;
   std::vector<std::wstring> opened_;
 };
