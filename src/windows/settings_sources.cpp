@@ -19,18 +19,19 @@ struct RegistryKeyTraits {
 using RegistryKey = Owned<RegistryKeyTraits>;
 
 std::optional<std::wstring> readText(HKEY key, const std::wstring& name) {
-  DWORD size = 0;
-  constexpr DWORD kKind = RRF_RT_REG_SZ;
-  if (RegGetValueW(key, nullptr, name.c_str(), kKind, nullptr, nullptr, &size) != ERROR_SUCCESS) {
-    return std::nullopt;
+  // Without the second flag a text with variables in it would count too, and come expanded.
+  constexpr DWORD kKind = RRF_RT_REG_SZ | RRF_NOEXPAND;
+  DWORD size = kBufferSize;
+  std::wstring text;
+  LSTATUS status = ERROR_MORE_DATA;
+  // Again with the size that the call asks for; another process may write meanwhile.
+  while (status == ERROR_MORE_DATA) {
+    text.resize(size / sizeof(wchar_t) + 1);
+    size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    status = RegGetValueW(key, nullptr, name.c_str(), kKind, nullptr, text.data(), &size);
   }
-  std::wstring text(size / sizeof(wchar_t), L'\0');
-  if (RegGetValueW(key, nullptr, name.c_str(), kKind, nullptr, text.data(), &size) !=
-      ERROR_SUCCESS) {
-    return std::nullopt;
-  }
-  text.resize(text.find(L'\0') == std::wstring::npos ? text.size() : text.find(L'\0'));
-  return text;
+  if (status != ERROR_SUCCESS) return std::nullopt;
+  return std::wstring(text.c_str());
 }
 
 }  // namespace
