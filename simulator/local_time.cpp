@@ -1,0 +1,59 @@
+#include "simulator/local_time.h"
+
+#include "simulator/amounts.h"
+
+#include <chrono>
+
+namespace corvid::simulator {
+namespace {
+
+bool exists(const LocalTime& time) {
+  const std::chrono::year_month_day date(std::chrono::year(time.year),
+                                         std::chrono::month(static_cast<unsigned>(time.month)),
+                                         std::chrono::day(static_cast<unsigned>(time.day)));
+  return date.ok() && time.hour < 24 && time.minute < 60 && time.second < 60;
+}
+
+// Reads `text` along a picture in which each run of '0' is a number and all else stands for itself.
+bool readAlong(std::string_view picture, std::string_view text, std::initializer_list<int*> parts) {
+  for (int* part : parts) {
+    const auto width = std::min(picture.find_first_not_of('0'), picture.size());
+    const auto number = takeDigits(text, width);
+    picture.remove_prefix(width);
+    if (!number || text.substr(0, 1) != picture.substr(0, 1)) {
+      return false;
+    }
+    *part = static_cast<int>(*number);
+    picture.remove_prefix(picture.empty() ? 0 : 1);
+    text.remove_prefix(text.empty() ? 0 : 1);
+  }
+  return text.empty();
+}
+
+std::string two(int number) { return zeroPadded(number % 100, 2); }
+
+}  // namespace
+
+std::optional<LocalTime> parsedTime(std::string_view text) {
+  LocalTime time;
+  const bool fits =
+      readAlong("0000-00-00 00:00:00", text,
+                {&time.year, &time.month, &time.day, &time.hour, &time.minute, &time.second});
+  return fits && exists(time) ? std::optional(time) : std::nullopt;
+}
+
+std::string wireDate(const LocalTime& time) {
+  return two(time.year) + two(time.month) + two(time.day);
+}
+
+std::string wireTime(const LocalTime& time) {
+  return two(time.hour) + two(time.minute) + two(time.second);
+}
+
+std::string paperDate(const LocalTime& time) {
+  return two(time.day) + "-" + two(time.month) + "-" + zeroPadded(time.year, 4);
+}
+
+std::string paperTime(const LocalTime& time) { return two(time.hour) + ":" + two(time.minute); }
+
+}  // namespace corvid::simulator

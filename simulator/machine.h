@@ -1,0 +1,43 @@
+// The printer behind its line: what the commands act upon.
+#pragma once
+
+#include "simulator/configuration.h"
+#include "simulator/customer.h"
+#include "simulator/document.h"
+#include "simulator/fiscal_memory.h"
+#include "simulator/local_time.h"
+#include "simulator/paper.h"
+
+#include <optional>
+
+namespace corvid::simulator {
+
+// Values of the second status byte that the printer itself tells apart.
+inline constexpr int kNoError = 64;
+inline constexpr int kNoPaper = 65;
+inline constexpr int kLastPaperError = 67;
+
+struct Machine {
+  Machine(Configuration chosen, Clock source)
+      : configuration(std::move(chosen)),
+        clock(std::move(source)),
+        memory(configuration.lastInvoice) {}
+
+  Configuration configuration;
+  Clock clock;
+  FiscalMemory memory;
+  Paper paper;
+  Customer customer;                 // of the next document, or of the open one
+  std::optional<Document> document;  // the open fiscal document
+  bool isNonFiscalOpen = false;
+  bool isTraining = false;  // documents are printed, but not remembered
+  bool isMemoryFull = false;
+  int error = kNoError;  // second status byte
+  int drawerOpenings = 0;
+
+  [[nodiscard]] bool isIdle() const { return !document && !isNonFiscalOpen; }
+  [[nodiscard]] bool canPrint() const { return error < kNoPaper || error > kLastPaperError; }
+  [[nodiscard]] LocalTime now() const { return clock(); }
+};
+
+}  // namespace corvid::simulator

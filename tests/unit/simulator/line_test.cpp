@@ -1,0 +1,161 @@
+#include "bench.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid::simulator {
+namespace {
+
+TEST(Line, StatusFollowsTheOpenDocument) {
+  Bench bench;
+  EXPECT_EQ(bench.raw("\x05"), "\x02\x60\x40\x03\x23");
+  EXPECT_EQ(bench.command(item(" ", 100, 1000, "PAN")), kAckAnswer);
+  EXPECT_EQ(bench.raw("\x05"), framed("\x61\x40"));
+  EXPECT_EQ(bench.command("101"), kAckAnswer);
+  EXPECT_EQ(bench.command("800TEXT"), kAckAnswer);
+  EXPECT_EQ(bench.raw("\x05"), framed("\x62\x40"));
+  EXPECT_EQ(bench.command("810END"), kAckAnswer);
+  EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40"));
+}
+
+TEST(Line, CommandsAreFoundInAnyPieces) {
+  struct Case {
+    const char* reason;
+    std::vector<std::string> pieces;
+    std::string answer;
+    int drawers;
+  };
+  const std::vector<Case> cases = {
+      {"whole", {"\x02w\x03t"}, "\x06", 1},
+      {"byte by byte", {"\x02", "w", "\x03", "t"}, "\x06", 1},
+      {"wrong check byte", {"\x02w\x03u"}, "\x15", 0},
+      {"two at once", {"\x02w\x03t\x02w\x03t"}, "\x06\x06", 2},
+      {"noise in front", {"abc\x02w\x03t"}, "\x06", 1},
+      {"begun anew", {"\x02xyz\x02w\x03t"}, "\x06", 1},
+      {"dropped by a status request", {"\x02wxy\x05"}, framed("`@"), 0},
+      {"nothing to acknowledge", {"\x06\x15\x04"}, "", 0},
+      {"endless block", {"\x02", std::string(5000, 'w'), "\x03t"}, "\x15", 0},
+  };
+  for (const Case& c : cases) {
+    Bench bench;
+    std::string answer;
+    for (const std::string& piece : c.pieces) {
+      answer += bench.raw(piece);
+    }
+    EXPECT_EQ(answer, c.answer) << c.reason;
+    EXPECT_EQ(bench.printer.machine().drawerOpenings, c.drawers) << c.reason;
+  }
+}
+
+TEST(Line, CheckByteMayBeAControlByte) {
+  Bench bench;
+  // 4 XOR 6 cancels in "46": the check byte would be ETX XOR 2 = 1; with "11" it is ETX itself.
+  EXPECT_EQ(checkByte("11\x03"), '\x03');
+  EXPECT_EQ(bench.raw("\x02"
+                      "11\x03\x03"),
+            kNakAnswer)
+      << "understood as a block, refused as a command";
+  EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40")) << "and nothing is left over";
+}
+
+std::string closures(Bench& bench, int count) {
+  for (int i = 0; i < count; ++i) {
+    if (bench.command("I0Z") != kAckAnswer) {
+      return "refused";
+    }
+  }
+  return "";
+}
+
+TEST(Line, FurtherBlocksWaitForTheHostsAck) {
+  Bench bench;
+  ASSERT_EQ(closures(bench, 3), "");
+  const std::string first = bench.command("U3A000001000003");
+  EXPECT_EQ(first.substr(0, 5),
+            "\x02"
+            "0001");
+  EXPECT_EQ(first.at(first.size() - 2), kEtb);
+  EXPECT_EQ(first.back(), checkByte(std::string_view(first).substr(1, first.size() - 2)));
+  const std::string second = bench.raw("\x06");
+  EXPECT_EQ(second.substr(0, 5),
+            "\x02"
+            "0002");
+  EXPECT_EQ(bench.raw("\x15"), second) << "refused, it comes again";
+  const std::string third = bench.raw("\x06");
+  EXPECT_EQ(third.at(third.size() - 2), kEtx);
+  EXPECT_EQ(bench.raw("\x06"), "") << "nothing follows the last";
+}
+
+TEST(Line, ANewMessageDropsTheBlocksThatWait) {
+  for (const std::string message : {"\x05", "\x04", "\x02w\x03t", "\x02w\x03u"}) {
+    Bench bench;
+    ASSERT_EQ(closures(bench, 2), "");
+    EXPECT_NE(bench.command("U3A000001000002"), kNakAnswer);
+    bench.raw(message);
+    EXPECT_EQ(bench.raw("\x06"), "") << readable(message);
+  }
+}
+
+TEST(Line, RangeWithoutClosuresIsRefused) {
+  Bench bench;
+  ASSERT_EQ(closures(bench, 1), "");
+  EXPECT_EQ(bench.command("U3A000002000009"), kNakAnswer);
+  EXPECT_EQ(bench.command("U3A00000100000"), kNakAnswer);
+}
+
+TEST(Replies, CountersInBothLayouts) {
+  const std::vector<std::string> day = {item("!", 10000, 1000, "A"),
+                                        "101",
+                                        item(" ", 500, 1000, "B"),
+                                        "101",
+                                        item("d0", 100, 1000, "C"),
+                                        "f01000000000000",
+                                        "810TEXT",
+                                        "500042"};
+  Configuration configuration;
+  configuration.lastInvoice = 700;
+  Bench longLayout(configuration);
+  ASSERT_EQ(longLayout.firstRefused(day), "");
+  EXPECT_EQ(longLayout.command("S1"),
+            framed("S142\n0000012100\n00000702\n00002\n00000000\n00000\n00000001\n00001\n"
+                   "00000001\n00001\n0000\n0000\nJ-12345678-9\nZ1F0000001\n103015\n260314"));
+
+  configuration.model = *modelNamed("short");
+  Bench shortLayout(configuration);
+  ASSERT_EQ(shortLayout.firstRefused(day), "");
+  ASSERT_EQ(shortLayout.firstRefused({"I0X", "I0Z"}), "");
+  EXPECT_EQ(shortLayout.command("S1"),
+            framed("S142\n0000000000\n00000702\n00000\n00000001\n00000\n0001\n0002\n"
+                   "J-12345678-9\nZ1F0000001\n260314\n103015\n00000001\n00000"));
+}
+
+TEST(Replies, RatesWithAndWithoutTheLevy) {
+  Configuration configuration;
+  configuration.rates[2] = *parsedRate("13100");
+  configuration.flags[21] = 30;
+  Bench five(configuration);
+  const std::string flags = std::string(42, '0') + "30" + std::string(84, '0');
+  EXPECT_EQ(five.command("S3"), framed("21600\n20800\n13100\n20300\n" + flags));
+  configuration.igtf.reset();
+  Bench four(configuration);
+  EXPECT_EQ(four.command("S3"), framed("21600\n20800\n13100\n" + flags));
+}
+
+TEST(Replies, ClosureHoldsTheDayAndANewDayBegins) {
+  Bench bench;
+  ASSERT_EQ(bench.firstRefused({item("!", 10000, 1000, "A"), item("\"", 5000, 1000, "B"),
+                                item(" ", 700, 1000, "C"), "101", item("d1", 1000, 1000, "D"),
+                                "f01000000000000", "I0Z", "I0Z"}),
+            "");
+  const std::string none = "\n0000000000";
+  const std::string head =
+      "\n260314\n103015\n00000001\n260314\n103015\n00000000\n00000001\n00000000";
+  const std::string seven = none + none + none + none + none + none + none;
+  EXPECT_EQ(
+      bench.command("U3A000001000001"),
+      framed("0001" + head + "\n0000000700\n0000010000\n0000001600\n0000005000\n0000000400" + none +
+             none + seven + none + "\n0000001000\n0000000160" + none + none + none + none));
+  EXPECT_EQ(bench.command("U3A000002000002"), framed("0002" + head + seven + seven + seven));
+}
+
+}  // namespace
+}  // namespace corvid::simulator

@@ -1,0 +1,211 @@
+#include "simulator/misbehaviour.h"
+
+#include "bench.h"
+#include "simulator/options.h"
+#include "simulator/outbox.h"
+#include "simulator/program.h"
+#include "simulator/steering.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace corvid::simulator {
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+
+const std::string kStatus = "\x02\x60\x40\x03\x23";
+
+struct SteeredBench : Bench {
+  // The program's answer to a line of steering.
+  std::string steer(std::string_view line) {
+    std::ostringstream out;
+    Steering(printer, out).obey(line);
+    return out.str();
+  }
+};
+
+TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
+  struct Case {
+    const char* steering;
+    std::string sent;
+    std::vector<std::string> answers;  // to the same bytes, again and again
+  };
+  const std::string drawer = "\x02w\x03t";
+  const std::vector<Case> cases = {
+      {"refuse 2", drawer, {"\x15", "\x15", "\x06"}},
+      {"refuse 1", "\x05", {kStatus, kStatus}},
+      {"silent 2", "\x05", {"", "", kStatus}},
+      {"lose 1", drawer, {"", "\x06"}},
+      {"enq-first 1", drawer, {"\x05\x06", "\x06"}},
+      {"end-eot 1", "\x05", {"\x02\x60\x40\x04\x24", kStatus}},
+      {"corrupt-check 1", "\x05", {"\x02\x60\x40\x03\x22", kStatus}},
+      {"corrupt-data 1 1", "\x05", {"\x02\x61\x40\x03\x23", kStatus}},
+      {"corrupt-data 1 99", "\x05", {"\x02\x60\x40\x03\x22", kStatus}},
+      {"noise 1 \\x00zz", drawer, {std::string("\0zz\x06", 4), "\x06"}},
+  };
+  for (const Case& c : cases) {
+    SteeredBench bench;
+    EXPECT_EQ(bench.steer(c.steering), "ok\n");
+    for (const std::string& answer : c.answers) {
+      EXPECT_EQ(bench.raw(c.sent), answer) << c.steering;
+    }
+  }
+}
+
+TEST(Misbehaviour, RefusedAndUnheardCommandsDoNothingButLostAnswersDo) {
+  for (const auto& [steering, drawers] :
+       {std::pair{"refuse on", 0}, std::pair{"silent on", 0}, std::pair{"lose on", 1}}) {
+    SteeredBench bench;
+    bench.steer(steering);
+    bench.command("w");
+    EXPECT_EQ(bench.printer.machine().drawerOpenings, drawers) << steering;
+    bench.steer("reset");
+    EXPECT_EQ(bench.command("w"), kAckAnswer) << steering;
+  }
+}
+
+std::vector<std::string> pieces(const std::vector<Chunk>& chunks) {
+  std::vector<std::string> bytes;
+  bytes.reserve(chunks.size());
+  for (const Chunk& chunk : chunks) {
+    bytes.push_back(chunk.bytes);
+  }
+  return bytes;
+}
+
+TEST(Misbehaviour, AnswersComeInPiecesWithGaps) {
+  SteeredBench bench;
+  bench.steer("bytewise 1 7");
+  const auto bytes = bench.printer.receive("\x05");
+  ASSERT_EQ(pieces(bytes), (std::vector<std::string>{"\x02", "\x60", "\x40", "\x03", "\x23"}));
+  EXPECT_EQ(bytes[0].gap, milliseconds(0));
+  EXPECT_EQ(bytes[4].gap, milliseconds(7));
+
+  bench.steer("split 2 4 30");
+  const auto halves = bench.printer.receive("\x05");
+  ASSERT_EQ(pieces(halves), (std::vector<std::string>{"\x02\x60\x40\x03", "\x23"}));
+  EXPECT_EQ(halves[1].gap, milliseconds(30));
+  bench.steer("split 1 99");
+  EXPECT_EQ(pieces(bench.printer.receive("\x05")),
+            (std::vector<std::string>{"\x02\x60\x40\x03", "\x23"}));
+}
+
+TEST(Misbehaviour, PacingCountsElevenBitsAByte) {
+  SteeredBench bench;
+  bench.steer("baud 1100");
+  microseconds total{0};
+  for (const Chunk& chunk : bench.printer.receive("\x05")) {
+    EXPECT_EQ(chunk.bytes.size(), 1U);
+    total += chunk.gap;
+  }
+  EXPECT_EQ(total, milliseconds(50)) << "five bytes at a hundred bytes a second";
+}
+
+TEST(Misbehaviour, ToldAnswersReplaceWhatThePrinterKnows) {
+  SteeredBench bench;
+  EXPECT_EQ(bench.steer("answer U3A A\\nB"), "ok\n");
+  EXPECT_EQ(bench.steer("more U3A C"), "ok\n");
+  EXPECT_EQ(bench.steer("answer U3A9 nine"), "ok\n");
+  EXPECT_EQ(bench.command("U3A000001000002"), framed("A\nB", kEtb));
+  EXPECT_EQ(bench.raw("\x06"), framed("C"));
+  EXPECT_EQ(bench.command("U3A9"), framed("nine")) << "the longer prefix counts";
+  EXPECT_EQ(bench.steer("answer U3A"), "ok\n");
+  EXPECT_EQ(bench.command("U3A000001000002"), kNakAnswer);
+}
+
+TEST(Steering, SaysWhatItDidNotUnderstand) {
+  SteeredBench bench;
+  EXPECT_EQ(bench.steer("dance"), "error: unknown command\n");
+  for (const char* line :
+       {"refuse", "refuse x", "refuse -1", "refuse 1 2", "split 1 x", "noise 1 \\q", "error 128",
+        "memory-full perhaps", "baud fast", "more", "answer \\q text"}) {
+    EXPECT_EQ(bench.steer(line), "error: arguments not understood\n") << line;
+  }
+}
+
+TEST(Steering, ShowsPaperAndState) {
+  SteeredBench bench;
+  bench.command("810HOLA");
+  EXPECT_NE(bench.steer("paper").find("\nHOLA\n"), std::string::npos);
+  bench.steer("error 65");
+  EXPECT_EQ(bench.steer("state\r"), "status 96 65\ndrawer 0\ninvoice 0\nok\n");
+}
+
+TEST(Program, ObeysWholeLinesOfInputUntilQuit) {
+  std::ostringstream out;
+  Program program({}, out);
+  EXPECT_TRUE(program.steer("sta"));
+  EXPECT_EQ(out.str(), "");
+  EXPECT_TRUE(program.steer("te\nrefuse 1\nbau"));
+  EXPECT_FALSE(program.steer("d 0\nquit\nstate\n"));
+  EXPECT_EQ(out.str(), "status 96 64\ndrawer 0\ninvoice 0\nok\nok\nok\nok\n");
+}
+
+TEST(Program, WireLinesShowBytesTwice) {
+  EXPECT_EQ(wireLine(Printer::Direction::FromHost, "\x02w\x03t"), "> [STX]w[ETX]t\t02 77 03 74");
+  EXPECT_EQ(wireLine(Printer::Direction::ToHost, "\x06"), "< [ACK]\t06");
+}
+
+TEST(Program, WireShowsEachMessageWhole) {
+  SteeredBench bench;
+  std::string wire;
+  bench.printer.onWire([&](Printer::Direction direction, std::string_view bytes) {
+    wire += wireLine(direction, bytes) + "\n";
+  });
+  bench.steer("bytewise on");
+  bench.raw("\x05");
+  bench.steer("silent on");
+  bench.raw("\x02w");
+  bench.raw("\x03u");
+  EXPECT_EQ(wire, "> [ENQ]\t05\n< [STX]`@[ETX]#\t02 60 40 03 23\n> [STX]w[ETX]u\t02 77 03 75\n");
+}
+
+TEST(Options, AreReadOrRefusedWithTheirName) {
+  const ParsedOptions good =
+      parsedOptions({"--pty",          "link",     "--rates",   "11600,20800,23100",
+                     "--igtf",         "none",     "--flag",    "21=30",
+                     "--flag",         "63=7",     "--cashier", "9",
+                     "--model",        "short",    "--clock",   "2026-03-14 10:30:15",
+                     "--do",           "refuse 1", "--do",      "baud 9600",
+                     "--last-invoice", "41"});
+  EXPECT_EQ(good.error, "");
+  EXPECT_EQ(good.options.pty, "link");
+  EXPECT_TRUE(good.options.configuration.rates[0].isIncluded);
+  EXPECT_FALSE(good.options.configuration.igtf);
+  EXPECT_EQ(good.options.configuration.flags[21], 30);
+  EXPECT_EQ(good.options.configuration.flags[63], 7);
+  EXPECT_EQ(good.options.configuration.model.counters, CountersLayout::Short);
+  EXPECT_EQ(good.options.configuration.lastInvoice, 41);
+  EXPECT_EQ(good.options.clock->minute, 30);
+  EXPECT_EQ(good.options.steering, (std::vector<std::string>{"refuse 1", "baud 9600"}));
+
+  EXPECT_EQ(parsedOptions({"--dance", "1"}).error, "unknown option --dance");
+  EXPECT_EQ(parsedOptions({"--serial"}).error, "--serial needs a value");
+  using Pair = std::pair<const char*, const char*>;
+  for (const auto& [name, value] :
+       {Pair{"--rates", "21600,20800"}, Pair{"--rates", "21600,20800,23100,2"},
+        Pair{"--rates", "31600,20800,23100"}, Pair{"--flag", "64=1"}, Pair{"--flag", "21"},
+        Pair{"--cashier", "100"}, Pair{"--cashier", "-1"}, Pair{"--model", "none"},
+        Pair{"--clock", "noon"}, Pair{"--igtf", "2"}}) {
+    EXPECT_EQ(parsedOptions({name, value}).error,
+              std::string("bad value for ") + name + ": " + value);
+  }
+}
+
+TEST(Outbox, HoldsEachPieceUntilItsTime) {
+  Outbox outbox;
+  const Moment start{};
+  outbox.add({{milliseconds(0), "a"}, {milliseconds(10), "b"}}, start);
+  outbox.add({{milliseconds(5), "c"}}, start + milliseconds(1));
+  EXPECT_EQ(outbox.takeDue(start + milliseconds(1)), "a");
+  EXPECT_EQ(outbox.nextDue(), start + milliseconds(10));
+  EXPECT_EQ(outbox.takeDue(start + milliseconds(9)), "");
+  EXPECT_EQ(outbox.takeDue(start + milliseconds(15)), "bc") << "a later answer waits its turn";
+  EXPECT_EQ(outbox.nextDue(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace corvid::simulator
