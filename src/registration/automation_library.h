@@ -1,0 +1,34 @@
+// The composition root: makes the Windows half of every seam and the one library of the process.
+#pragma once
+
+#include <memory>
+
+namespace corvid {
+
+class Library;
+class StatusSource;
+
+// Process-wide, made when the first object needs it; never while the module is being loaded.
+class AutomationLibrary {
+ public:
+  // Throws what construction throws.
+  static AutomationLibrary& instance();
+  // Drops the one that is there, with all process-wide state. No object may be alive.
+  static void discard() noexcept;
+
+  AutomationLibrary();
+  AutomationLibrary(const AutomationLibrary&) = delete;
+  AutomationLibrary& operator=(const AutomationLibrary&) = delete;
+  AutomationLibrary(AutomationLibrary&&) = delete;
+  AutomationLibrary& operator=(AutomationLibrary&&) = delete;
+  ~AutomationLibrary();
+
+  [[nodiscard]] Library& library();
+  [[nodiscard]] StatusSource& statusSource();
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace corvid

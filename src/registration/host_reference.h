@@ -1,0 +1,20 @@
+// Variables of the host that a call may read and write.
+#pragma once
+
+#include "registration/platform.h"
+#include "registration/variant.h"
+
+namespace corvid {
+
+// The host's value as one of the given type (VT_VARIANT: as it is, without references), texts by
+// the user's locale. Null is an empty text.
+[[nodiscard]] HRESULT convertFromHost(const VARIANT& value, VARTYPE type, Variant& converted);
+
+// A reference to what the value holds, or, for VT_VARIANT, to the value itself.
+[[nodiscard]] VARIANT referenceTo(Variant& value, VARTYPE type) noexcept;
+
+// Writes through the host's reference, converted to the kind of the variable behind it. A value
+// that is no reference has no variable, and nothing happens.
+[[nodiscard]] HRESULT assignToHost(VARIANT& reference, Variant& value);
+
+}  // namespace corvid

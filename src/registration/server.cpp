@@ -1,0 +1,29 @@
+#include "registration/server.h"
+
+#include "registration/automation_library.h"
+#include "registration/class_factory.h"
+#include "registration/com_ptr.h"
+#include "registration/module.h"
+#include "registration/self_registration.h"
+
+#include <new>
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  const corvid::PublicClass* found = corvid::findPublicClass(classId);
+  if (!found) return CLASS_E_CLASSNOTAVAILABLE;
+  const auto factory =
+      corvid::ComPtr<IClassFactory>::adopt(new (std::nothrow) corvid::ClassFactory(*found));
+  return factory ? factory->QueryInterface(id, object) : E_OUTOFMEMORY;
+}
+
+STDAPI DllCanUnloadNow() {
+  if (corvid::ModuleCount::value() != 0) return S_FALSE;
+  corvid::AutomationLibrary::discard();
+  return S_OK;
+}
+
+STDAPI DllRegisterServer() { return corvid::registerServer(); }
+
+STDAPI DllUnregisterServer() { return corvid::unregisterServer(); }
