@@ -115,9 +115,10 @@ TEST(Replies, CountersInBothLayouts) {
   configuration.lastInvoice = 700;
   Bench longLayout(configuration);
   ASSERT_EQ(longLayout.firstRefused(day), "");
+  ASSERT_EQ(longLayout.firstRefused({"810TEXT", "I0X"}), "");
   EXPECT_EQ(longLayout.command("S1"),
             framed("S142\n0000012100\n00000702\n00002\n00000000\n00000\n00000001\n00001\n"
-                   "00000001\n00001\n0000\n0000\nJ-12345678-9\nZ1F0000001\n103015\n260314"));
+                   "00000002\n00002\n0001\n0000\nJ-12345678-9\nZ1F0000001\n103015\n260314"));
 
   configuration.model = *modelNamed("short");
   Bench shortLayout(configuration);
