@@ -2,6 +2,7 @@
 
 #include "basic/format.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>

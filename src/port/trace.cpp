@@ -4,7 +4,6 @@
 #include "basic/text.h"
 
 #include <cstdint>
-#include <exception>
 #include <filesystem>
 #include <fstream>
 
@@ -29,8 +28,8 @@ void TraceLog::Trace(std::wstring_view message) noexcept {
     } else {
       appendToFile(message);
     }
-  } catch (const std::exception&) {
-    return;
+  } catch (...) {
+    return;  // whatever it is, a host must not learn of it
   }
 }
 

@@ -1,0 +1,89 @@
+// Where a setting comes from, and what its text is worth.
+#include "port/settings.h"
+
+#include "support/world.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid {
+namespace {
+
+struct SettingsBench {
+  World world;
+  Settings settings{world.settings, world.store};
+};
+
+TEST(SettingText, FileWinsOverTheStoreAndAnEmptyEntryIsNone) {
+  SettingsBench bench;
+  const Settings& settings = bench.settings;
+  EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"default");
+  bench.world.settings.setInStore(L"S", L"k", L"store");
+  EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"store");
+  bench.world.settings.set(L"S", L"k", L"file");
+  EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"file");
+  bench.world.settings.set(L"S", L"k", L"");
+  EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"store") << "nothing is cached";
+  bench.world.settings.setInStore(L"S", L"k", L"");
+  EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"") << "an empty text is one there";
+}
+
+TEST(SettingText, ApplicationNamesTheFileAndThePlaceInTheStore) {
+  SettingsBench bench;
+  bench.world.settings.set(L"General", L"DataDir", L"library's");
+  bench.world.settings.setInStore(L"General", L"DataDir", L"library's");
+  EXPECT_EQ(bench.settings.text(L"Halewood", L"General", L"DataDir", L"none"), L"none");
+}
+
+struct BooleanCase {
+  std::wstring text;
+  bool ofTrue;   // with default True
+  bool ofFalse;  // with default False
+};
+
+TEST(SettingBoolean, IsAWordANumberOrTheDefault) {
+  const BooleanCase cases[] = {
+      {L"True", true, true}, {L"false", false, false}, {L"-1", true, true}, {L"0", false, false},
+      {L"0.5", true, true},  {L"abc", true, false},    {L"", true, false},  {L"yes", true, false},
+  };
+  for (const BooleanCase& item : cases) {
+    SettingsBench bench;
+    bench.world.settings.set(L"S", L"k", item.text);
+    const std::string words = testing::PrintToString(item.text);
+    EXPECT_EQ(bench.settings.boolean(L"ORV", L"S", L"k", true), item.ofTrue) << words;
+    EXPECT_EQ(bench.settings.boolean(L"ORV", L"S", L"k", false), item.ofFalse) << words;
+  }
+}
+
+struct NumberCase {
+  std::wstring text;
+  std::int64_t units;
+  const char* reason;
+};
+
+TEST(SettingNumber, IsTheLeadingNumberWithEitherSeparator) {
+  constexpr std::int64_t kDefault = 12345;  // 1.2345
+  const NumberCase cases[] = {
+      {L"7,5", 75000, "comma"},
+      {L"7.5", 75000, "point"},
+      {L"1,5,3", 15000, "the second separator ends it"},
+      {L"1.234,5", 12340, "no grouping"},
+      {L"-0,25 s", -2500, "what follows does not matter"},
+      {L"0", 0, "zero is a number"},
+      {L"2.00005", 20000, "half to even at the fourth decimal"},
+      {L"abc", kDefault, "no number leads"},
+      {L"", kDefault, "no setting"},
+      {L"922337203685478", kDefault, "beyond the type"},
+      {L"1E400", kDefault, "beyond every type"},
+      {L"-922337203685477", -9223372036854770000, "near its lower end"},
+  };
+  for (const NumberCase& item : cases) {
+    SettingsBench bench;
+    bench.world.settings.set(L"S", L"k", item.text);
+    const Currency number =
+        bench.settings.number(L"ORV", L"S", L"k", Currency::fromUnits(kDefault));
+    EXPECT_EQ(number.units(), item.units) << item.reason;
+  }
+}
+
+}  // namespace
+}  // namespace corvid
