@@ -29,7 +29,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** obj
   ComPtr<IUnknown> created;
   const HRESULT result =
       guarded(IID_IClassFactory, [&] { created = ComPtr<IUnknown>::adopt(made_.create()); });
-  return FAILED(result) ? result : created->QueryInterface(id, object);
+  return created ? created->QueryInterface(id, object) : result;
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
