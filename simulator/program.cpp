@@ -2,6 +2,7 @@
 
 #include "simulator/bytes.h"
 
+#include <sstream>
 #include <stdexcept>
 
 namespace corvid::simulator {
@@ -21,6 +22,15 @@ void open(std::ofstream& file, const std::string& name) {
   }
 }
 
+// Says nothing: the first line that a harness reads is that the line is open.
+void obeyAtStart(Printer& printer, const std::string& line) {
+  std::ostringstream answer;
+  Steering(printer, answer).obey(line);
+  if (answer.str().starts_with("error")) {
+    throw std::runtime_error("--do " + line + ": " + answer.str());
+  }
+}
+
 }  // namespace
 
 Program::Program(const Options& options, std::ostream& out)
@@ -37,7 +47,7 @@ Program::Program(const Options& options, std::ostream& out)
     });
   }
   for (const std::string& line : options.steering) {
-    steering_.obey(line);
+    obeyAtStart(printer_, line);
   }
 }
 

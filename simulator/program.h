@@ -15,8 +15,8 @@ namespace corvid::simulator {
 
 class Program {
  public:
-  // Opens the files that the options name, and obeys their lines. std::runtime_error for a file
-  // that does not open.
+  // Opens the files that the options name, and obeys their lines without an answer.
+  // std::runtime_error for a file that does not open or a line that is not understood.
   Program(const Options& options, std::ostream& out);
   // The printer's listeners point into the program.
   Program(const Program&) = delete;

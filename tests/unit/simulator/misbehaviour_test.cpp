@@ -144,6 +144,17 @@ TEST(Program, ObeysWholeLinesOfInputUntilQuit) {
   EXPECT_EQ(out.str(), "status 96 64\ndrawer 0\ninvoice 0\nok\nok\nok\nok\n");
 }
 
+TEST(Program, ObeysLinesOfItsOptionsWithoutAWord) {
+  std::ostringstream out;
+  Options options;
+  options.steering = {"refuse 1"};
+  Program program(options, out);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(program.receive("\x02w\x03t").front().bytes, kNakAnswer);
+  options.steering = {"dance"};
+  EXPECT_THROW(Program(options, out), std::runtime_error);
+}
+
 TEST(Program, WireLinesShowBytesTwice) {
   EXPECT_EQ(wireLine(Printer::Direction::FromHost, "\x02w\x03t"), "> [STX]w[ETX]t\t02 77 03 74");
   EXPECT_EQ(wireLine(Printer::Direction::ToHost, "\x06"), "< [ACK]\t06");
