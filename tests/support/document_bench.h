@@ -83,7 +83,7 @@ class DocumentBench {
   [[nodiscard]] std::vector<std::string> commands() const {
     std::vector<std::string> result = printer_.commands;
     std::erase(result, "S3");
-    result.erase(std::ranges::unique(result).begin(), result.end());
+    result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;
   }
 

@@ -40,6 +40,7 @@ const Case kCases[] = {
      "no grouping, half away from zero"},
     {[](S& s) { return CerrarComprobante(s, money(0)); }, "101", "without an amount"},
     {[](S& s) { return CerrarComprobante(s, money(100)); }, "201000000010000", "with an amount"},
+    {[](S& s) { return CerrarComprobante(s, money(-1)); }, "201-000000000100", "below zero"},
     {[](S& s) { return CerrarConMedio(s, number(3), money(100)); }, "203000000010000", "means 3"},
     {[](S& s) { return CerrarConMedio(s, number(3), money(0)); }, "203000000000000",
      "nothing paid"},
