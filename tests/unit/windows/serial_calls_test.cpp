@@ -1,0 +1,87 @@
+// The system's serial calls where no device is needed.
+#include "windows/serial_calls.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+
+namespace corvid {
+namespace {
+
+TEST(SerialCalls, PortThatDoesNotExistTellsWhy) {
+  WindowsSerialCalls calls;
+  EXPECT_EQ(calls.createFile(L"\\\\.\\COM98"), kInvalidSerialHandle);
+  EXPECT_EQ(calls.lastError(), static_cast<std::uint32_t>(ERROR_FILE_NOT_FOUND));
+  const std::wstring message = calls.errorMessage(calls.lastError());
+  ASSERT_FALSE(message.empty());
+  EXPECT_EQ(message.find_first_of(L"\r\n"), std::wstring::npos) << "no line break at its end";
+}
+
+TEST(SerialCalls, LastErrorIsThatOfTheCallAndNotOfTheThread) {
+  WindowsSerialCalls calls;
+  SerialQueue queue;
+  EXPECT_FALSE(calls.clearCommError(kInvalidSerialHandle, queue));
+  SetLastError(ERROR_ACCESS_DENIED);
+  EXPECT_EQ(calls.lastError(), static_cast<std::uint32_t>(ERROR_INVALID_HANDLE));
+}
+
+TEST(SerialCalls, EveryCallFailsOnAnInvalidHandle) {
+  WindowsSerialCalls calls;
+  DeviceControlBlock block;
+  std::uint32_t count = 7;
+  char buffer[4];
+  EXPECT_FALSE(calls.setupComm(kInvalidSerialHandle, 1, 1));
+  EXPECT_FALSE(calls.purgeComm(kInvalidSerialHandle, 15));
+  EXPECT_FALSE(calls.setCommTimeouts(kInvalidSerialHandle, {}));
+  EXPECT_FALSE(calls.getCommState(kInvalidSerialHandle, block));
+  EXPECT_FALSE(calls.setCommState(kInvalidSerialHandle, block));
+  EXPECT_FALSE(calls.readFile(kInvalidSerialHandle, buffer, sizeof(buffer), count));
+  EXPECT_EQ(count, 0U);
+  EXPECT_FALSE(calls.writeFile(kInvalidSerialHandle, "x", count));
+  EXPECT_FALSE(calls.getCommModemStatus(kInvalidSerialHandle, count));
+  EXPECT_FALSE(calls.escapeCommFunction(kInvalidSerialHandle, SETDTR));
+}
+
+TEST(SerialCalls, SettingsTextFillsTheBlock) {
+  WindowsSerialCalls calls;
+  DCB before{};
+  before.DCBlength = sizeof(DCB);
+  before.XonLim = 77;
+  auto block = std::bit_cast<DeviceControlBlock>(before);
+  ASSERT_TRUE(calls.buildCommDcb(L"baud=9600 parity=E data=8 stop=1", block));
+  const DCB after = std::bit_cast<DCB>(block);
+  EXPECT_EQ(after.BaudRate, 9600U);
+  EXPECT_EQ(after.Parity, EVENPARITY);
+  EXPECT_EQ(after.ByteSize, 8);
+  EXPECT_EQ(after.StopBits, ONESTOPBIT);
+  EXPECT_EQ(after.XonLim, 77) << "what the text does not name stays";
+  EXPECT_FALSE(calls.buildCommDcb(L"baud=9600 parity=Q", block));
+  EXPECT_NE(calls.lastError(), 0U);
+}
+
+// A file stands in for the device: reads and writes meet the system for real.
+TEST(SerialCalls, ReadAndWriteReportWhatTheyMoved) {
+  wchar_t folder[MAX_PATH];
+  wchar_t path[MAX_PATH];
+  ASSERT_NE(GetTempPathW(MAX_PATH, folder), 0U);
+  ASSERT_NE(GetTempFileNameW(folder, L"crv", 0, path), 0U);
+  WindowsSerialCalls calls;
+  SerialHandle handle = calls.createFile(path);
+  ASSERT_NE(handle, kInvalidSerialHandle);
+  EXPECT_EQ(calls.createFile(path), kInvalidSerialHandle) << "not shared";
+  std::uint32_t count = 0;
+  EXPECT_TRUE(calls.writeFile(handle, std::string("a\0b", 3), count));
+  EXPECT_EQ(count, 3U);
+  EXPECT_EQ(calls.lastError(), 0U);
+  char buffer[8] = {};
+  EXPECT_TRUE(calls.readFile(handle, buffer, sizeof(buffer), count));
+  EXPECT_EQ(std::string(buffer, count), std::string("a\0b", 3));
+  EXPECT_TRUE(calls.getOverlappedResult(handle, count));
+  EXPECT_EQ(count, 3U);
+  EXPECT_TRUE(calls.closeHandle(handle));
+  EXPECT_FALSE(calls.closeHandle(handle));
+  DeleteFileW(path);
+}
+
+}  // namespace
+}  // namespace corvid

@@ -1,0 +1,118 @@
+// Settings as the registry and initialisation files really hold them.
+#include "windows/settings_sources.h"
+
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+const std::wstring kApplication = L"CorvidUnitTest";
+const std::wstring kPlace = L"Software\\VB and VBA Program Settings\\" + kApplication;
+
+// An application's keys in the store, for the length of a test.
+class StoredKeys {
+ public:
+  StoredKeys() { RegDeleteTreeW(HKEY_CURRENT_USER, kPlace.c_str()); }
+  StoredKeys(const StoredKeys&) = delete;
+  StoredKeys& operator=(const StoredKeys&) = delete;
+  ~StoredKeys() { RegDeleteTreeW(HKEY_CURRENT_USER, kPlace.c_str()); }
+
+  static void put(const std::wstring& section, const std::wstring& key, DWORD type,
+                  const std::wstring& data) {
+    const std::wstring path = kPlace + L"\\" + section;
+    const auto size = static_cast<DWORD>(data.size() * sizeof(wchar_t));
+    ASSERT_EQ(
+        RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), key.c_str(), type, data.data(), size),
+        ERROR_SUCCESS);
+  }
+  static void putText(const std::wstring& section, const std::wstring& key,
+                      const std::wstring& text) {
+    put(section, key, REG_SZ, std::wstring(text.c_str(), text.size() + 1));
+  }
+};
+
+std::optional<std::wstring> stored(const std::wstring& section, const std::wstring& key) {
+  return WindowsUserSettings().read(kApplication, section, key);
+}
+
+TEST(UserStore, FindsTextsByNamesWithoutCase) {
+  const StoredKeys keys;
+  keys.putText(L"Config\\NimbusPF\\Tasas", L"0", L"16");
+  keys.putText(L"General", L"Empty", L"");
+  EXPECT_EQ(stored(L"Config\\NimbusPF\\Tasas", L"0"), L"16");
+  EXPECT_EQ(stored(L"CONFIG\\nimbuspf\\TASAS", L"0"), L"16");
+  EXPECT_EQ(stored(L"general", L"EMPTY"), L"") << "an empty text is one";
+  EXPECT_EQ(stored(L"General", L"None"), std::nullopt);
+  EXPECT_EQ(stored(L"None", L"Empty"), std::nullopt);
+}
+
+TEST(UserStore, TextsOfAnyLengthComeWhole) {
+  const StoredKeys keys;
+  for (const std::size_t length : {511U, 512U, 513U, 20000U}) {
+    keys.putText(L"S", L"k", std::wstring(length, L'\u00D1'));
+    EXPECT_EQ(stored(L"S", L"k"), std::wstring(length, L'\u00D1'));
+  }
+}
+
+TEST(UserStore, TextStoredWithoutItsEndIsReadSafely) {
+  const StoredKeys keys;
+  keys.put(L"S", L"k", REG_SZ, std::wstring(512, L'x'));
+  EXPECT_EQ(stored(L"S", L"k"), std::wstring(512, L'x'));
+}
+
+TEST(UserStore, OtherTypesAreNone) {
+  const StoredKeys keys;
+  keys.put(L"S", L"number", REG_DWORD, std::wstring(L"\1\0", 2));
+  keys.put(L"S", L"variables", REG_EXPAND_SZ, std::wstring(L"%PATH%\0", 7));
+  keys.put(L"S", L"bytes", REG_BINARY, L"ab");
+  EXPECT_EQ(stored(L"S", L"number"), std::nullopt);
+  EXPECT_EQ(stored(L"S", L"variables"), std::nullopt);
+  EXPECT_EQ(stored(L"S", L"bytes"), std::nullopt);
+}
+
+// The process stands in a folder of its own meanwhile.
+class StandingFolder {
+ public:
+  StandingFolder() { std::filesystem::current_path(folder_.path()); }
+  StandingFolder(const StandingFolder&) = delete;
+  StandingFolder& operator=(const StandingFolder&) = delete;
+  ~StandingFolder() { std::filesystem::current_path(before_); }
+
+  void write(const wchar_t* name, const std::string& bytes) const {
+    std::ofstream(folder_.path() / name, std::ios::binary) << bytes;
+  }
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
+  TempFolder folder_;
+};
+
+TEST(InitializationFiles, AreReadFromTheCurrentDirectory) {
+  const StandingFolder folder;
+  folder.write(L"ORV.ini",
+               "[Config\\NimbusPF]\r\nTimeOut=7,5\r\nEmpty=\r\nName = Pe\xF1"
+               "a \r\n");
+  WindowsInitializationFile file(windows1252());
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"TimeOut"), L"7,5");
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"CONFIG\\nimbuspf", L"TIMEOUT"), L"7,5");
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"Empty"), L"");
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"None"), L"");
+  EXPECT_EQ(file.read(L".\\None.ini", L"Config\\NimbusPF", L"TimeOut"), L"");
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"Name"), L"Pe\u00F1a");
+}
+
+TEST(InitializationFiles, LongEntriesAreCut) {
+  const StandingFolder folder;
+  folder.write(L"ORV.ini", "[S]\r\nk=" + std::string(2000, 'x') + "\r\n");
+  WindowsInitializationFile file(windows1252());
+  EXPECT_EQ(file.read(L".\\ORV.ini", L"S", L"k"), std::wstring(1023, L'x'));
+}
+
+}  // namespace
+}  // namespace corvid
