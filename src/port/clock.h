@@ -10,6 +10,8 @@ class Clock {
   virtual ~Clock() = default;
   // Seconds since local midnight, in single precision; starts again from 0 at midnight.
   [[nodiscard]] virtual float secondsSinceMidnight() = 0;
+  // Seconds since some fixed moment, to a millisecond or better; never jumps.
+  [[nodiscard]] virtual double monotonicSeconds() = 0;
   // The local date and time.
   [[nodiscard]] virtual Date now() = 0;
   // Gives up the processor for about a millisecond.

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "basic/code_page.h"
+#include "port/clock.h"
 #include "port/host.h"
 #include "port/port_dump.h"
 #include "port/serial_calls.h"
+#include "port/settings.h"
 
 #include <array>
 #include <cstdint>
@@ -25,13 +27,25 @@ struct CommError {
   std::wstring description;
 };
 
+// What the port layer needs of the world around it; all outlive it.
+struct PortSurroundings {
+  SerialCalls& calls;
+  HostYield& host;
+  const Settings& settings;
+  Clock& clock;
+  PortDump& dump;
+  const CodePage& codePage;
+};
+
+// How long a read may go on while bytes keep coming; only immediate reads look at it.
+constexpr double kUnlimitedPatience = 1e9;
+
 // Every member raises subscript out of range (9) for a port outside 1 to 99; no other failure is
 // raised: it is returned, and kept in the process-wide error record. Texts are characters of the
 // system's code page, one byte each.
 class modCOMM {
  public:
-  modCOMM(SerialCalls& calls, HostYield& host, PortDump& dump, const CodePage& codePage)
-      : calls_(calls), host_(host), dump_(dump), codePage_(codePage) {}
+  explicit modCOMM(const PortSurroundings& surroundings) : around_(surroundings) {}
 
   // 0, or the error number (-1 with "Port in use." when the record is already open). A failure
   // behind CreateFile leaves the record open, to be closed by CommClose. Opens the port dump.
@@ -40,7 +54,16 @@ class modCOMM {
   std::int32_t CommClose(std::int16_t port);
   // The count of bytes read into data, 0 at once when none is waiting, -1 on failure. Asks for at
   // most 4096 bytes, and for at least `size` within that; yields once to the host first.
-  std::int32_t CommRead(std::int16_t port, std::wstring& data, std::int32_t size);
+  //
+  // With the setting "LecturaInmediata" (section "Config\ModComm", read by CommOpen) it does not
+  // wait out the port's read time-out: it takes exactly what is waiting and gathers until the
+  // answer is whole, the line has been quiet for 60 ms, 4096 bytes are there, or `patience`
+  // (seconds) is over.
+  std::int32_t CommRead(std::int16_t port, std::wstring& data, std::int32_t size,
+                        double patience = kUnlimitedPatience);
+  // Takes off the line what is waiting, so that a late answer is not read as the next one's, and
+  // returns it. Without "LecturaInmediata" it does nothing.
+  std::wstring CommDiscard(std::int16_t port);
   // The count of bytes written, or -1. Yields once to the host behind the write.
   std::int32_t CommWrite(std::int16_t port, std::wstring_view data);
   // state: whether any of the mask's modem status bits is set.
@@ -58,6 +81,7 @@ class modCOMM {
   struct Record {
     SerialHandle handle = kInvalidSerialHandle;
     bool open = false;
+    bool readsImmediately = false;
     DeviceControlBlock block;
   };
 
@@ -67,18 +91,17 @@ class modCOMM {
   std::int32_t configure(Record& record, const std::wstring& settings);
   std::int32_t applySettings(Record& record, const std::wstring& settings,
                              const std::wstring& operation);
+  bool countWaiting(const Record& record, std::uint32_t& waiting);
+  bool readOnce(const Record& record, std::uint32_t size, std::string& bytes);
+  bool readWaiting(const Record& record, std::uint32_t size, std::string& bytes);
+  bool gather(const Record& record, double patience, std::string& bytes);
   bool awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
-                     std::uint32_t& count);
-  bool awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
-                     std::uint32_t& count, std::uint32_t error);
+                     std::uint32_t error, std::uint32_t& count);
   std::uint32_t lastErrorNumber();
   std::int32_t fail(const std::wstring& source);
   void failTransfer(const Record& record, const std::wstring& source, std::uint32_t error);
 
-  SerialCalls& calls_;
-  HostYield& host_;
-  PortDump& dump_;
-  const CodePage& codePage_;
+  PortSurroundings around_;
   std::array<Record, kHighestPort> records_;
   CommError lastError_;
 };

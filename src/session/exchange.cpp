@@ -211,7 +211,8 @@ Exchange::Wait Exchange::collectReply() {
       return Wait::PortGone;
     }
     std::wstring chunk;
-    const bool came = library_.comm().CommRead(state_.port, chunk, kReadSize) > 0;
+    const double patience = state_.timeOut - (clock.secondsSinceMidnight() - start);
+    const bool came = library_.comm().CommRead(state_.port, chunk, kReadSize, patience) > 0;
     if (came) {
       const Chunk kind = takeChunk(chunk);
       if (kind == Chunk::Nak) return Wait::Nak;
@@ -258,7 +259,8 @@ Exchange::Chunk Exchange::takeChunk(std::wstring chunk) {
 void Exchange::dropStatusRequests(std::wstring& chunk) {
   while (startsWith(chunk, ENQ)) {
     trace(L" <- ENQ");
-    if (hasPort()) write(std::wstring(1, ACK));
+    // Not by write: behind an ENQ the answer itself may be waiting already.
+    if (hasPort()) library_.comm().CommWrite(state_.port, std::wstring(1, ACK));
     trace(L" -> ACK");
     chunk.erase(0, 1);
   }
@@ -279,6 +281,8 @@ void Exchange::appendToResult(std::wstring chunk) {
 // the number that a failed Abrir left.
 std::int32_t Exchange::write(const std::wstring& data) {
   if (!hasPort()) throw subscriptOutOfRange();
+  const std::wstring late = library_.comm().CommDiscard(state_.port);
+  if (!late.empty()) trace(L"Discarded: <-" + EscapeString(late));
   return library_.comm().CommWrite(state_.port, data);
 }
 

@@ -1,23 +1,11 @@
-// Control bytes, outcome classes and printer variants, with their published names and values.
+// Outcome classes, printer variants and the shape of a reply.
 #pragma once
+
+#include "basic/control_bytes.h"
 
 #include <cstdint>
 
 namespace corvid {
-
-// Control bytes of the wire protocol. A plain enum, because the reply flag that a host sees and
-// sets is any 32-bit number.
-enum controlValues : std::int32_t {
-  STX = 2,
-  ETX = 3,
-  EOT = 4,
-  ENQ = 5,
-  ACK = 6,
-  NAK = 21,
-  ETB = 23,
-  RS = 30,
-  US = 31,
-};
 
 // Outcome classes of an exchange.
 enum pfErrors : std::int32_t { pfOk = 0, pfCommError = 1, pfPrinterError = 2, pfClientError = 3 };

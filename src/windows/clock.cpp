@@ -11,6 +11,14 @@ float WindowsClock::secondsSinceMidnight() {
   return static_cast<float>(seconds + (time.wMilliseconds / 1000.0));
 }
 
+double WindowsClock::monotonicSeconds() {
+  LARGE_INTEGER ticks;
+  LARGE_INTEGER ticksPerSecond;
+  QueryPerformanceCounter(&ticks);
+  QueryPerformanceFrequency(&ticksPerSecond);
+  return static_cast<double>(ticks.QuadPart) / static_cast<double>(ticksPerSecond.QuadPart);
+}
+
 Date WindowsClock::now() {
   SYSTEMTIME time;
   GetLocalTime(&time);

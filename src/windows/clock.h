@@ -8,6 +8,7 @@ namespace corvid {
 class WindowsClock : public Clock {
  public:
   float secondsSinceMidnight() override;
+  double monotonicSeconds() override;
   Date now() override;
   void rest() override;
 };

@@ -10,6 +10,7 @@ namespace corvid {
 class FakeClock : public Clock {
  public:
   float secondsSinceMidnight() override { return static_cast<float>(seconds_); }
+  double monotonicSeconds() override { return total_; }
   Date now() override { return now_; }
   // Each rest passes a little time, so that a wait with nothing to read comes to its end.
   void rest() override { advance(restSeconds); }

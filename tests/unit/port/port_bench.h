@@ -17,7 +17,7 @@ struct PortBench {
   World world;
   Settings settings{world.settings, world.store};
   PortDump dump{settings, world.clock, world.dialog};
-  modCOMM comm{world.serial, world.host, dump, windows1252()};
+  modCOMM comm{{world.serial, world.host, settings, world.clock, dump, windows1252()}};
 
   std::int32_t open(std::int16_t port) {
     return comm.CommOpen(port, L"COM" + std::to_wstring(port), kLineSettings);
