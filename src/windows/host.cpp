@@ -36,15 +36,15 @@ UINT iconFlag(MessageIcon icon) {
 
 bool hasInteractiveDesktop() {
   USEROBJECTFLAGS flags{};
-  const HWINSTA station = GetProcessWindowStation();
-  if (!GetUserObjectInformationW(station, UOI_FLAGS, &flags, sizeof flags, nullptr)) return false;
-  return (flags.dwFlags & WSF_VISIBLE) != 0;
+  const BOOL known = GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags,
+                                               sizeof flags, nullptr);
+  return known != FALSE && (flags.dwFlags & WSF_VISIBLE) != 0;
 }
 
 void WindowsHostYield::yield() {
   MSG message;
   for (int i = 0; i < kMostMessages; ++i) {
-    if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) return;
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return;
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
@@ -65,7 +65,7 @@ std::wstring WindowsShellFolders::SHgetFolder(int csidl) {
   Owned<ItemListTraits> list;
   std::array<char, MAX_PATH> path{};
   if (FAILED(SHGetSpecialFolderLocation(nullptr, csidl, list.put()))) return {};
-  if (!SHGetPathFromIDListA(list.get(), path.data())) return {};
+  if (SHGetPathFromIDListA(list.get(), path.data()) == FALSE) return {};
   path.back() = '\0';
   return codePage_.decode(path.data());
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <array>
+
 namespace corvid {
 namespace {
 
@@ -23,7 +25,7 @@ int localeNumber(LCTYPE kind) {
 
 bool pageIsSingleByte() {
   CPINFO info{};
-  return GetCPInfo(CP_ACP, &info) && info.MaxCharSize == 1;
+  return GetCPInfo(CP_ACP, &info) != FALSE && info.MaxCharSize == 1;
 }
 
 }  // namespace

@@ -23,14 +23,14 @@ std::string narrow(const std::wstring& text) {
 }  // namespace
 
 bool WindowsSerialCalls::keepError(BOOL succeeded) {
-  lastError_ = succeeded ? 0 : GetLastError();
+  lastError_ = succeeded != FALSE ? 0 : GetLastError();
   return succeeded != FALSE;
 }
 
 SerialHandle WindowsSerialCalls::createFile(const std::wstring& name) {
-  const HANDLE handle = CreateFileA(narrow(name).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  keepError(handle != INVALID_HANDLE_VALUE);
+  auto* handle = CreateFileA(narrow(name).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  keepError(handle != INVALID_HANDLE_VALUE ? TRUE : FALSE);
   return reinterpret_cast<SerialHandle>(handle);
 }
 

@@ -31,7 +31,7 @@ std::optional<std::wstring> readText(HKEY key, const std::wstring& name) {
     status = RegGetValueW(key, nullptr, name.c_str(), kKind, nullptr, text.data(), &size);
   }
   if (status != ERROR_SUCCESS) return std::nullopt;
-  return std::wstring(text.c_str());
+  return std::wstring(text.data());
 }
 
 }  // namespace

@@ -30,7 +30,8 @@ class CountingWindow {
  private:
   static LRESULT CALLBACK received(HWND window, UINT message, WPARAM wide, LPARAM data) {
     if (message != WM_APP) return DefWindowProcW(window, message, wide, data);
-    auto* self = reinterpret_cast<CountingWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const LONG_PTR owner = GetWindowLongPtrW(window, GWLP_USERDATA);
+    auto* self = reinterpret_cast<CountingWindow*>(owner);  // NOLINT(performance-no-int-to-ptr)
     ++self->count;
     if (self->postsAgain) self->post();
     return 0;
@@ -77,8 +78,8 @@ TEST(HostMessages, QuitIsLeftForTheHost) {
 }
 
 TEST(Desktop, BoxReturnsAtOnceWhereNobodySeesIt) {
-  const HWINSTA before = GetProcessWindowStation();
-  const HWINSTA hidden = CreateWindowStationW(nullptr, 0, GENERIC_ALL, nullptr);
+  auto* before = GetProcessWindowStation();
+  auto* hidden = CreateWindowStationW(nullptr, 0, GENERIC_ALL, nullptr);
   ASSERT_NE(hidden, nullptr);
   ASSERT_NE(SetProcessWindowStation(hidden), FALSE);
   const bool visible = hasInteractiveDesktop();

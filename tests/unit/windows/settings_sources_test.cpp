@@ -43,8 +43,8 @@ std::optional<std::wstring> stored(const std::wstring& section, const std::wstri
 
 TEST(UserStore, FindsTextsByNamesWithoutCase) {
   const StoredKeys keys;
-  keys.putText(L"Config\\NimbusPF\\Tasas", L"0", L"16");
-  keys.putText(L"General", L"Empty", L"");
+  StoredKeys::putText(L"Config\\NimbusPF\\Tasas", L"0", L"16");
+  StoredKeys::putText(L"General", L"Empty", L"");
   EXPECT_EQ(stored(L"Config\\NimbusPF\\Tasas", L"0"), L"16");
   EXPECT_EQ(stored(L"CONFIG\\nimbuspf\\TASAS", L"0"), L"16");
   EXPECT_EQ(stored(L"general", L"EMPTY"), L"") << "an empty text is one";
@@ -55,22 +55,22 @@ TEST(UserStore, FindsTextsByNamesWithoutCase) {
 TEST(UserStore, TextsOfAnyLengthComeWhole) {
   const StoredKeys keys;
   for (const std::size_t length : {511U, 512U, 513U, 20000U}) {
-    keys.putText(L"S", L"k", std::wstring(length, L'\u00D1'));
+    StoredKeys::putText(L"S", L"k", std::wstring(length, L'\u00D1'));
     EXPECT_EQ(stored(L"S", L"k"), std::wstring(length, L'\u00D1'));
   }
 }
 
 TEST(UserStore, TextStoredWithoutItsEndIsReadSafely) {
   const StoredKeys keys;
-  keys.put(L"S", L"k", REG_SZ, std::wstring(512, L'x'));
+  StoredKeys::put(L"S", L"k", REG_SZ, std::wstring(512, L'x'));
   EXPECT_EQ(stored(L"S", L"k"), std::wstring(512, L'x'));
 }
 
 TEST(UserStore, OtherTypesAreNone) {
   const StoredKeys keys;
-  keys.put(L"S", L"number", REG_DWORD, std::wstring(L"\1\0", 2));
-  keys.put(L"S", L"variables", REG_EXPAND_SZ, std::wstring(L"%PATH%\0", 7));
-  keys.put(L"S", L"bytes", REG_BINARY, L"ab");
+  StoredKeys::put(L"S", L"number", REG_DWORD, std::wstring(L"\1\0", 2));
+  StoredKeys::put(L"S", L"variables", REG_EXPAND_SZ, std::wstring(L"%PATH%\0", 7));
+  StoredKeys::put(L"S", L"bytes", REG_BINARY, L"ab");
   EXPECT_EQ(stored(L"S", L"number"), std::nullopt);
   EXPECT_EQ(stored(L"S", L"variables"), std::nullopt);
   EXPECT_EQ(stored(L"S", L"bytes"), std::nullopt);
