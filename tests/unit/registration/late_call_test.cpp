@@ -1,0 +1,171 @@
+// Late-bound calls as scripts make them.
+#include "session/printer_fiscal.h"
+#include "unit/registration/automation_host.h"
+
+namespace corvid::testing {
+namespace {
+
+using LateCalls = AutomationTest;
+
+std::wstring valueOf(ICStringBuffer* buffer) { return textIn(callLate(buffer, L"Value").value); }
+
+TEST_F(LateCalls, WriteBackToAScriptsVariable) {
+  const auto buffer = newBuffer();
+  Variant letters = text(L"abcdef");
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Append", {variable(letters)}).outcome);
+  Variant index = Variant::ofInt16(4);
+  Variant length = text(L"2");
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {variable(index), variable(length)}).outcome);
+
+  EXPECT_EQ(L"abc", valueOf(buffer.get()));
+  EXPECT_EQ(VT_I4, length.type());
+  EXPECT_EQ(3, V_I4(length.get()));
+  // A variable that the member left alone keeps its kind.
+  EXPECT_EQ(VT_I2, index.type());
+}
+
+TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
+  const auto buffer = newBuffer();
+  callLate(buffer.get(), L"Append", {text(L"abcdef").value()});
+  SHORT length = 2;
+  VARIANT reference;
+  V_VT(&reference) = VT_BYREF | VT_I2;
+  V_I2REF(&reference) = &length;
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(4).value(), reference}).outcome);
+  EXPECT_EQ(3, length);
+
+  LONG exact = 5;
+  V_VT(&reference) = VT_BYREF | VT_I4;
+  V_I4REF(&reference) = &exact;
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(2).value(), reference}).outcome);
+  EXPECT_EQ(2, exact);
+  EXPECT_EQ(L"a", valueOf(buffer.get()));
+}
+
+TEST_F(LateCalls, SetAPropertyThatTakesItsValueByReference) {
+  const auto buffer = newBuffer();
+  Variant words = text(L"hola");
+  EXPECT_EQ(S_OK, putLate(buffer.get(), L"Value", words.value()).outcome);
+  EXPECT_EQ(S_OK, callLate(buffer.get(), L"AppendV", {variable(words)}).outcome);
+  EXPECT_EQ(L"holahola", valueOf(buffer.get()));
+  // The default member, which a script reaches by the object alone.
+  DISPPARAMS none{};
+  EXPECT_EQ(L"holahola",
+            textIn(invokeWith(buffer.get(), DISPID_VALUE, DISPATCH_PROPERTYGET, none).value));
+}
+
+TEST_F(LateCalls, TakeNamedArgumentsInAnyOrder) {
+  const auto session = newSession();
+  std::wstring member = L"GetResponseString";
+  std::wstring first = L"sep";
+  std::wstring second = L"cmd";
+  std::array<LPOLESTR, 3> names = {member.data(), first.data(), second.data()};
+  std::array<DISPID, 3> ids{};
+  ASSERT_EQ(S_OK,
+            session->GetIDsOfNames(IID_NULL, names.data(), 3, LOCALE_USER_DEFAULT, ids.data()));
+  const Variant separator = text(L"|");
+  const Variant command = text(L"S1");
+  std::array<VARIANT, 2> values = {separator.value(), command.value()};
+  DISPPARAMS arguments{values.data(), &ids[1], 2, 2};
+  EXPECT_EQ(L"|pfError",
+            textIn(invokeWith(session.get(), ids[0], DISPATCH_METHOD, arguments).value));
+}
+
+TEST_F(LateCalls, FillInOptionalArguments) {
+  const auto session = newSession();
+  const Variant command = text(L"S1");
+  const Variant bar = text(L"|");
+  EXPECT_EQ(L"\npfError",
+            textIn(callLate(session.get(), L"GetResponseString", {command.value()}).value));
+  EXPECT_EQ(
+      L"|pfError",
+      textIn(callLate(session.get(), L"GetResponseString", {command.value(), bar.value()}).value));
+  EXPECT_EQ(S_OK, callLate(session.get(), L"GetMultipleResponsesStr",
+                           {command.value(), missing().value(), bar.value()})
+                      .outcome);
+  EXPECT_EQ(DISP_E_BADPARAMCOUNT, callLate(session.get(), L"PasarItem").outcome);
+}
+
+TEST_F(LateCalls, TakeNullForATextAndADefaultPropertyForItsObject) {
+  const auto session = newSession();
+  const LateResult escaped = callLate(session.get(), L"EscapeString", {nullValue().value()});
+  EXPECT_EQ(S_OK, escaped.outcome);
+  EXPECT_EQ(L"", textIn(escaped.value));
+  const auto buffer = newBuffer();
+  putLate(buffer.get(), L"Value", text(L"\x02").value());
+  EXPECT_EQ(
+      L"[STX]",
+      textIn(callLate(session.get(), L"EscapeString", {objectValue(buffer.get()).value()}).value));
+}
+
+TEST_F(LateCalls, RefuseWhatDoesNotFit) {
+  const auto buffer = newBuffer();
+  const Variant words = text(L"no number");
+  const LateResult refused = callLate(buffer.get(), L"Remove", {number(1).value(), words.value()});
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, refused.outcome);
+  EXPECT_EQ(0U, refused.badArgument);  // places count from the last argument
+  EXPECT_EQ(DISP_E_OVERFLOW,
+            callLate(buffer.get(), L"Remove", {number(1e10).value(), number(1).value()}).outcome);
+  EXPECT_EQ(DISP_E_MEMBERNOTFOUND, callLate(buffer.get(), L"NoSuchMember").outcome);
+  DISPPARAMS none{};
+  EXPECT_EQ(DISP_E_UNKNOWNINTERFACE, buffer->Invoke(0, IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none,
+                                                    nullptr, nullptr, nullptr));
+}
+
+TEST_F(LateCalls, GiveAndTakeTheRateRecord) {
+  const auto session = newSession();
+  const auto record = create<IPrinterResponse3>(__uuidof(::PrinterResponse3));
+  record->put_ValorTasa1(16);
+  EXPECT_EQ(S_OK, putLate(session.get(), L"s3", objectValue(record.get()).value(),
+                          DISPATCH_PROPERTYPUTREF)
+                      .outcome);
+  const LateResult given = callLate(session.get(), L"s3");
+  ASSERT_EQ(VT_DISPATCH, given.value.type());
+  EXPECT_EQ(static_cast<IDispatch*>(record.get()), V_DISPATCH(&given.value.value()));
+
+  const auto buffer = newBuffer();
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, putLate(session.get(), L"s3", objectValue(buffer.get()).value(),
+                                         DISPATCH_PROPERTYPUTREF)
+                                     .outcome);
+  EXPECT_EQ(S_OK, putLate(session.get(), L"s3", objectValue(nullptr).value()).outcome);
+  EXPECT_EQ(nullptr, V_DISPATCH(&callLate(session.get(), L"s3").value.value()));
+}
+
+// The same question, asked in both ways, has the same answer.
+TEST_F(LateCalls, AgreeWithEarlyBoundOnes) {
+  const auto session = newSession();
+  Bstr block;
+  ASSERT_EQ(S_OK, session->BuildCommandBlock(Bstr(L"w").get(), block.put()));
+  EXPECT_EQ(std::wstring(L"\x02w\x03t"), block.view());
+  EXPECT_EQ(block.view(),
+            textIn(callLate(session.get(), L"BuildCommandBlock", {text(L"w").value()}).value));
+
+  const Variant item = text(L"PAN");
+  short early = 0;
+  ASSERT_EQ(S_OK, session->PasarItem(item.value(), number(1).value(), number(-0.001).value(),
+                                     number(16).value(), &early));
+  const LateResult late =
+      callLate(session.get(), L"PasarItem",
+               {item.value(), number(1).value(), number(-0.001).value(), number(16).value()});
+  EXPECT_EQ(pfClientError, early);
+  EXPECT_EQ(VT_I2, late.value.type());
+  EXPECT_EQ(early, V_I2(&late.value.value()));
+  Bstr words;
+  session->get_DescripcionError(words.put());
+  EXPECT_EQ(words.view(), textIn(callLate(session.get(), L"DescripcionError").value));
+}
+
+TEST_F(LateCalls, NameTheirClassAndHaveNoEvents) {
+  const auto info = newSession().as<IProvideClassInfo2>();
+  ASSERT_TRUE(info);
+  ComPtr<ITypeInfo> description;
+  ASSERT_EQ(S_OK, info->GetClassInfo(description.put()));
+  Bstr name;
+  description->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr);
+  EXPECT_EQ(L"PrinterFiscal", name.view());
+  GUID events{};
+  EXPECT_EQ(E_FAIL, info->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events));
+}
+
+}  // namespace
+}  // namespace corvid::testing
