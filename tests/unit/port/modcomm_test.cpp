@@ -306,6 +306,15 @@ TEST(PortYields, HostThatClosesThePortMeanwhileMakesTheTransferFail) {
   EXPECT_TRUE(bench.error().starts_with(L"Error (6): CommWrite (GetOverlappedResult) - "));
 }
 
+TEST(PortYields, HostThatFailsElsewhereMeanwhileDoesNotChangeTheError) {
+  PortBench bench;
+  bench.openSeven();
+  bench.world.host.whenYielded = [&] { bench.comm.CommFlush(8); };
+  bench.world.serial.failNth("writeFile", 1, 1117);
+  EXPECT_EQ(bench.comm.CommWrite(7, L"abc"), -1);
+  EXPECT_TRUE(bench.error().starts_with(L"Error (1117): CommWrite (WriteFile) - "));
+}
+
 struct LineCase {
   CommLine line;
   std::int16_t state;

@@ -66,6 +66,21 @@ TEST(PortDumpFile, OpensBehindAFailedOpeningToo) {
   EXPECT_TRUE(bench.dump.isOn());
 }
 
+TEST(PortDumpFile, EveryOpeningReadsTheSettingsAnew) {
+  const TempFolder folder;
+  PortBench bench;
+  bench.dumpTo(folder.file(L"first.txt"));
+  bench.open(7);
+  bench.dumpTo(folder.file(L"second.txt"));
+  bench.open(8);
+  bench.comm.CommWrite(7, L"a");
+  EXPECT_EQ(bytesOf(folder.file(L"first.txt")), "");
+  EXPECT_NE(bytesOf(folder.file(L"second.txt")), "");
+  bench.world.settings.set(kDumpSection, L"DEBUG", L"0");
+  bench.open(8);
+  EXPECT_FALSE(bench.dump.isOn());
+}
+
 TEST(PortDumpFile, FailedTransfersAreNotInIt) {
   const TempFolder folder;
   PortBench bench;
