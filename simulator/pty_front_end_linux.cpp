@@ -88,6 +88,17 @@ void makeRaw(const Descriptor& terminal) {
   checked(tcsetattr(terminal.get(), TCSANOW, &settings), "tcsetattr");
 }
 
+// A pseudo terminal knows no parity, and setting one fails where nothing else changes: the second
+// host, which finds the settings of the first, could not open the port. A break, which a pseudo
+// terminal does not know either, is what every host may change.
+void leaveSomethingToSet(int terminal) {
+  termios settings{};
+  if (tcgetattr(terminal, &settings) == 0 && (settings.c_iflag & IGNBRK) != 0) {
+    settings.c_iflag &= ~static_cast<tcflag_t>(IGNBRK);
+    tcsetattr(terminal, TCSANOW, &settings);
+  }
+}
+
 // Signals arrive only while the loop waits, so that none is missed between test and wait.
 sigset_t catchEndSignals() {
   sigset_t ends;
@@ -107,8 +118,8 @@ sigset_t catchEndSignals() {
 
 class Loop {
  public:
-  Loop(Program& program, int master)
-      : program_(program), master_(master), whileWaiting_(catchEndSignals()) {}
+  Loop(Program& program, int master, int slave)
+      : program_(program), master_(master), slave_(slave), whileWaiting_(catchEndSignals()) {}
 
   void run() {
     while (isGoingOn_ && isEndAsked == 0) {
@@ -156,6 +167,7 @@ class Loop {
   void takeLine() {
     const ssize_t count = read(master_, buffer_.data(), buffer_.size());
     if (count > 0) {
+      leaveSomethingToSet(slave_);
       outbox_.add(program_.receive({buffer_.data(), static_cast<std::size_t>(count)}),
                   std::chrono::steady_clock::now());
     }
@@ -173,6 +185,7 @@ class Loop {
 
   Program& program_;
   int master_;
+  int slave_;
   int input_ = STDIN_FILENO;
   sigset_t whileWaiting_;
   Outbox outbox_;
@@ -193,7 +206,7 @@ int serve(const Options& options, Program& program) {
   const Descriptor slave(open(name.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC), "open");
   makeRaw(slave);
   const Link link(name, options.pty);
-  Loop loop(program, master.get());
+  Loop loop(program, master.get(), slave.get());
   program.announce(options.pty);
   loop.run();
   return 0;
