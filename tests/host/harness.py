@@ -4,6 +4,7 @@ A test derives from HostTest, starts a Printer on one of the mapped ports and ru
 looks at is what the script said, what stood on the wire and what was printed.
 """
 
+import concurrent.futures
 import functools
 import operator
 import os
@@ -23,17 +24,17 @@ BUILT = ROOT / "build" / {64: "windows-x64", 32: "windows-x86"}[BITS]
 LIBRARY = BUILT / "CorvidAPI.dll"
 PRINTER = ROOT / "build/native/simulator/corvid-printer"
 PREFIX = ROOT / "build" / f"prefix{BITS}"
-PORTS = {name: WORK / name.lower() for name in ("COM7", "COM8", "COM12")}
+PORTS = {number: WORK / f"com{number}" for number in range(7, 15)}
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
 
-# What every script begins with. Say writes a value so that any console can carry it.
+# What every script begins with. Say writes a value so that any console can carry it; the script
+# host under Wine knows Asc alone, so codes are those of Windows-1252.
 PRELUDE = """
 Function Plain(text)
   Dim i, code
   For i = 1 To Len(text)
-    code = AscW(Mid(text, i, 1))
-    If code < 0 Then code = code + 65536
+    code = Asc(Mid(text, i, 1))
     If code < 32 Or code > 126 Then
       Plain = Plain & "{" & code & "}"
     Else
@@ -59,7 +60,7 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=120):
+def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
     """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
     command = [ROOT / "scripts/wine", str(BITS), *map(str, arguments)]
     environment = {**os.environ, "LC_ALL": locale}
@@ -84,9 +85,10 @@ def registry(*arguments):
 
 
 class Printer:
-    """The simulated printer on a port, as a program of its own."""
+    """The simulated printer on the port of a number, as a program of its own."""
 
-    def __init__(self, folder, port="COM7", name="printer", options=()):
+    def __init__(self, folder, port, name, options):
+        self.port = port
         self.paper_file = folder / f"{name}.paper"
         self.wire_file = folder / f"{name}.wire"
         command = [PRINTER, "--pty", PORTS[port], "--paper", self.paper_file, "--wire",
@@ -138,6 +140,12 @@ class Printer:
         self.process.kill()
         self.process.wait()
 
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
     def close(self):
         if self.process.poll() is None:
             self.process.terminate()
@@ -172,22 +180,31 @@ class HostTest(unittest.TestCase):
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
 
-    def printer(self, port="COM7", name="printer", options=()):
+    def printer(self, port=7, name="printer", options=()):
         printer = Printer(self.folder, port, name, options)
         self.addCleanup(printer.close)
         return printer
 
-    def start_host(self, command, timeout=120, **arguments):
+    def start_host(self, command, timeout=240, **arguments):
         code, output = wine(*command, cwd=self.folder, timeout=timeout, **arguments)
         return Said(output), code
 
-    def run_script(self, text, name="host.vbs", **arguments):
-        """Runs VBScript as a host's file would be: Windows-1252, CR LF. It must reach its end."""
-        whole = f"{PRELUDE}{text}\nWScript.Echo \"{SENTINEL}\"\n"
+    def run_script(self, text, port=7, name="host.vbs", **arguments):
+        """Runs VBScript as a host's file would be: Windows-1252, CR LF. It must reach its end.
+
+        The number of the port stands for "<port>" in the script.
+        """
+        whole = f"{PRELUDE}{text}\nWScript.Echo \"{SENTINEL}\"\n".replace("<port>", str(port))
         (self.folder / name).write_bytes(whole.replace("\n", "\r\n").encode("cp1252"))
         said, _ = self.start_host(["cscript", "//nologo", name], **arguments)
         self.assertIn(SENTINEL, said.whole, "the script did not reach its end")
         return said
+
+    def run_together(self, jobs):
+        """Calls all functions at once and gives their results: a read of a port lasts a second."""
+        with concurrent.futures.ThreadPoolExecutor(len(jobs)) as pool:
+            running = [pool.submit(job) for job in jobs]
+            return [one.result() for one in running]
 
     def write_settings(self, sections):
         """Writes ORV.ini into the host's folder."""
@@ -198,9 +215,12 @@ class HostTest(unittest.TestCase):
 
 
 def map_ports():
-    if all((PREFIX / "dosdevices" / port.lower()).is_symlink() for port in PORTS):
+    """Each port is a link in the prefix to the link that a printer makes when it starts."""
+    devices = PREFIX / "dosdevices"
+    mapped = [devices / f"com{number}" for number in PORTS]
+    if all(m.is_symlink() and m.readlink() == p for m, p in zip(mapped, PORTS.values())):
         return
-    pairs = [str(word) for pair in PORTS.items() for word in pair]
+    pairs = [word for number, path in PORTS.items() for word in (f"COM{number}", str(path))]
     subprocess.run([ROOT / "scripts/wine", str(BITS), "--map", *pairs], check=True)
 
 

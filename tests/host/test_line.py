@@ -1,15 +1,16 @@
 """A printer that misbehaves, and one that vanishes."""
 
 import concurrent.futures
+import functools
 
 import harness
-from harness import HostTest, wait_until
+from harness import HostTest, PORTS, wait_until
 
 # Registered numbers are given, so that opening sends one status request and no query.
 DRAWER = """
 Set p = NewPrinter()
 p.SerialPrinter = "Z1F0000001"
-p.Abrir 7
+p.Abrir <port>
 Say "drawer", p.Execute("w")
 Say "outcome", p.pfError & " " & p.resultFlag & " " & p.STS1 & " " & p.DescripcionError
 fields = p.GetResponse("S1")
@@ -64,14 +65,19 @@ p.Cerrar
 class Line(HostTest):
     def test_misbehaviour_ends_in_the_outcome_it_must(self):
         self.write_settings({r"Config\NimbusPF": {"TimeOut": "1"}})
-        for fault, times, outcome in FAULTS:
-            with self.subTest(fault=fault):
-                printer = self.printer(name=fault.replace(" ", "-").replace("\\", ""))
-                printer.tell(fault)
-                said = self.run_script(DRAWER)
-                self.assertEqual(said, {**GOOD, "outcome": outcome})
-                self.assertEqual(printer.commands().count(b"w"), times)
-                printer.close()
+        ports = list(PORTS)
+        for first in range(0, len(FAULTS), len(ports)):
+            batch = zip(ports, FAULTS[first : first + len(ports)])
+            self.run_together([functools.partial(self.check, *job) for job in batch])
+
+    def check(self, port, case):
+        fault, times, outcome = case
+        name = fault.partition(" ")[0] + str(times)
+        with self.printer(port, name) as printer:
+            printer.tell(fault)
+            said = self.run_script(DRAWER, port, f"{name}.vbs")
+            self.assertEqual(said, {**GOOD, "outcome": outcome}, fault)
+            self.assertEqual(printer.commands().count(b"w"), times, fault)
 
     def test_a_printer_that_vanishes_and_comes_back(self):
         printer = self.printer(name="first")
