@@ -59,11 +59,7 @@ std::optional<double> leadingDecimal(TextView text) {
   const Text sign = takeSign(text);
   const std::optional<Decimal> digits = Decimal::parse(sign + takeDigits(text, 1));
   if (!digits) return std::nullopt;
-  try {
-    return digits->timesPowerOfTen(takeExponent(text)).toDouble();
-  } catch (const RunTimeError&) {
-    return std::nullopt;
-  }
+  return digits->timesPowerOfTen(takeExponent(text)).toDouble();
 }
 
 int digitValue(wchar_t character) {
@@ -74,10 +70,10 @@ int digitValue(wchar_t character) {
 }
 
 // Up to 16 bits the digits are those of a 16-bit integer, up to 32 of a 32-bit one: &HFFFF is -1.
-std::optional<double> signedValue(std::uint64_t bits) {
+double signedValue(std::uint64_t bits) {
   if (bits <= std::numeric_limits<std::uint16_t>::max()) return static_cast<std::int16_t>(bits);
   if (bits <= std::numeric_limits<std::uint32_t>::max()) return static_cast<std::int32_t>(bits);
-  return std::nullopt;
+  throw overflow();
 }
 
 std::optional<double> leadingRadix(TextView digits, unsigned radix) {
@@ -88,7 +84,19 @@ std::optional<double> leadingRadix(TextView digits, unsigned radix) {
     if (digit >= radix) break;
     bits = std::min((bits.value_or(0) * radix) + digit, kTooLarge);
   }
-  return bits ? signedValue(*bits) : std::nullopt;
+  if (!bits) return std::nullopt;
+  return signedValue(*bits);
+}
+
+// Nothing when no digit leads; overflow when the value does not fit.
+std::optional<double> readLeading(TextView text) {
+  Text packed(text);
+  std::erase_if(packed, [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\n'; });
+  const TextView view(packed);
+  const Text prefix = upperCase(view.substr(0, 2));
+  if (prefix == L"&H") return leadingRadix(view.substr(2), 16);
+  if (prefix == L"&O") return leadingRadix(view.substr(2), 8);
+  return leadingDecimal(view);
 }
 
 }  // namespace
@@ -118,14 +126,14 @@ Decimal parsePrinterNumber(std::wstring_view text) {
 }
 
 std::optional<double> leadingNumber(std::wstring_view text) {
-  Text packed(text);
-  std::erase_if(packed, [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\n'; });
-  const TextView view(packed);
-  const Text prefix = upperCase(view.substr(0, 2));
-  if (prefix == L"&H") return leadingRadix(view.substr(2), 16);
-  if (prefix == L"&O") return leadingRadix(view.substr(2), 8);
-  return leadingDecimal(view);
+  try {
+    return readLeading(text);
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
 }
+
+double leadingNumberOrZero(std::wstring_view text) { return readLeading(text).value_or(0); }
 
 bool toBoolean(std::wstring_view text) {
   const Text word = trim(text);

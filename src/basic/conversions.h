@@ -28,6 +28,8 @@ namespace corvid {
 // else of a 32-bit one: "&HFFFF" is -1. Nothing when no digit leads, or when the value fits no
 // double or not 32 bits.
 [[nodiscard]] std::optional<double> leadingNumber(std::wstring_view text);
+// The same number, 0 when no digit leads; overflow (6) when the value does not fit.
+[[nodiscard]] double leadingNumberOrZero(std::wstring_view text);
 
 // "True", "False" (any case) or a number as the printer writes it, of which only zero is False;
 // blanks around are passed over. Type mismatch (13) for anything else, an empty text too.
