@@ -7,7 +7,6 @@
 #include "session/printer_fiscal.h"
 
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace corvid {
@@ -27,8 +26,5 @@ namespace corvid {
 // One closure; nothing when the query failed. Raises what a row raises that cannot be read.
 [[nodiscard]] std::shared_ptr<ReporteZMF> loadReporteZMF(PrinterFiscal& session,
                                                          const Decimal& numero);
-
-// The command for a range of closures: six digits each, rounded half away from zero, never cut.
-[[nodiscard]] std::wstring closuresCommand(const Decimal& desde, const Decimal& hasta);
 
 }  // namespace corvid

@@ -4,6 +4,7 @@
 #include "basic/conversions.h"
 #include "basic/currency.h"
 #include "basic/run_time_error.h"
+#include "basic/text.h"
 #include "port/clock.h"
 #include "records/field_array.h"
 #include "records/printer_date.h"
@@ -69,6 +70,30 @@ void cashier(Record& record, const Reply& reply, std::int32_t field) {
 template <auto value, class Record>
 void amount(Record& record, const Reply& reply, std::int32_t field) {
   record.*value = readAmount(reply.fields.text(field));
+}
+
+// From the given position on, counted from 1.
+template <auto value, std::int64_t position, class Record>
+void amountFrom(Record& record, const Reply& reply, std::int32_t field) {
+  record.*value = readAmount(mid(reply.fields.text(field), position));
+}
+
+// The text between the first blank and the next.
+template <auto value, class Record>
+void amountBehindBlank(Record& record, const Reply& reply, std::int32_t field) {
+  record.*value = readAmount(split(reply.fields.text(field), L" ").at(1));
+}
+
+// One field for each value of a group, from this field on. `group` is an array of member pointers.
+template <const auto& group, class Record>
+void amounts(Record& record, const Reply& reply, std::int32_t field) {
+  for (const auto value : group) record.*value = readAmount(reply.fields.text(field++));
+}
+
+// A number with its own decimals.
+template <auto value, class Record>
+void number(Record& record, const Reply& reply, std::int32_t field) {
+  record.*value = parsePrinterNumber(reply.fields.text(field)).toDouble();
 }
 
 // A whole number of 16 or 32 bits.
