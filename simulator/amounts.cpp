@@ -133,6 +133,15 @@ std::string priceText(Price price) {
                             : fixedPoint(price, kPriceDecimals);
 }
 
+std::string plainQuantity(Quantity quantity) {
+  const std::int64_t unit = powerOfTen(kQuantityDecimals);
+  std::string text = std::to_string(quantity / unit) + "." +
+                     zeroPadded(quantity % unit, static_cast<std::size_t>(kQuantityDecimals));
+  text.erase(text.find_last_not_of('0') + 1);
+  text.erase(text.find_last_not_of('.') + 1);
+  return text;
+}
+
 std::string quantityText(Quantity quantity) {
   const std::int64_t unit = powerOfTen(kQuantityDecimals);
   return quantity % unit == 0 ? grouped(std::to_string(quantity / unit))

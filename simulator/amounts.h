@@ -83,6 +83,8 @@ struct AmountFormats {
 [[nodiscard]] std::string amountText(Amount amount);
 // Two decimals, or all four where the last two are not zero.
 [[nodiscard]] std::string priceText(Price price);
+// With a decimal point and no more decimals than it takes: "2", "2.5", "0.125".
+[[nodiscard]] std::string plainQuantity(Quantity quantity);
 // No decimals for a whole number, else three.
 [[nodiscard]] std::string quantityText(Quantity quantity);
 

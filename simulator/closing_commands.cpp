@@ -1,6 +1,8 @@
 #include "simulator/command_families.h"
 #include "simulator/receipt.h"
 
+#include <array>
+
 namespace corvid::simulator {
 namespace {
 
@@ -27,18 +29,29 @@ Reply adjust(Machine& machine, std::optional<std::int64_t> value, int parts) {
   return done();
 }
 
+char copyKindOf(DocumentKind kind) {
+  constexpr std::array<char, kDocumentKinds> kKinds = {kInvoiceCopy, kDebitNoteCopy,
+                                                       kCreditNoteCopy};
+  return kKinds.at(static_cast<std::size_t>(kind));
+}
+
+void remember(Machine& machine, const Document& document) {
+  machine.memory.record(document, machine.now());
+  machine.keepCopy(copyKindOf(document.kind()), machine.memory.last().of(document.kind()));
+}
+
 void closeDocument(Machine& machine) {
   printClosing(machine.paper, *machine.document, machine.configuration);
   if (!machine.isTraining) {
-    machine.memory.record(*machine.document, machine.now());
+    remember(machine, *machine.document);
   }
   machine.document.reset();
   machine.customer = Customer{};
 }
 
-Reply payAmount(Machine& machine, std::size_t means, Amount amount, int kind) {
+Reply payAmount(Machine& machine, std::size_t means, Amount amount, bool isRefund) {
   std::optional<Document>& document = machine.document;
-  if (!document || document->kind() != static_cast<DocumentKind>(kind)) {
+  if (!document || (document->kind() == DocumentKind::CreditNote) != isRefund) {
     return refused();
   }
   const bool isFirst = !document->hasPayments();
@@ -77,21 +90,21 @@ Reply adjustGeneral(Machine& machine, std::string_view arguments, int parts) {
   return adjust(machine, commaNumber(arguments, kAmountDecimals), parts);
 }
 
-Reply payAll(Machine& machine, std::string_view arguments, int kind) {
+Reply payAll(Machine& machine, std::string_view arguments, int /*unused*/) {
   const auto means = takeDigits(arguments, 2);
   if (!means || !arguments.empty()) {
     return refused();
   }
-  return payAmount(machine, static_cast<std::size_t>(*means), 0, kind);
+  return payAmount(machine, static_cast<std::size_t>(*means), 0, false);
 }
 
-Reply pay(Machine& machine, std::string_view arguments, int kind) {
+Reply pay(Machine& machine, std::string_view arguments, int isRefund) {
   const auto means = takeDigits(arguments, 2);
   const auto amount = onlyField(arguments, paymentFormat(machine), kAmountDecimals);
   if (!means || !amount) {
     return refused();
   }
-  return payAmount(machine, static_cast<std::size_t>(*means), *amount, kind);
+  return payAmount(machine, static_cast<std::size_t>(*means), *amount, isRefund != 0);
 }
 
 Reply cancel(Machine& machine, std::string_view arguments, int /*unused*/) {

@@ -8,6 +8,7 @@ namespace corvid::simulator {
 namespace {
 
 constexpr int kInvoice = static_cast<int>(DocumentKind::Invoice);
+constexpr int kDebitNote = static_cast<int>(DocumentKind::DebitNote);
 constexpr int kCreditNote = static_cast<int>(DocumentKind::CreditNote);
 
 constexpr std::array kCommands = {
@@ -42,6 +43,8 @@ constexpr std::array kCommands = {
     Command{"\xA4", voidItem, 4},
     Command{"F+", sellGeneral, kInvoice},
     Command{"F-", voidGeneral, kInvoice},
+    Command{"D+", sellGeneral, kDebitNote},
+    Command{"D-", voidGeneral, kDebitNote},
     Command{"C+", sellGeneral, kCreditNote},
     Command{"C-", voidGeneral, kCreditNote},
 
@@ -53,9 +56,9 @@ constexpr std::array kCommands = {
     Command{"GP+*", adjustGeneral, kPercent | kSurcharge},
     Command{"GM-*", adjustGeneral, 0},
     Command{"GM+*", adjustGeneral, kSurcharge},
-    Command{"1", payAll, kInvoice},
-    Command{"2", pay, kInvoice},
-    Command{"f", pay, kCreditNote},
+    Command{"1", payAll},
+    Command{"2", pay, 0},
+    Command{"f", pay, 1},
     Command{"7", cancel},
 
     Command{"80", printPlain, 0},
@@ -68,12 +71,23 @@ constexpr std::array kCommands = {
     Command{"T1", setTraining, 1},
     Command{"T2", setTraining, 0},
     Command{"PJ", setFlag, 0, false},
+    Command{"PH", setProgrammedLine, 0, false},
+    Command{"PG", setDate, 0, false},
+    Command{"PF", setTime, 0, false},
 
-    Command{"S1", queryCounters, 0, false},
-    Command{"S3", queryRates, 0, false},
+    Command{"S1", queryState, kCounters, false},
+    Command{"S2", queryState, kDocument, false},
+    Command{"S3", queryState, kRates, false},
+    Command{"S4", queryState, kPayments, false},
+    Command{"U0X", querySummary, 1, false},
+    Command{"U0Z", querySummary, 0, false},
+    Command{"U2A", queryClosures, 1, false},
     Command{"U3A", queryClosures, 0, false},
     Command{"I0X", reportDay, 0},
     Command{"I0Z", reportDay, 1},
+    Command{"I2A", reportClosures, 1},
+    Command{"I3A", reportClosures, 0},
+    Command{"R", reprint},
 };
 
 const Command* commandOf(std::string_view text) {

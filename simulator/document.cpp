@@ -70,7 +70,9 @@ bool Document::pay(std::size_t means, Amount amount) {
   if (!isKnown || isRefundTooLarge || !hasItems() || amount > kMaxAmount) {
     return false;
   }
-  payments_.push_back({means, amount == 0 ? left() : amount});
+  Payment payment{means, amount == 0 ? left() : amount};
+  payment.levy = levyOn(payment);
+  payments_.push_back(payment);
   return true;
 }
 
@@ -90,9 +92,32 @@ Totals Document::totals() const {
   return totals;
 }
 
+Quantity Document::quantity() const {
+  return std::accumulate(sold_.begin(), sold_.end(), Quantity{0},
+                         [](Quantity sum, const Item& item) { return sum + item.quantity; });
+}
+
+TaxedAmount Document::levy() const {
+  TaxedAmount sum;
+  for (const Payment& payment : payments_) {
+    sum.base += payment.levy.base;
+    sum.tax += payment.levy.tax;
+  }
+  return sum;
+}
+
 Amount Document::left() const { return std::max<Amount>(0, totals().total - paid()); }
 
 Amount Document::change() const { return std::max<Amount>(0, paid() - totals().total); }
+
+// The change goes back in cash: what it came from bears no levy.
+TaxedAmount Document::levyOn(const Payment& payment) const {
+  if (payment.means < kFirstForeignMeans || !levyRate_) {
+    return {};
+  }
+  const Amount base = std::min(payment.amount, left());
+  return {base, roundedQuotient(base * levyRate_->hundredths, kWholePercent)};
+}
 
 Amount Document::adjustable() const {
   return std::accumulate(amounts_.begin(), amounts_.begin() + kCollectedRate, Amount{0});

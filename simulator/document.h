@@ -33,6 +33,9 @@ struct Adjustment {
 struct Payment {
   std::size_t means = 1;  // 1 to kPaymentMeans
   Amount amount = 0;
+  // What of a foreign-currency payment went to the document, and the levy on it, which is collected
+  // on top of the amount by the same means.
+  TaxedAmount levy{};
 };
 
 using RateSums = std::array<TaxedAmount, kRateCount>;
@@ -40,12 +43,14 @@ using RateSums = std::array<TaxedAmount, kRateCount>;
 struct Totals {
   RateSums byRate{};
   Amount subtotal = 0;  // of the lines and adjustments as they stand on the paper
-  Amount total = 0;     // bases and taxes
+  Amount total = 0;     // bases and taxes, without the levy on payments
 };
 
 class Document {
  public:
-  Document(DocumentKind kind, const Rates& rates) : kind_(kind), rates_(rates) {}
+  // Without a levy rate, payments in foreign currency are like any other.
+  Document(DocumentKind kind, const Rates& rates, std::optional<Rate> levyRate)
+      : kind_(kind), rates_(rates), levyRate_(levyRate) {}
 
   [[nodiscard]] DocumentKind kind() const { return kind_; }
 
@@ -64,15 +69,18 @@ class Document {
   // first payment.
   std::optional<Amount> adjust(const Adjustment& adjustment);
 
-  // Pays an amount, or for 0 all that is left. Refused: a means that is none, a document without
-  // items, a credit note's refund above what is left.
+  // Pays an amount, or for 0 all that is left. The levy on a foreign-currency payment is rounded
+  // half up for each payment; it comes on top and leaves what is left to pay as it is. Refused: a
+  // means that is none, a document without items, a credit note's refund above what is left.
   bool pay(std::size_t means, Amount amount);
 
   [[nodiscard]] bool hasItems() const;
   [[nodiscard]] bool hasPayments() const { return !payments_.empty(); }
   [[nodiscard]] Totals totals() const;
-  [[nodiscard]] Amount left() const;    // still to be paid, 0 when paid
-  [[nodiscard]] Amount change() const;  // paid beyond the total
+  [[nodiscard]] Quantity quantity() const;  // of all items, less what was taken back
+  [[nodiscard]] TaxedAmount levy() const;   // of all payments so far
+  [[nodiscard]] Amount left() const;        // still to be paid, 0 when paid
+  [[nodiscard]] Amount change() const;      // paid beyond the total
   [[nodiscard]] const std::vector<Payment>& payments() const { return payments_; }
   [[nodiscard]] const Rates& rates() const { return rates_; }
 
@@ -81,10 +89,12 @@ class Document {
   [[nodiscard]] Amount paid() const;
   void spread(Amount amount);
   void takeFromSold(const Item& item);
+  [[nodiscard]] TaxedAmount levyOn(const Payment& payment) const;
   [[nodiscard]] Quantity soldOf(const Item& item) const;
 
   DocumentKind kind_;
   Rates rates_;
+  std::optional<Rate> levyRate_;
   std::vector<Item> sold_;  // with the quantity that was not taken back
   std::array<Amount, kRateCount> amounts_{};
   std::vector<Payment> payments_;

@@ -5,6 +5,10 @@ namespace corvid::simulator {
 namespace {
 
 void openPlain(Machine& machine) {
+  machine.beginDocument();
+  if (machine.isTraining) {
+    printTrainingMark(machine.paper);
+  }
   printPlainHeading(machine.paper, machine.configuration, "DOCUMENTO NO FISCAL", machine.now());
   machine.isNonFiscalOpen = true;
 }
@@ -12,7 +16,10 @@ void openPlain(Machine& machine) {
 void closePlain(Machine& machine) {
   printFoot(machine.paper, machine.configuration);
   machine.isNonFiscalOpen = false;
-  machine.memory.recordNonFiscal();
+  if (!machine.isTraining) {
+    machine.memory.recordNonFiscal();
+    machine.keepCopy(kNonFiscalCopy, machine.memory.last().nonFiscal);
+  }
 }
 
 }  // namespace
@@ -50,43 +57,6 @@ Reply resetErrors(Machine& machine, std::string_view arguments, int /*unused*/) 
   if (machine.isIdle()) {
     machine.customer = Customer{};
   }
-  return done();
-}
-
-Reply signOn(Machine& machine, std::string_view arguments, int /*unused*/) {
-  constexpr std::int64_t kLastCashier = 99;
-  const auto cashier = takeDigits(arguments, 5);
-  if (!cashier || *cashier > kLastCashier || !arguments.empty() || !machine.isIdle()) {
-    return refused();
-  }
-  machine.configuration.cashier = static_cast<int>(*cashier);
-  return done();
-}
-
-Reply signOff(Machine& machine, std::string_view arguments, int /*unused*/) {
-  if (!arguments.empty() || !machine.isIdle()) {
-    return refused();
-  }
-  machine.configuration.cashier = 0;
-  return done();
-}
-
-Reply setTraining(Machine& machine, std::string_view arguments, int isOn) {
-  if (!arguments.empty() || !machine.isIdle()) {
-    return refused();
-  }
-  machine.isTraining = isOn != 0;
-  return done();
-}
-
-Reply setFlag(Machine& machine, std::string_view arguments, int /*unused*/) {
-  const auto flag = takeDigits(arguments, 2);
-  const auto value = takeDigits(arguments, 2);
-  if (!flag || !value || !arguments.empty() || *flag >= static_cast<int>(kFlagCount) ||
-      !machine.isIdle()) {
-    return refused();
-  }
-  machine.configuration.flags.at(static_cast<std::size_t>(*flag)) = static_cast<int>(*value);
   return done();
 }
 

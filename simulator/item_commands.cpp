@@ -57,15 +57,16 @@ std::optional<Item> itemOfBars(std::string_view arguments) {
 bool canOpen(const Machine& machine) { return machine.isIdle() && !machine.isMemoryFull; }
 
 void printDocumentHeading(Machine& machine, DocumentKind kind) {
+  machine.beginDocument();
   if (machine.isTraining) {
-    machine.paper.centred("*** ENTRENAMIENTO: SIN VALIDEZ ***");
+    printTrainingMark(machine.paper);
   }
   printHeading(machine.paper, machine.configuration, machine.customer, kind,
                machine.memory.nextNumber(kind), machine.now());
 }
 
 Reply openWith(Machine& machine, const Item& item, DocumentKind kind) {
-  Document document(kind, machine.configuration.rates);
+  Document document(kind, machine.configuration.rates, machine.configuration.igtf);
   const auto amount = document.sell(item);
   if (!amount || !canOpen(machine)) {
     return refused();

@@ -1,6 +1,7 @@
 // The printer's calendar clock.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,6 +24,14 @@ using Clock = std::function<LocalTime()>;
 // "2026-03-14 10:30:15"; nothing for any other shape, or a day or time that does not exist.
 [[nodiscard]] std::optional<LocalTime> parsedTime(std::string_view text);
 
+// A date and time that exist, in the years 1970 to 9999.
+[[nodiscard]] bool exists(const LocalTime& time);
+
+// The time so many seconds later, or earlier. Every day has 86,400 seconds.
+[[nodiscard]] LocalTime shifted(const LocalTime& time, std::int64_t seconds);
+[[nodiscard]] std::int64_t secondsBetween(const LocalTime& from, const LocalTime& to);
+
+[[nodiscard]] int dateNumber(const LocalTime& time);         // 260314
 [[nodiscard]] std::string wireDate(const LocalTime& time);   // 260314
 [[nodiscard]] std::string wireTime(const LocalTime& time);   // 103015
 [[nodiscard]] std::string paperDate(const LocalTime& time);  // 14-03-2026

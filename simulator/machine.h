@@ -5,9 +5,12 @@
 #include "simulator/customer.h"
 #include "simulator/document.h"
 #include "simulator/fiscal_memory.h"
+#include "simulator/journal.h"
 #include "simulator/local_time.h"
 #include "simulator/paper.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 
 namespace corvid::simulator {
@@ -25,8 +28,11 @@ struct Machine {
 
   Configuration configuration;
   Clock clock;
+  std::int64_t clockOffset = 0;  // seconds by which the host set the printer's time off the clock's
   FiscalMemory memory;
+  Journal journal;
   Paper paper;
+  std::size_t documentStart = 0;     // the paper's line with which the document began
   Customer customer;                 // of the next document, or of the open one
   std::optional<Document> document;  // the open fiscal document
   bool isNonFiscalOpen = false;
@@ -37,7 +43,12 @@ struct Machine {
 
   [[nodiscard]] bool isIdle() const { return !document && !isNonFiscalOpen; }
   [[nodiscard]] bool canPrint() const { return error < kNoPaper || error > kLastPaperError; }
-  [[nodiscard]] LocalTime now() const { return clock(); }
+  [[nodiscard]] LocalTime now() const { return shifted(clock(), clockOffset); }
+
+  // Marks where on the paper a document begins.
+  void beginDocument();
+  // Keeps a copy of the paper since that mark.
+  void keepCopy(char kind, int number);
 };
 
 }  // namespace corvid::simulator

@@ -81,7 +81,11 @@ constexpr std::array kOptions = {
     Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",
            [](Options& o, std::string_view v) { return setText(o.wire, v); }},
     Option{"--clock", "\"2026-03-14 10:30:15\": stop the printer's clock there", setClock},
-    Option{"--model", "long | short: layout of the counters' reply", setModel},
+    Option{
+        "--model",
+        "long | short, perhaps -20, -29, -30, -31, -38 to -41: layout of the counters' reply, and "
+        "fields of the day's summary",
+        setModel},
     Option{"--serial", "TEXT: serial number",
            [](Options& o, std::string_view v) { return setText(o.configuration.serial, v); }},
     Option{"--rif", "TEXT: the owner's tax number",

@@ -1,46 +1,57 @@
 #include "simulator/command_families.h"
-#include "simulator/receipt.h"
 #include "simulator/status_replies.h"
+#include "simulator/summary_replies.h"
 
 namespace corvid::simulator {
 
-Reply queryCounters(Machine& machine, std::string_view arguments, int /*unused*/) {
-  return arguments.empty() ? data({countersReply(machine)}) : refused();
-}
-
-Reply queryRates(Machine& machine, std::string_view arguments, int /*unused*/) {
-  return arguments.empty() ? data({ratesReply(machine)}) : refused();
-}
-
-Reply queryClosures(Machine& machine, std::string_view arguments, int /*unused*/) {
-  const auto first = takeDigits(arguments, 6);
-  const auto last = takeDigits(arguments, 6);
-  if (!first || !last || !arguments.empty()) {
+Reply queryState(Machine& machine, std::string_view arguments, int query) {
+  if (!arguments.empty()) {
     return refused();
   }
-  std::vector<std::string> blocks;
+  switch (query) {
+    case kCounters:
+      return data({countersReply(machine)});
+    case kDocument:
+      return data({documentReply(machine)});
+    case kRates:
+      return data({ratesReply(machine)});
+    default:
+      return data({paymentsReply(machine)});
+  }
+}
+
+Reply querySummary(Machine& machine, std::string_view arguments, int ofRunningDay) {
+  if (!arguments.empty()) {
+    return refused();
+  }
+  const FiscalMemory& memory = machine.memory;
+  return data({summaryReply(ofRunningDay != 0 ? memory.runningDay() : memory.latestDay(),
+                            machine.configuration.model.summaryFields)});
+}
+
+std::vector<Closure> closuresOf(const Machine& machine, std::string_view range, bool isByDate) {
+  constexpr std::size_t kDigits = 6;
+  const auto first = takeDigits(range, kDigits);
+  const auto last = takeDigits(range, kDigits);
+  std::vector<Closure> found;
+  if (!first || !last || !range.empty()) {
+    return found;
+  }
   for (const Closure& closure : machine.memory.closures()) {
-    if (closure.last.closures >= *first && closure.last.closures <= *last) {
-      blocks.push_back(closureReply(closure));
+    const int key = isByDate ? dateNumber(closure.time) : closure.last.closures;
+    if (key >= *first && key <= *last) {
+      found.push_back(closure);
     }
   }
-  return blocks.empty() ? refused() : data(std::move(blocks));
+  return found;
 }
 
-Reply reportDay(Machine& machine, std::string_view arguments, int doClose) {
-  if (!arguments.empty() || !machine.isIdle() || machine.isTraining) {
-    return refused();
+Reply queryClosures(Machine& machine, std::string_view arguments, int isByDate) {
+  std::vector<std::string> blocks;
+  for (const Closure& closure : closuresOf(machine, arguments, isByDate != 0)) {
+    blocks.push_back(closureReply(closure));
   }
-  printPlainHeading(machine.paper, machine.configuration, doClose != 0 ? "REPORTE Z" : "REPORTE X",
-                    machine.now());
-  printDay(machine.paper, machine.memory.today(), machine.memory.last(),
-           machine.configuration.rates);
-  printFoot(machine.paper, machine.configuration);
-  machine.memory.recordReport();
-  if (doClose != 0) {
-    machine.memory.closeDay(machine.now());
-  }
-  return done();
+  return blocks.empty() ? refused() : data(std::move(blocks));
 }
 
 }  // namespace corvid::simulator

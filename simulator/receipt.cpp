@@ -15,21 +15,21 @@ std::string percent(std::int64_t hundredths) { return amountText(hundredths) + "
 
 std::string markOf(std::size_t rate) { return std::string("(") + kRateMarks.at(rate) + ")"; }
 
-std::string_view titleOf(DocumentKind kind) {
-  constexpr std::array<std::string_view, kDocumentKinds> kTitles = {"FACTURA", "NOTA DE DEBITO",
-                                                                    "NOTA DE CREDITO"};
-  return kTitles.at(static_cast<std::size_t>(kind));
-}
-
 std::string nameOfMeans(std::size_t means) {
   return means == 1 ? "EFECTIVO" : "MEDIO DE PAGO " + zeroPadded(static_cast<int>(means), 2);
 }
 
+void printProgrammed(Paper& paper, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    if (!line.empty()) {
+      paper.centred(line);
+    }
+  }
+}
+
 void printOwner(Paper& paper, const Configuration& configuration) {
   paper.centred("RIF: " + configuration.rif);
-  for (const std::string& line : configuration.header) {
-    paper.centred(line);
-  }
+  printProgrammed(paper, configuration.header);
 }
 
 void printLabelled(Paper& paper, std::string_view label, std::string_view text) {
@@ -75,22 +75,13 @@ void printSum(Paper& paper, std::size_t rate, const TaxedAmount& sum, const Rate
   paper.columns("IVA " + name, money(sum.tax));
 }
 
-void printSums(Paper& paper, const RateSums& sums, const Rates& rates) {
-  for (std::size_t rate = 0; rate < kRateCount; ++rate) {
-    printSum(paper, rate, sums.at(rate), rates);
-  }
-}
-
-void printPayments(Paper& paper, const KindOfDay& kind) {
-  for (std::size_t means = 1; means <= kPaymentMeans; ++means) {
-    const Amount amount = kind.payments.at(means - 1);
-    if (amount != 0) {
-      printPayment(paper, {means, amount});
-    }
-  }
-}
-
 }  // namespace
+
+std::string_view titleOf(DocumentKind kind) {
+  constexpr std::array<std::string_view, kDocumentKinds> kTitles = {"FACTURA", "NOTA DE DEBITO",
+                                                                    "NOTA DE CREDITO"};
+  return kTitles.at(static_cast<std::size_t>(kind));
+}
 
 void printHeading(Paper& paper, const Configuration& configuration, const Customer& customer,
                   DocumentKind kind, int number, const LocalTime& time) {
@@ -129,6 +120,16 @@ void printAdjustment(Paper& paper, const Adjustment& adjustment, Amount amount) 
                 money(amount));
 }
 
+void printSums(Paper& paper, const RateSums& sums, const Rates& rates) {
+  for (std::size_t rate = 0; rate < kRateCount; ++rate) {
+    printSum(paper, rate, sums.at(rate), rates);
+  }
+}
+
+void printAmount(Paper& paper, std::string_view name, Amount amount) {
+  paper.columns(name, money(amount));
+}
+
 void printTotals(Paper& paper, const Document& document) {
   const Totals totals = document.totals();
   paper.rule();
@@ -139,9 +140,19 @@ void printTotals(Paper& paper, const Document& document) {
 
 void printPayment(Paper& paper, const Payment& payment) {
   paper.columns(nameOfMeans(payment.means), money(payment.amount));
+  printLevy(paper, payment.levy);
+}
+
+void printLevy(Paper& paper, const TaxedAmount& levy) {
+  if (levy.base != 0) {
+    paper.columns("IGTF SOBRE " + money(levy.base), money(levy.tax));
+  }
 }
 
 void printClosing(Paper& paper, const Document& document, const Configuration& configuration) {
+  if (document.levy().tax > 0) {
+    paper.columns("TOTAL CON IGTF", money(document.totals().total + document.levy().tax));
+  }
   if (document.change() > 0) {
     paper.columns("CAMBIO", money(document.change()));
   }
@@ -156,21 +167,17 @@ void printCancelled(Paper& paper, const Configuration& configuration) {
 }
 
 void printFoot(Paper& paper, const Configuration& configuration) {
+  printProgrammed(paper, configuration.footer);
   paper.centred(configuration.serial);
   paper.rule('=');
 }
 
-void printDay(Paper& paper, const Day& day, const LastNumbers& last, const Rates& rates) {
-  for (const DocumentKind kind :
-       {DocumentKind::Invoice, DocumentKind::DebitNote, DocumentKind::CreditNote}) {
-    const KindOfDay& sums = day.of(kind);
-    paper.centred(titleOf(kind));
-    paper.columns("ULTIMO NUMERO", zeroPadded(last.of(kind), 8));
-    paper.columns("CANTIDAD", std::to_string(sums.count));
-    printSums(paper, sums.byRate, rates);
-    paper.columns("TOTAL", money(sums.total));
-    printPayments(paper, sums);
-    paper.rule();
+void printTrainingMark(Paper& paper) { paper.centred("*** ENTRENAMIENTO: SIN VALIDEZ ***"); }
+
+void printCopy(Paper& paper, const Copy& copy) {
+  paper.centred("*** COPIA ***");
+  for (const std::string& line : copy.lines) {
+    paper.line(line);
   }
 }
 

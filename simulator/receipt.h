@@ -4,7 +4,7 @@
 #include "simulator/configuration.h"
 #include "simulator/customer.h"
 #include "simulator/document.h"
-#include "simulator/fiscal_memory.h"
+#include "simulator/journal.h"
 #include "simulator/local_time.h"
 #include "simulator/paper.h"
 
@@ -26,16 +26,27 @@ void printTakenBack(Paper& paper, const Item& item, Amount amount);
 void printSubtotal(Paper& paper, const Document& document);
 void printAdjustment(Paper& paper, const Adjustment& adjustment, Amount amount);
 
+std::string_view titleOf(DocumentKind kind);
+// Bases and taxes by rate; what is zero is left out.
+void printSums(Paper& paper, const RateSums& sums, const Rates& rates);
+// An amount against the right margin.
+void printAmount(Paper& paper, std::string_view name, Amount amount);
+
 // Bases and taxes by rate, and the total.
 void printTotals(Paper& paper, const Document& document);
+// The payment, and the levy on it.
 void printPayment(Paper& paper, const Payment& payment);
+void printLevy(Paper& paper, const TaxedAmount& levy);
 
-// The change, and the foot.
+// What is due with the levy on the payments, if any; the change, and the foot.
 void printClosing(Paper& paper, const Document& document, const Configuration& configuration);
 void printCancelled(Paper& paper, const Configuration& configuration);
+// Programmed lines and the serial number.
 void printFoot(Paper& paper, const Configuration& configuration);
 
-// A day's sums by document kind and rate, and its payments.
-void printDay(Paper& paper, const Day& day, const LastNumbers& last, const Rates& rates);
+// The line on top of a document that does not count.
+void printTrainingMark(Paper& paper);
+// A document's lines again, marked as a copy.
+void printCopy(Paper& paper, const Copy& copy);
 
 }  // namespace corvid::simulator

@@ -1,30 +1,21 @@
 #include "simulator/status_replies.h"
 
+#include "simulator/reply_fields.h"
+
 namespace corvid::simulator {
 namespace {
 
-constexpr std::size_t kTotalDigits = 10;
-constexpr std::size_t kNumberDigits = 8;
 constexpr std::size_t kDayDigits = 5;
-constexpr std::size_t kClosureDigits = 4;
 
-using Fields = std::vector<std::string>;
-
-std::string number(int value) { return zeroPadded(value, kNumberDigits); }
 std::string ofDay(int count) { return zeroPadded(count, kDayDigits); }
-std::string money(Amount amount) { return zeroPadded(amount, kTotalDigits); }
-
-void append(Fields& fields, Fields more) {
-  fields.insert(fields.end(), std::make_move_iterator(more.begin()),
-                std::make_move_iterator(more.end()));
-}
 
 Fields numberAndCount(const Machine& machine, DocumentKind kind) {
-  return {number(machine.memory.last().of(kind)), ofDay(machine.memory.today().of(kind).count)};
+  return {documentNumber(machine.memory.last().of(kind)),
+          ofDay(machine.memory.today().of(kind).count)};
 }
 
 Fields nonFiscalCounters(const Machine& machine) {
-  return {number(machine.memory.last().nonFiscal), ofDay(machine.memory.today().nonFiscal)};
+  return {documentNumber(machine.memory.last().nonFiscal), ofDay(machine.memory.today().nonFiscal)};
 }
 
 // The fields with which both layouts begin.
@@ -41,9 +32,9 @@ Fields longCounters(const Machine& machine) {
   append(fields, numberAndCount(machine, DocumentKind::DebitNote));
   append(fields, numberAndCount(machine, DocumentKind::CreditNote));
   append(fields, nonFiscalCounters(machine));
-  append(fields, {zeroPadded(last.reports, kClosureDigits),
-                  zeroPadded(last.closures, kClosureDigits), machine.configuration.rif,
-                  machine.configuration.serial, wireTime(machine.now()), wireDate(machine.now())});
+  append(fields,
+         {closureNumber(last.reports), closureNumber(last.closures), machine.configuration.rif,
+          machine.configuration.serial, wireTime(machine.now()), wireDate(machine.now())});
   return fields;
 }
 
@@ -51,19 +42,20 @@ Fields shortCounters(const Machine& machine) {
   const LastNumbers& last = machine.memory.last();
   Fields fields = cashierAndSales(machine);
   append(fields, nonFiscalCounters(machine));
-  append(fields, {zeroPadded(last.closures, kClosureDigits),
-                  zeroPadded(last.reports, kClosureDigits), machine.configuration.rif,
-                  machine.configuration.serial, wireDate(machine.now()), wireTime(machine.now())});
+  append(fields,
+         {closureNumber(last.closures), closureNumber(last.reports), machine.configuration.rif,
+          machine.configuration.serial, wireDate(machine.now()), wireTime(machine.now())});
   append(fields, numberAndCount(machine, DocumentKind::CreditNote));
   return fields;
 }
 
-Fields sevenAmounts(const KindOfDay& kind) {
-  Fields fields = {money(kind.byRate.front().base)};
-  for (std::size_t rate = 1; rate <= kTaxRates; ++rate) {
-    append(fields, {money(kind.byRate.at(rate).base), money(kind.byRate.at(rate).tax)});
+// What is open: 0 nothing, 1 invoice, 2 debit note, 3 credit note, 4 non-fiscal document.
+int stateOf(const Machine& machine) {
+  constexpr int kNonFiscal = 4;
+  if (machine.document) {
+    return static_cast<int>(machine.document->kind()) + 1;
   }
-  return fields;
+  return machine.isNonFiscalOpen ? kNonFiscal : 0;
 }
 
 std::string flagRow(const Configuration& configuration) {
@@ -87,14 +79,6 @@ std::string statusBytes(const Machine& machine) {
   return {static_cast<char>(status), static_cast<char>(machine.error)};
 }
 
-std::string joined(const std::vector<std::string>& fields) {
-  std::string text;
-  for (const std::string& field : fields) {
-    text += (&field == &fields.front() ? "" : "\n") + field;
-  }
-  return text;
-}
-
 std::string countersReply(const Machine& machine) {
   return joined(machine.configuration.model.counters == CountersLayout::Long
                     ? longCounters(machine)
@@ -113,20 +97,27 @@ std::string ratesReply(const Machine& machine) {
   return joined(fields);
 }
 
-std::string closureReply(const Closure& closure) {
-  const LastNumbers& last = closure.last;
-  Fields fields = {zeroPadded(last.closures, kClosureDigits),
-                   wireDate(closure.time),
-                   wireTime(closure.time),
-                   number(last.of(DocumentKind::Invoice)),
-                   wireDate(last.invoiceTime),
-                   wireTime(last.invoiceTime),
-                   number(last.of(DocumentKind::DebitNote)),
-                   number(last.of(DocumentKind::CreditNote)),
-                   number(last.nonFiscal)};
-  for (const KindOfDay& kind : closure.day.kinds) {
-    append(fields, sevenAmounts(kind));
+std::string documentReply(const Machine& machine) {
+  const Document none(DocumentKind::Invoice, machine.configuration.rates, std::nullopt);
+  const Document& document = machine.document ? *machine.document : none;
+  const Totals totals = document.totals();
+  Amount bases = 0;
+  for (const TaxedAmount& sum : totals.byRate) {
+    bases += sum.base;
   }
+  return joined({"S2 " + money(bases), money(totals.total - bases), money(totals.total),
+                 plainQuantity(document.quantity()), money(document.left()),
+                 std::to_string(document.payments().size()), std::to_string(stateOf(machine))});
+}
+
+std::string paymentsReply(const Machine& machine) {
+  const Day& today = machine.memory.today();
+  Fields fields;
+  for (std::size_t means = 0; means < kPaymentMeans; ++means) {
+    fields.push_back(money(today.of(DocumentKind::Invoice).payments.at(means) +
+                           today.of(DocumentKind::DebitNote).payments.at(means)));
+  }
+  fields.front().insert(0, "S4");
   return joined(fields);
 }
 
