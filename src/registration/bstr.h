@@ -13,7 +13,8 @@ namespace corvid {
 
 // The characters of a host's text, NULs inside it included; a null one is empty.
 [[nodiscard]] inline std::wstring_view viewOf(const OLECHAR* text) noexcept {
-  return text ? std::wstring_view(text, SysStringLen(const_cast<BSTR>(text))) : std::wstring_view();
+  return text != nullptr ? std::wstring_view(text, SysStringLen(const_cast<BSTR>(text)))
+                         : std::wstring_view();
 }
 
 // Owns one automation text.
@@ -24,7 +25,7 @@ class Bstr {
   explicit Bstr(std::wstring_view text) {
     if (text.size() > std::numeric_limits<UINT>::max() / sizeof(OLECHAR)) throw std::bad_alloc();
     text_ = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-    if (!text_) throw std::bad_alloc();
+    if (text_ == nullptr) throw std::bad_alloc();
   }
   Bstr(const Bstr&) = delete;
   Bstr& operator=(const Bstr&) = delete;

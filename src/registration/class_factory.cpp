@@ -6,7 +6,7 @@
 namespace corvid {
 
 STDMETHODIMP ClassFactory::QueryInterface(REFIID id, void** object) {
-  if (!object) return E_POINTER;
+  if (object == nullptr) return E_POINTER;
   *object = nullptr;
   if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
   *object = static_cast<IClassFactory*>(this);
@@ -23,9 +23,9 @@ STDMETHODIMP_(ULONG) ClassFactory::Release() {
 }
 
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** object) {
-  if (!object) return E_POINTER;
+  if (object == nullptr) return E_POINTER;
   *object = nullptr;
-  if (outer) return CLASS_E_NOAGGREGATION;
+  if (outer != nullptr) return CLASS_E_NOAGGREGATION;
   ComPtr<IUnknown> created;
   const HRESULT result =
       guarded(IID_IClassFactory, [&] { created = ComPtr<IUnknown>::adopt(made_.create()); });
@@ -33,7 +33,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** obj
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
-  if (lock) {
+  if (lock != FALSE) {
     ModuleCount::add();
   } else {
     ModuleCount::subtract();

@@ -14,7 +14,7 @@ class ComPtr {
   ComPtr() = default;
   // Adds a reference of its own.
   explicit ComPtr(Interface* object) noexcept : object_(object) {
-    if (object_) object_->AddRef();
+    if (object_ != nullptr) object_->AddRef();
   }
   ComPtr(const ComPtr& other) noexcept : ComPtr(other.object_) {}
   ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
@@ -23,7 +23,7 @@ class ComPtr {
     return *this;
   }
   ~ComPtr() {
-    if (object_) object_->Release();
+    if (object_ != nullptr) object_->Release();
   }
 
   // Takes over a reference that somebody else counted.
@@ -50,7 +50,8 @@ class ComPtr {
   template <class Other>
   [[nodiscard]] ComPtr<Other> as() const noexcept {
     ComPtr<Other> other;
-    if (object_ && FAILED(object_->QueryInterface(__uuidof(Other), other.putVoid()))) return {};
+    if (object_ != nullptr && FAILED(object_->QueryInterface(__uuidof(Other), other.putVoid())))
+      return {};
     return other;
   }
 

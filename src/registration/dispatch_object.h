@@ -17,7 +17,7 @@ namespace corvid {
 
 // Raises E_POINTER for a place that the host did not give.
 inline void requirePlace(const void* place) {
-  if (!place) throw RunTimeError(E_POINTER, {}, L"Invalid pointer");
+  if (place == nullptr) throw RunTimeError(E_POINTER, {}, L"Invalid pointer");
 }
 
 // Automation interfaces have no virtual destructor: their objects delete themselves.
@@ -36,10 +36,10 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
   DispatchObject& operator=(DispatchObject&&) = delete;
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    if (!object) return E_POINTER;
+    if (object == nullptr) return E_POINTER;
     IUnknown* found = findInterface(id);
     *object = found;
-    if (!found) return E_NOINTERFACE;
+    if (found == nullptr) return E_NOINTERFACE;
     found->AddRef();
     return S_OK;
   }
@@ -51,12 +51,12 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
   }
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    if (!count) return E_POINTER;
+    if (count == nullptr) return E_POINTER;
     *count = 1;
     return S_OK;
   }
   STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
-    if (!info) return E_POINTER;
+    if (info == nullptr) return E_POINTER;
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
     const HRESULT result = loadTypeInfo();
@@ -66,14 +66,15 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!names || !ids) return E_POINTER;
+    if (names == nullptr || ids == nullptr) return E_POINTER;
     const HRESULT result = loadTypeInfo();
     return FAILED(result) ? result : typeInfo_->GetIDsOfNames(names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
+                      // NOLINTNEXTLINE(readability-non-const-parameter): fixed by IDispatch
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!arguments) return E_POINTER;
+    if (arguments == nullptr) return E_POINTER;
     const HRESULT loaded = loadTypeInfo();
     if (FAILED(loaded)) return loaded;
     HRESULT outcome = S_OK;
@@ -88,7 +89,7 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
   }
 
   STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
-    if (!info) return E_POINTER;
+    if (info == nullptr) return E_POINTER;
     *info = nullptr;
     ComPtr<ITypeInfo> description;
     const HRESULT result = findTypeInfo(__uuidof(Class), description);
@@ -97,7 +98,7 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
   }
   // These objects are the source of no events.
   STDMETHODIMP GetGUID(DWORD kind, GUID* id) override {
-    if (!id) return E_POINTER;
+    if (id == nullptr) return E_POINTER;
     *id = GUID_NULL;
     return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID ? E_FAIL : E_INVALIDARG;
   }

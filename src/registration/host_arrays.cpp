@@ -46,7 +46,7 @@ Variant toHostTextArray(const Lines& texts) {
 HostArray::HostArray(const VARIANT& value) : array_(arrayIn(value)) {}
 
 SAFEARRAY* HostArray::array() const {
-  if (!array_) throw typeMismatch();
+  if (array_ == nullptr) throw typeMismatch();
   if (SafeArrayGetDim(array_) != 1) throw subscriptOutOfRange();
   return array_;
 }

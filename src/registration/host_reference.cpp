@@ -75,6 +75,13 @@ VARIANT referenceTo(Variant& value, VARTYPE type) noexcept {
   return reference;
 }
 
+bool holdSame(const VARIANT& a, const VARIANT& b) noexcept {
+  if (V_VT(&a) != V_VT(&b)) return false;
+  if (V_VT(&a) == VT_BSTR) return viewOf(V_BSTR(&a)) == viewOf(V_BSTR(&b));
+  const std::size_t size = sizeOf(V_VT(&a));
+  return size != 0 && std::memcmp(&V_UI1(&a), &V_UI1(&b), size) == 0;
+}
+
 HRESULT assignToHost(VARIANT& reference, Variant& value) {
   if ((V_VT(&reference) & VT_BYREF) == 0) return S_OK;
   if (V_VT(&reference) != (VT_BYREF | VT_VARIANT)) return assignTyped(reference, value);

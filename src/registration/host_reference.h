@@ -13,6 +13,9 @@ namespace corvid {
 // A reference to what the value holds, or, for VT_VARIANT, to the value itself.
 [[nodiscard]] VARIANT referenceTo(Variant& value, VARTYPE type) noexcept;
 
+// Whether two values are of one kind and equal. Objects and arrays are never the same.
+[[nodiscard]] bool holdSame(const VARIANT& a, const VARIANT& b) noexcept;
+
 // Writes through the host's reference, converted to the kind of the variable behind it. A value
 // that is no reference has no variable, and nothing happens.
 [[nodiscard]] HRESULT assignToHost(VARIANT& reference, Variant& value);

@@ -4,16 +4,8 @@
 #include "registration/host_reference.h"
 #include "registration/type_descriptions.h"
 
-#include <cstring>
-
 namespace corvid {
 namespace {
-
-bool isSame(const VARIANT& a, const VARIANT& b) {
-  if (V_VT(&a) != V_VT(&b)) return false;
-  if (V_VT(&a) == VT_BSTR) return viewOf(V_BSTR(&a)) == viewOf(V_BSTR(&b));
-  return std::memcmp(&a, &b, sizeof(VARIANT)) == 0;
-}
 
 bool isMissingArgument(const VARIANT& value) {
   return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
@@ -37,7 +29,7 @@ HRESULT LateArguments::fit(const FUNCDESC& member, UINT* badArgument) {
     if (parameter >= parameters || isMissingArgument(values_[place])) continue;
     const HRESULT result = fitOne(place, member.lprgelemdescParam[parameter].tdesc);
     if (FAILED(result)) {
-      if (badArgument) *badArgument = place;
+      if (badArgument != nullptr) *badArgument = place;
       return result;
     }
   }
@@ -92,7 +84,7 @@ HRESULT LateArguments::passText(UINT place) {
 
 HRESULT LateArguments::writeBack() {
   for (StandIn& standIn : standIns_) {
-    if (!standIn.isReference || isSame(standIn.before.value(), standIn.value.value())) continue;
+    if (!standIn.isReference || holdSame(standIn.before.value(), standIn.value.value())) continue;
     const HRESULT result = assignToHost(given_.rgvarg[standIn.place], standIn.value);
     if (FAILED(result)) return result;
   }

@@ -19,7 +19,7 @@ ComPtr<PrinterResponse3Object> PrinterFiscalObject::rates() {
 
 void PrinterFiscalObject::setRates(IUnknown* record) {
   ComPtr<PrinterResponse3Object> own;
-  if (record) {
+  if (record != nullptr) {
     own = PrinterResponse3Object::behind(record);
     if (!own) throw typeMismatch();
   }

@@ -18,7 +18,7 @@ class RegistryKey {
   RegistryKey(RegistryKey&&) = delete;
   RegistryKey& operator=(RegistryKey&&) = delete;
   ~RegistryKey() {
-    if (key_) RegCloseKey(key_);
+    if (key_ != nullptr) RegCloseKey(key_);
   }
   [[nodiscard]] HKEY get() const noexcept { return key_; }
   [[nodiscard]] HKEY* put() noexcept { return &key_; }

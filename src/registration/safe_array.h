@@ -18,7 +18,7 @@ class SafeArray {
   SafeArray(VARTYPE type, std::size_t length) : type_(type) {
     if (length > static_cast<std::size_t>(std::numeric_limits<LONG>::max())) throw std::bad_alloc();
     array_ = SafeArrayCreateVector(type, 0, static_cast<ULONG>(length));
-    if (!array_) throw std::bad_alloc();
+    if (array_ == nullptr) throw std::bad_alloc();
   }
   SafeArray(const SafeArray&) = delete;
   SafeArray& operator=(const SafeArray&) = delete;

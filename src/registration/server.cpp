@@ -1,5 +1,4 @@
-#include "registration/server.h"
-
+// The exported entry points of an in-process automation server, with the system's names.
 #include "registration/automation_library.h"
 #include "registration/class_factory.h"
 #include "registration/com_ptr.h"
@@ -9,15 +8,16 @@
 #include <new>
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
-  if (!object) return E_POINTER;
+  if (object == nullptr) return E_POINTER;
   *object = nullptr;
   const corvid::PublicClass* found = corvid::findPublicClass(classId);
-  if (!found) return CLASS_E_CLASSNOTAVAILABLE;
+  if (found == nullptr) return CLASS_E_CLASSNOTAVAILABLE;
   const auto factory =
       corvid::ComPtr<IClassFactory>::adopt(new (std::nothrow) corvid::ClassFactory(*found));
   return factory ? factory->QueryInterface(id, object) : E_OUTOFMEMORY;
 }
 
+// S_OK when no object, window, factory or lock is alive; drops the process-wide state then.
 STDAPI DllCanUnloadNow() {
   if (corvid::ModuleCount::value() != 0) return S_FALSE;
   corvid::AutomationLibrary::discard();

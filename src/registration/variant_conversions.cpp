@@ -24,7 +24,7 @@ Variant convert(const VARIANT& value, VARTYPE type) {
 }
 
 Variant defaultProperty(IDispatch* object) {
-  if (!object) throw typeMismatch();
+  if (object == nullptr) throw typeMismatch();
   Variant property;
   DISPPARAMS none = {};
   const HRESULT result = object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
@@ -166,7 +166,7 @@ std::optional<Date> toDateOrBlank(const VARIANT& value) {
   if (resolved.type() == VT_BSTR && viewOf(V_BSTR(&resolved.value())).empty()) return std::nullopt;
   const Variant date = convert(resolved.value(), VT_DATE);
   SYSTEMTIME parts;
-  if (!VariantTimeToSystemTime(V_DATE(&date.value()), &parts)) throw overflow();
+  if (VariantTimeToSystemTime(V_DATE(&date.value()), &parts) == FALSE) throw overflow();
   return Date{V_DATE(&date.value())};
 }
 

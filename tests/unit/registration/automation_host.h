@@ -5,7 +5,6 @@
 #include "corvid_interfaces.h"
 #include "registration/com_ptr.h"
 #include "registration/platform.h"
-#include "registration/server.h"
 #include "registration/variant.h"
 
 #include <gtest/gtest.h>
