@@ -1,0 +1,199 @@
+#include "records/closure_queries.h"
+
+#include "basic/text.h"
+#include "distinct_fields.h"
+#include "support/document_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Sent = std::vector<std::string>;
+
+Decimal number(int value) { return Decimal::fromInteger(value); }
+
+// Sends a reply in blocks, the next one for each acknowledgement.
+class MemoryPrinter : public DocumentPrinter {
+ public:
+  void received(std::string_view bytes, SerialDouble& line) override {
+    if (bytes != "\x06") return DocumentPrinter::received(bytes, line);
+    ++acknowledged;
+    if (blocks.empty()) return;
+    line.deliver(blocks.front());
+    blocks.pop_front();
+  }
+
+  std::deque<std::string> blocks;  // behind the first
+  int acknowledged = 0;
+};
+
+struct MemoryBench : DocumentBench {
+  explicit MemoryBench(Entries entries = {}) : DocumentBench(entries) {
+    world().serial.connect(&memory);
+  }
+  MemoryPrinter memory;
+};
+
+// A row of a closure; its invoice has the closure's number, and each amount one hundredth.
+std::string row(int closure) {
+  std::string text = std::to_string(closure) + "\n240517\n1030\n" + std::to_string(closure);
+  text += "\n240517\n1030";
+  for (int field = 6; field < 28; ++field) text += "\n1";
+  return text;
+}
+
+std::string lastBlock(const std::string& text) { return "\x02" + text + "\x03?"; }
+std::string block(const std::string& text) { return "\x02" + text + "\x17?"; }
+
+std::vector<int> numbersOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
+  std::vector<int> numbers;
+  for (const auto& record : records) numbers.push_back(record->values.numeroCierre);
+  return numbers;
+}
+
+const char* const kRange = "U3A000005000012";
+
+std::vector<int> closuresOfRange(DocumentBench& bench) {
+  return numbersOf(reportesZMF(bench.session(), number(5), number(12)));
+}
+
+TEST(Closing, GivesTheSummaryOrNothing) {
+  const struct {
+    Answer answer;
+    bool isClosed;
+    const char* reason;
+  } kCases[] = {
+      {{"\x06"}, true, "acknowledged"},
+      {blockOf("done"), true, "answered with a block"},
+      {{"\x15"}, false, "refused"},
+      {{}, false, "silence"},
+  };
+  for (const auto& item : kCases) {
+    DocumentBench bench;
+    bench.printer().answers["I0Z"] = item.answer;
+    bench.printer().answers["U0Z"] = blockOf("321\n240517");
+    const auto record = CerrarZ(bench.session());
+    EXPECT_EQ(record ? record->values.numeroUltimoZ : 0, item.isClosed ? 321 : 0) << item.reason;
+    EXPECT_EQ(bench.commands(), item.isClosed ? (Sent{"I0Z", "U0Z"}) : Sent{"I0Z"}) << item.reason;
+  }
+}
+
+TEST(Closing, AcceptedBehindARefusalIsAClosing) {
+  DocumentBench bench;
+  bench.session().state().outcome.resultFlag = NAK;  // of an earlier command
+  EXPECT_NE(CerrarZ(bench.session()), nullptr);
+}
+
+TEST(Closing, SummaryThatCannotBeReadIsANewRecord) {
+  DocumentBench bench;
+  bench.silence("U0Z");
+  EXPECT_EQ(CerrarZ(bench.session())->values.numeroUltimoZ, -1);
+  EXPECT_EQ(loadResumenZ(bench.session())->values.numeroUltimoZ, -1);
+  EXPECT_EQ(bench.outcome().pfError, pfCommError);
+}
+
+TEST(MemoryQuery, GivesOneRecordForEachBlock) {
+  MemoryBench bench;
+  bench.memory.answers[kRange] = {block(row(5))};
+  bench.memory.blocks = {block(row(7)), lastBlock(row(12))};
+  EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 7, 12}));
+  EXPECT_EQ(bench.memory.commands, Sent{kRange});
+  EXPECT_EQ(bench.memory.acknowledged, 2);
+}
+
+TEST(MemoryQuery, KeepsTheRowsInFrontOfABlockThatDoesNotArrive) {
+  MemoryBench bench;
+  bench.memory.answers[kRange] = {block(row(5))};
+  bench.memory.blocks = {block(row(6)), "\x02" + row(7)};
+  EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 6}));
+}
+
+TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
+  for (const Answer& failure :
+       {Answer{}, Answer{"\x15"}, Answer{"\x06"}, blockOf(""), blockOf("pfError")}) {
+    MemoryBench bench;
+    bench.memory.answers[kRange] = failure;
+    EXPECT_TRUE(closuresOfRange(bench).empty());
+    bench.memory.answers["U3A000007000007"] = failure;
+    EXPECT_EQ(loadReporteZMF(bench.session(), number(7)), nullptr);
+  }
+}
+
+TEST(MemoryQuery, LimitsHaveSixDigitsOrMore) {
+  const struct {
+    double desde;
+    double hasta;
+    const char* command;
+  } kCases[] = {
+      {5, 12, "U3A000005000012"},
+      {0, 1234567, "U3A0000001234567"},
+      {-3, 2.5, "U3A-000003000003"},
+  };
+  for (const auto& item : kCases) {
+    DocumentBench bench;
+    bench.printer().answers[item.command] = blockOf(row(1));
+    const auto records = reportesZMF(bench.session(), Decimal::fromDouble(item.desde),
+                                     Decimal::fromDouble(item.hasta));
+    EXPECT_EQ(numbersOf(records), std::vector<int>{1}) << item.command;
+  }
+}
+
+TEST(MemoryQuery, RowThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
+  MemoryBench bench;
+  bench.memory.answers[kRange] = {block(row(5))};
+  bench.memory.blocks = {lastBlock("6\n240517")};
+  EXPECT_EQ(errorNumberOf([&] { closuresOfRange(bench); }), 9);
+  bench.memory.answers["U3A000007000007"] = {lastBlock("40000")};
+  const auto load = [&] { static_cast<void>(loadReporteZMF(bench.session(), number(7))); };
+  EXPECT_EQ(errorNumberOf(load), 6);
+  bench.memory.answers[kRange] = {lastBlock(row(5))};
+  EXPECT_EQ(closuresOfRange(bench), std::vector<int>{5});
+}
+
+TEST(MemoryQuery, RowsBeyondA16BitCountAreAnOverflow) {
+  for (const std::size_t count : {32767U, 32768U}) {
+    MemoryBench bench;
+    bench.memory.answers[kRange] = {block("x")};
+    bench.memory.blocks.assign(count - 2, block("x"));
+    bench.memory.blocks.push_back(lastBlock("x"));
+    const int error = errorNumberOf([&] { closuresOfRange(bench); });
+    EXPECT_EQ(error, count > 32767 ? 6 : 13) << count << " rows";
+  }
+}
+
+TEST(MemoryQuery, OneClosureIsTheFirstRowOfItsRange) {
+  MemoryBench bench;
+  bench.memory.answers["U3A000007000007"] = {block(row(7))};
+  bench.memory.blocks = {lastBlock(row(8))};
+  const auto record = loadReporteZMF(bench.session(), number(7));
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->values.numeroCierre, 7);
+  EXPECT_EQ(bench.memory.commands, Sent{"U3A000007000007"});
+}
+
+TEST(MemoryQuery, FailureLeavesARecordUntouched) {
+  DocumentBench bench;
+  bench.silence("U3A000007000007");
+  ReporteZMF record(bench.library());
+  record.values.numeroCierre = 5;
+  EXPECT_FALSE(record.load(bench.session(), number(7)));
+  EXPECT_EQ(record.values.numeroCierre, 5);
+}
+
+TEST(ClosureQueriesInTestMode, AllGoToThePreview) {
+  DocumentBench bench({{L"TestMode", L"True"}});
+  const auto closed = CerrarZ(bench.session());
+  ASSERT_NE(closed, nullptr);
+  EXPECT_EQ(closed->values.numeroUltimoZ, -1);
+  EXPECT_EQ(errorNumberOf([&] { closuresOfRange(bench); }), 13) << "\"Ok\" is no closure";
+  const Lines previewed = {L"I0Z", L"GET RESPONSE: U0Z", L"GET RESPONSE: U3A000005000012"};
+  EXPECT_EQ(bench.world().views.created.front()->lines, previewed);
+}
+
+}  // namespace
+}  // namespace corvid
