@@ -131,6 +131,21 @@ std::string hexadecimal(std::string_view bytes) {
   return text;
 }
 
+std::string escaped(std::string_view bytes) {
+  std::string text;
+  for (const char byte : bytes) {
+    const bool isPlain = byte >= ' ' && byte <= '~';
+    if (byte == '\\') {
+      text += "\\\\";
+    } else if (isPlain) {
+      text += byte;
+    } else {
+      text += "\\x" + hexadecimal(std::string_view(&byte, 1));
+    }
+  }
+  return text;
+}
+
 std::optional<std::string> unescaped(std::string_view text) {
   std::string bytes;
   while (!text.empty()) {

@@ -31,6 +31,9 @@ inline constexpr char kEtb = '\x17';
 // "02 77 03 74".
 [[nodiscard]] std::string hexadecimal(std::string_view bytes);
 
+// ASCII without control bytes: a backslash as \\, and all other bytes as \xHH.
+[[nodiscard]] std::string escaped(std::string_view bytes);
+
 // Reverses the escapes \n (line feed), \\ and \xHH; every other byte stands for itself. Nothing
 // for an escape that is none of these.
 [[nodiscard]] std::optional<std::string> unescaped(std::string_view text);

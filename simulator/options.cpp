@@ -80,6 +80,11 @@ constexpr std::array kOptions = {
            [](Options& o, std::string_view v) { return setText(o.paper, v); }},
     Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",
            [](Options& o, std::string_view v) { return setText(o.wire, v); }},
+    Option{
+        "--memory",
+        "FILE: go on from the memory in FILE, and keep it there; once the file is there, it goes "
+        "before --rates, --igtf, --flag, --cashier and --last-invoice",
+        [](Options& o, std::string_view v) { return setText(o.memory, v); }},
     Option{"--clock", "\"2026-03-14 10:30:15\": stop the printer's clock there", setClock},
     Option{
         "--model",

@@ -12,10 +12,11 @@
 namespace corvid::simulator {
 
 struct Options {
-  std::string pty;    // link to make to the pseudo terminal (Linux)
-  std::string port;   // name of the serial port (Windows)
-  std::string paper;  // file that every printed line is added to, in UTF-8; empty: none
-  std::string wire;   // file that every message is added to; empty: none
+  std::string pty;     // link to make to the pseudo terminal (Linux)
+  std::string port;    // name of the serial port (Windows)
+  std::string paper;   // file that every printed line is added to, in UTF-8; empty: none
+  std::string wire;    // file that every message is added to; empty: none
+  std::string memory;  // file that holds the memory; empty: it is forgotten at the end
   std::optional<LocalTime> clock;  // nothing: the machine's own
   Configuration configuration;
   std::vector<std::string> steering;  // lines to obey before the line opens

@@ -49,7 +49,15 @@ std::string Printer::answerToCommand(std::string_view text) {
   if (const auto told = misbehaviour_.answerTo(text)) {
     return answerOf(data(*told));
   }
-  return answerOf(execute(machine_, text));
+  return answerOf(replyTo(text));
+}
+
+Reply Printer::replyTo(std::string_view command) {
+  Reply reply = execute(machine_, command);
+  if (reply.kind == Reply::Kind::Done && onDone_) {
+    onDone_(machine_);
+  }
+  return reply;
 }
 
 std::string Printer::answerOf(const Reply& reply) {

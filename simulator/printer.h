@@ -31,6 +31,10 @@ class Printer {
   // Each message received and each answer sent, whole and as it stands on the line.
   void onWire(WireListener listener) { onWire_ = std::move(listener); }
 
+  // Called after each command that was carried out, before its answer is sent; what it throws comes
+  // out of receive().
+  void onDone(std::function<void(const Machine&)> listener) { onDone_ = std::move(listener); }
+
   [[nodiscard]] Misbehaviour& misbehaviour() { return misbehaviour_; }
   [[nodiscard]] Machine& machine() { return machine_; }
   [[nodiscard]] const Machine& machine() const { return machine_; }
@@ -38,6 +42,7 @@ class Printer {
  private:
   [[nodiscard]] std::string answerTo(const Received& received);
   [[nodiscard]] std::string answerToCommand(std::string_view text);
+  [[nodiscard]] Reply replyTo(std::string_view command);
   [[nodiscard]] std::string answerOf(const Reply& reply);
   [[nodiscard]] std::string nextBlock();
   void report(Direction direction, std::string_view bytes) const;
@@ -49,6 +54,7 @@ class Printer {
   std::deque<std::string> blocks_;  // of data, waiting for the host's ACK
   std::string lastBlock_;           // sent last, while the reply it belongs to is current
   WireListener onWire_;
+  std::function<void(const Machine&)> onDone_;
 };
 
 }  // namespace corvid::simulator

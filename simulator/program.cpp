@@ -34,7 +34,14 @@ void obeyAtStart(Printer& printer, const std::string& line) {
 }  // namespace
 
 Program::Program(const Options& options, std::ostream& out)
-    : printer_(options.configuration, clockOf(options)), out_(out), steering_(printer_, out) {
+    : printer_(options.configuration, clockOf(options)),
+      out_(out),
+      steering_(printer_, out),
+      memory_(options.memory) {
+  if (!options.memory.empty()) {
+    memory_.load(printer_.machine());
+    printer_.onDone([this](const Machine& machine) { memory_.save(machine); });
+  }
   if (!options.paper.empty()) {
     open(paper_, options.paper);
     printer_.machine().paper.onLine(

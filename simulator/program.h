@@ -1,6 +1,7 @@
 // The printer as a program: its files and its steering, around the line that a front end moves.
 #pragma once
 
+#include "simulator/memory_file.h"
 #include "simulator/options.h"
 #include "simulator/printer.h"
 #include "simulator/steering.h"
@@ -16,7 +17,8 @@ namespace corvid::simulator {
 class Program {
  public:
   // Opens the files that the options name, and obeys their lines without an answer.
-  // std::runtime_error for a file that does not open or a line that is not understood.
+  // std::runtime_error for a file that does not open, a damaged memory, or a line that is not
+  // understood.
   Program(const Options& options, std::ostream& out);
   // The printer's listeners point into the program.
   Program(const Program&) = delete;
@@ -25,6 +27,7 @@ class Program {
   Program& operator=(Program&&) = delete;
   ~Program() = default;
 
+  // std::runtime_error when the memory's file cannot be written.
   [[nodiscard]] std::vector<Chunk> receive(std::string_view bytes) {
     return printer_.receive(bytes);
   }
@@ -39,6 +42,7 @@ class Program {
   Printer printer_;
   std::ostream& out_;
   Steering steering_;
+  MemoryFile memory_;
   std::ofstream paper_;
   std::ofstream wire_;
   std::string input_;  // standard input since its last line end

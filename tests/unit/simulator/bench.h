@@ -28,6 +28,24 @@ struct Bench {
 
   std::string command(std::string_view text) { return raw(framed(text)); }
 
+  // The fields of the one block that answers a query, without its frame; empty for any other
+  // answer.
+  std::vector<std::string> fields(std::string_view query) {
+    const std::string answer = command(query);
+    if (answer.size() < 3 || answer != framed(answer.substr(1, answer.size() - 3))) {
+      return {};
+    }
+    std::vector<std::string> all = {""};
+    for (const char byte : answer.substr(1, answer.size() - 3)) {
+      if (byte == '\n') {
+        all.emplace_back();
+      } else {
+        all.back() += byte;
+      }
+    }
+    return all;
+  }
+
   // Sends commands until one is not acknowledged, and returns that one.
   std::string firstRefused(const std::vector<std::string>& commands) {
     for (const std::string& text : commands) {

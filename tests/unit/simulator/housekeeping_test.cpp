@@ -1,0 +1,152 @@
+#include "known_day.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid::simulator {
+namespace {
+
+std::string blanks(std::size_t count) { return std::string(count, ' '); }
+
+// What the printer put on the paper for a command.
+std::string printedFor(Bench& bench, std::string_view command) {
+  const std::size_t before = bench.paper().size();
+  EXPECT_EQ(bench.command(command), kAckAnswer) << command;
+  return bench.paper().substr(before);
+}
+
+TEST(Housekeeping, ProgrammedLinesStandOnDocumentsAsSent) {
+  Bench bench;
+  ASSERT_EQ(bench.firstRefused({"PH1" + blanks(15) + "LA CASA ES" + blanks(15), "PH2" + blanks(40),
+                                "PH4" + blanks(1) + std::string(38, '\xD1') + " ",
+                                "PHB" + blanks(17) + "GRACIAS" + blanks(16)}),
+            "");
+  std::string enye;
+  for (int i = 0; i < 38; ++i) {
+    enye += "\xC3\x91";
+  }
+  EXPECT_EQ(printedFor(bench, "810TEXT"),
+            "           RIF: J-12345678-9\n"
+            "               LA CASA ES\n"
+            "                CARACAS\n " +
+                enye +
+                "\n          DOCUMENTO NO FISCAL\n"
+                "FECHA: 14-03-2026            HORA: 10:30\n"
+                "----------------------------------------\n"
+                "TEXT\n"
+                "                 GRACIAS\n"
+                "               Z1F0000001\n"
+                "========================================\n");
+}
+
+TEST(Housekeeping, WhatMakesNoSenseIsRefused) {
+  const std::string line = blanks(40);
+  for (const std::string& command : {std::string("PH"),
+                                     "PH" + line,
+                                     "PH1" + blanks(39),
+                                     "PH0" + line,
+                                     "PH9" + line,
+                                     "PH001" + line,
+                                     "PH1x" + line,
+                                     "PH@" + line,
+                                     "PHI" + line,
+                                     "PHAA" + line,
+                                     "PHa" + line,
+                                     std::string("PG310226"),
+                                     std::string("PG000326"),
+                                     std::string("PG15032026"),
+                                     std::string("PF240000"),
+                                     std::string("PF106000"),
+                                     std::string("PF1030"),
+                                     std::string("I1X"),
+                                     std::string("I0"),
+                                     std::string("U0ZZ"),
+                                     std::string("S2 ")}) {
+    Bench bench;
+    EXPECT_EQ(bench.command(command), kNakAnswer) << command;
+    EXPECT_EQ(bench.printer.machine().now().hour, 10) << command;
+  }
+}
+
+TEST(Housekeeping, IsRefusedInTheMiddleOfADocument) {
+  for (const std::string& command :
+       {"PHA" + blanks(40), std::string("PG150326"), std::string("PF103000"),
+        std::string("RF00000010000001"), std::string("I3A000001000001"), std::string("I0X")}) {
+    Bench bench;
+    ASSERT_EQ(bench.firstRefused({"I0Z", item(" ", 100, 1000, "A"), "101"}), "");
+    ASSERT_EQ(bench.command(item(" ", 100, 1000, "B")), kAckAnswer);
+    EXPECT_EQ(bench.command(command), kNakAnswer) << command;
+    ASSERT_EQ(bench.command("101"), kAckAnswer);
+    EXPECT_EQ(bench.command(command), kAckAnswer) << command;
+  }
+}
+
+TEST(Housekeeping, ClockGoesOnFromWhereItWasSet) {
+  LocalTime time{2026, 3, 14, 23, 30, 0};
+  Printer printer({}, [&] { return time; });
+  const auto now = [&] {
+    return wireDate(printer.machine().now()) + wireTime(printer.machine().now());
+  };
+  (void)printer.receive(framed("PG280228"));
+  EXPECT_EQ(now(), "280228233000");
+  (void)printer.receive(framed("PF235958"));
+  EXPECT_EQ(now(), "280228235958");
+  time.second = 3;
+  EXPECT_EQ(now(), "280229000001") << "over midnight into a leap day";
+}
+
+TEST(Reprint, PrintsEachDocumentOfARangeAgain) {
+  Bench bench;
+  const std::size_t start = bench.paper().size();
+  ASSERT_EQ(bench.firstRefused({"iS*Ana", item("!", 100, 1000, "UNO"), "101"}), "");
+  const std::string first = bench.paper().substr(start);
+  ASSERT_EQ(bench.firstRefused({item("!", 200, 1000, "DOS"), "101"}), "");
+  const std::string both = bench.paper().substr(start);
+  const std::string mark = "             *** COPIA ***\n";
+  EXPECT_EQ(printedFor(bench, "RF00000010000001"), mark + first);
+  EXPECT_EQ(printedFor(bench, "RF00000010000009"), mark + first + mark + both.substr(first.size()));
+  EXPECT_EQ(bench.fields("S1")[3], "00002") << "a copy is no document";
+}
+
+TEST(Reprint, FindsKindsByTheirLetter) {
+  Bench bench;
+  std::vector<std::string> day = knownDay();
+  day.insert(day.end(), {"I0Z", "PG150326", item(" ", 100, 1000, "LATE"), "101"});
+  ASSERT_EQ(bench.firstRefused(day), "");
+  struct Case {
+    const char* command;
+    const char* content;  // empty: refused
+  };
+  for (const Case& c :
+       {Case{"RF00000020000002", "\nF (G) "}, Case{"RD00000010000001", "\nL (P) "},
+        Case{"RC00000020000002", "\nR (E) "}, Case{"RN00000010000001", "\nTEXT\n"},
+        Case{"RZ00000010000001", "REPORTE Z"}, Case{"Rf02603150260316", "\nLATE (E) "},
+        Case{"Rz02603140260314", "REPORTE Z"}, Case{"RF00000050000009", ""},
+        Case{"RF00000020000001", ""}, Case{"RN00000020000002", ""}, Case{"RX00000010000001", ""},
+        Case{"Rf02603160260316", ""}, Case{"RF0000001000001", ""}, Case{"RF000000100000011", ""},
+        Case{"R", ""}}) {
+    const std::size_t before = bench.paper().size();
+    const std::string answer = bench.command(c.command);
+    const std::string printed = bench.paper().substr(before);
+    EXPECT_EQ(answer, *c.content == '\0' ? kNakAnswer : kAckAnswer) << c.command;
+    EXPECT_EQ(printed.empty(), *c.content == '\0') << c.command;
+    EXPECT_NE(printed.find(c.content), std::string::npos) << c.command << printed;
+  }
+}
+
+TEST(Reports, ShowTheDaysSums) {
+  Bench bench;
+  ASSERT_EQ(bench.firstRefused(knownDay()), "");
+  const std::string report = printedFor(bench, "I0Z");
+  for (const char* line :
+       {"               REPORTE Z\n", "CIERRE Z:                           0001\n",
+        "ULTIMO NUMERO                   00000003\n", "IGTF SOBRE Bs 83,50              Bs 2,51\n",
+        "PERCIBIDO (P)                    Bs 5,00\n", "TOTAL                          Bs 351,61\n",
+        "MEDIO DE PAGO 24                Bs 34,51\n", "TOTAL                           Bs 24,41\n",
+        "DOCUMENTOS NO FISCALES                 1\n"}) {
+    EXPECT_NE(report.find(line), std::string::npos) << line << report;
+  }
+  EXPECT_EQ(printedFor(bench, "I0X").find("CIERRE"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace corvid::simulator
