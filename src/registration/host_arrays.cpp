@@ -26,20 +26,14 @@ void check(HRESULT result) {
 }  // namespace
 
 Variant toHostArray(const Lines& fields) {
-  SafeArray array(VT_VARIANT, fields.size());
+  SafeArray array(fields.size());
   for (std::size_t i = 0; i < fields.size(); ++i) array.set(i, Variant(Bstr(fields[i])));
   return std::move(array).toVariant();
 }
 
 Variant toHostArray(const std::vector<Lines>& rows) {
-  SafeArray array(VT_VARIANT, rows.size());
+  SafeArray array(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) array.set(i, toHostArray(rows[i]));
-  return std::move(array).toVariant();
-}
-
-Variant toHostTextArray(const Lines& texts) {
-  SafeArray array(VT_BSTR, texts.size());
-  for (std::size_t i = 0; i < texts.size(); ++i) array.set(i, Bstr(texts[i]));
   return std::move(array).toVariant();
 }
 

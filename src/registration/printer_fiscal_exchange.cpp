@@ -61,7 +61,7 @@ STDMETHODIMP PrinterFiscalObject::Reset(VARIANT* ret) {
 }
 
 STDMETHODIMP PrinterFiscalObject::NextStatusBlock(VARIANT* ret) {
-  return giveResult(ret, [&] { return toHostTextArray(session_->NextStatusBlock()); });
+  return giveResult(ret, [&] { return toHostArray(session_->NextStatusBlock()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetResponse(BSTR cmd, VARIANT* ret) {

@@ -11,13 +11,15 @@
 
 namespace corvid {
 
-// Owns one zero-based array of one dimension; the upper bound of an empty one is -1.
+// Owns one zero-based array of Variants, the one kind whose elements every script language reads.
+// The upper bound of an empty one is -1.
 class SafeArray {
  public:
-  // Throws std::bad_alloc, also where the length does not fit the system's count.
-  SafeArray(VARTYPE type, std::size_t length) : type_(type) {
+  // All elements are Empty. Throws std::bad_alloc, also where the length does not fit the system's
+  // count.
+  explicit SafeArray(std::size_t length) {
     if (length > static_cast<std::size_t>(std::numeric_limits<LONG>::max())) throw std::bad_alloc();
-    array_ = SafeArrayCreateVector(type, 0, static_cast<ULONG>(length));
+    array_ = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(length));
     if (array_ == nullptr) throw std::bad_alloc();
   }
   SafeArray(const SafeArray&) = delete;
@@ -26,24 +28,18 @@ class SafeArray {
   SafeArray& operator=(SafeArray&&) = delete;
   ~SafeArray() { SafeArrayDestroy(array_); }
 
-  // Moves a value into an element of an array of VT_VARIANT; the index lies inside the array.
+  // Moves a value into an element; the index lies inside the array.
   void set(std::size_t index, Variant value) noexcept {
     VARIANT& element = static_cast<VARIANT*>(array_->pvData)[index];
     VariantClear(&element);
     element = value.detach();
   }
-  // Moves a text into an element of an array of VT_BSTR; the index lies inside the array.
-  void set(std::size_t index, Bstr text) noexcept {
-    BSTR& element = static_cast<BSTR*>(array_->pvData)[index];
-    SysFreeString(std::exchange(element, text.detach()));
-  }
   // The array as a value of its own.
   [[nodiscard]] Variant toVariant() && noexcept {
-    return Variant::ofArray(type_, std::exchange(array_, nullptr));
+    return Variant::ofArray(VT_VARIANT, std::exchange(array_, nullptr));
   }
 
  private:
-  VARTYPE type_;
   SAFEARRAY* array_ = nullptr;
 };
 

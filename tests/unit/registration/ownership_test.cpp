@@ -90,7 +90,7 @@ TEST(AutomationValue, ReleasesAnObjectOnceWhateverItsWay) {
     object.AddRef();
     Variant moved = std::move(value);
     EXPECT_EQ(VT_EMPTY, value.type());
-    SafeArray array(VT_VARIANT, 2);
+    SafeArray array(2);
     array.set(1, std::move(moved));
     EXPECT_EQ(1U, object.references);
     const Variant whole = std::move(array).toVariant();
@@ -100,7 +100,7 @@ TEST(AutomationValue, ReleasesAnObjectOnceWhateverItsWay) {
 }
 
 TEST(AutomationArray, ThatIsTooLongIsAnOrdinaryLackOfMemory) {
-  EXPECT_THROW(SafeArray(VT_VARIANT, std::size_t{0x80000000}), std::bad_alloc);
+  EXPECT_THROW(SafeArray(std::size_t{0x80000000}), std::bad_alloc);
 }
 
 }  // namespace
