@@ -90,7 +90,7 @@ class QuickView {
 
  private:
   void tellClicked(const std::wstring& line, std::int32_t column);
-  void stepScreenFont(double points);
+  [[nodiscard]] FontChoice printerFont();
   void copyToPrinter(const FontChoice& font);
   void checkMarginEntry();
   void takeMarginEntry();

@@ -7,7 +7,7 @@
 
 namespace corvid {
 
-inline constexpr const wchar_t* kQuickViewCaption = L"Documento: Vista R\u00E1pida";
+inline constexpr const wchar_t* kQuickViewCaption = L"Documento: Vista Rápida";
 
 // In tab order.
 enum class Control {

@@ -85,12 +85,13 @@ class Report {
   bool fitToPrinter();
   void shrinkFontToWidth();
   void correctFontSize();
-  [[nodiscard]] bool acceptsSmallFont();
-  [[nodiscard]] std::int16_t fittingLines();
+  bool refitsSmallFont();
+  std::int16_t fittingLines();
   [[nodiscard]] std::wstring aligned(std::wstring_view text, std::int32_t alignment) const;
   void addLine(const std::wstring& line);
   void printDocument();
-  void printText(std::wstring_view text);
+  void printLines(std::wstring_view text);
+  void abandonPrinting();
 
   ReportPrinter& printer_;
   ReportTextBox& box_;
@@ -101,7 +102,6 @@ class Report {
   std::int16_t reportWidth_ = 120;
   std::int16_t linesPerPage_ = kNoPaging;
   std::int16_t leftMargin_ = 0;
-  bool appendNewLine_ = true;
   bool textAdded_ = false;
   bool loaded_ = false;
   bool printing_ = false;
