@@ -27,10 +27,12 @@ class ReleasingObject : public IDispatch {
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
   STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                       UINT*) override {
-    other_->Release();
+    left = other_->Release();
     *result = text(L"last words").detach();
     return S_OK;
   }
+
+  ULONG left = 0;  // references to the other object
 
  private:
   IUnknown* other_;
@@ -120,6 +122,7 @@ TEST_F(Lifetime, OfAnObjectSpansTheCallsIntoIt) {
   V_VT(value.get()) = VT_DISPATCH;
   V_DISPATCH(value.get()) = &host;
   EXPECT_EQ(S_OK, buffer->AppendV(value.get()));
+  EXPECT_EQ(1U, host.left);
   EXPECT_EQ(S_OK, DllCanUnloadNow());
 }
 
