@@ -54,7 +54,8 @@ bool Report::fitToPrinter() {
 void Report::shrinkFontToWidth() {
   const double usable = printer_.scaleWidth() * ScaleToInches(printer_.scaleMode()) * kUsableShare;
   const std::int16_t characters = narrowToInt16(reportWidth_ + kAllowance);
-  while (usable < TextWidthInches(printer_, characters)) {
+  // A scale mode that measures nothing fits nothing, though the text too is 0 inches wide in it.
+  while (usable <= 0 || usable < TextWidthInches(printer_, characters)) {
     const double size = printer_.fontSize();
     if (size <= kSmallestFont) return;
     printer_.setFontSize(halfPointBelow(size));

@@ -1,0 +1,304 @@
+#include "preview/quick_view.h"
+
+#include "basic/run_time_error.h"
+#include "report_bench.h"
+#include "unit/basic/error_of.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class Listener : public ClickListener {
+ public:
+  bool cancel = false;
+  Texts heard;
+
+  bool raiseReportClicked(const std::wstring& line, std::int32_t column) override {
+    heard.push_back(line + L"@" + std::to_wstring(column));
+    return cancel;
+  }
+};
+
+class Target : public NotifyTarget {
+ public:
+  explicit Target(Texts& heard) : heard_(heard) {}
+  void ReportClicked(const std::wstring& line, std::int32_t column) override {
+    heard_.push_back(line + L"@" + std::to_wstring(column));
+    throw std::runtime_error("the host's own error");
+  }
+
+ private:
+  Texts& heard_;
+};
+
+class Preview : public testing::Test {
+ protected:
+  // A shown window over a text.
+  void show(const std::wstring& text) {
+    view.load();
+    view.showing();
+    world.box.setText(text);
+  }
+
+  ReportSurroundings world;
+  WindowDouble window;
+  Listener listener;
+  QuickView view{world.settings, {window, world.box, world.printer, world.dialogs, listener}};
+};
+
+TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
+  world.box.content = L"left over";
+  view.setLeftMargin(6);
+  EXPECT_EQ(window.margin, L"") << "no controls yet";
+  view.load();
+  EXPECT_EQ(world.box.content, L"");
+  EXPECT_EQ(world.box.font, L"Courier New");
+  EXPECT_EQ(world.box.margin, 48000);
+  EXPECT_TRUE(world.box.locked);
+  EXPECT_EQ(window.margin, L"6");
+  view.setLeftMargin(1234);
+  EXPECT_EQ(window.margin, L"1234");
+  EXPECT_NE(errorOf([&] { return view.setLeftMargin(-1), 0; }), 0);
+  EXPECT_EQ(window.margin, L"1234");
+  world.set(L"EditQView", L"1");
+  view.load();
+  EXPECT_FALSE(world.box.locked);
+}
+
+TEST_F(Preview, TextIsLoadedAtShowingAndByTheFirstActivationOnly) {
+  view.load();
+  view.report().Add(L"a", 0);
+  view.activate();
+  EXPECT_EQ(world.box.content, L"a \r\n");
+  view.report().Add(L"b", 0);
+  view.activate();
+  EXPECT_EQ(world.box.start, world.box.length()) << "the caret was not moved again";
+  view.close();
+  view.showing();
+  EXPECT_EQ(world.box.content, L"a \r\n\r\nb ");
+  EXPECT_EQ(world.box.start, 1);
+}
+
+TEST_F(Preview, RightMarginFollowsOnlyAWiderWindow) {
+  view.load();
+  EXPECT_EQ(view.resize(100, 100).width, 11895);
+  EXPECT_EQ(world.box.margin, 48000);
+  EXPECT_EQ(view.resize(60000, 9000).of(Control::Text1).width, 59535);
+  EXPECT_EQ(world.box.margin, 59535);
+}
+
+TEST_F(Preview, PrintingTakesTheMarginFromItsEntry) {
+  struct Case {
+    const wchar_t* entry;
+    const wchar_t* line;
+    const char* reason;
+  };
+  const std::vector<Case> cases = {{L"3", L"   a|", "a margin"},
+                                   {L"2.5", L"  a|", "half to even"},
+                                   {L"-3", L"a|", "none for a negative entry"},
+                                   {L"40000", L"a|", "none beyond 16 bits"}};
+  show(L"a");
+  for (const Case& c : cases) {
+    window.margin = c.entry;
+    world.printer.pages = {{}};
+    view.print();
+    EXPECT_EQ(world.printer.pages.back().back(), c.line) << c.reason;
+    EXPECT_EQ(window.margin, c.entry) << "the entry stays as typed";
+  }
+}
+
+TEST_F(Preview, ButtonHasNoHostToRaiseTo) {
+  show(L"a");
+  world.printer.height = 1e9;  // lines per page beyond 16 bits
+  EXPECT_NO_THROW(view.print());
+  EXPECT_TRUE(world.printer.aborted);
+}
+
+TEST_F(Preview, ClosingAsksOnlyWhilePrintingAndOnlyNoStops) {
+  show(L"a\r\nb");
+  view.close();
+  EXPECT_EQ(window.hides, 1);
+  EXPECT_TRUE(world.dialogs.shown.empty());
+  for (const Answer answer : {Answer::Yes, Answer::No}) {
+    world.dialogs.answer = answer;
+    world.dialogs.shown.clear();
+    window.hides = 0;
+    world.printer.ended = world.printer.aborted = false;
+    int lines = 0;
+    world.printer.onLine = [&] {
+      if (++lines == 2) view.close();
+    };
+    view.print();
+    EXPECT_EQ(world.dialogs.shown, Texts{L"Halewood? Detener la impresión en progreso"});
+    EXPECT_EQ(window.hides, answer == Answer::No ? 1 : 0);
+    EXPECT_EQ(world.printer.aborted, answer == Answer::No);
+    EXPECT_EQ(world.printer.ended, answer == Answer::Yes);
+  }
+}
+
+TEST_F(Preview, ChosenPrinterFontIsFixed) {
+  show(L"");
+  view.choosePrinterFont();
+  EXPECT_EQ(world.dialogs.fontOffered, (FontChoice{L"Courier New", 7, false, true}));
+  EXPECT_TRUE(view.report().SetReportWidth(40)) << "cancelled: still fitted";
+  world.dialogs.font = FontChoice{L"Fixed", 9.5, true, false};
+  view.choosePrinterFont();
+  EXPECT_FALSE(view.report().SetReportWidth(40));
+  EXPECT_EQ(world.printer.name, L"Fixed");
+  EXPECT_EQ(world.printer.size, 9.5);
+  EXPECT_TRUE(world.printer.bold);
+  EXPECT_FALSE(world.printer.italic);
+  EXPECT_EQ(world.box.font, L"Fixed");
+  world.printer.failingCall = 1;
+  EXPECT_NO_THROW(view.choosePrinterFont()) << "no printer installed";
+}
+
+TEST_F(Preview, ScreenFontStaysWithinItsLimits) {
+  struct Case {
+    double size;
+    double grown;
+    double shrunk;
+  };
+  const std::vector<Case> cases = {{9, 10, 8},   {22, 23, 21}, {23, 23, 22}, {22.5, 23, 21.5},
+                                   {30, 30, 29}, {5, 6, 5},    {6, 7, 5},    {5.5, 6.5, 5}};
+  const double printerSize = world.printer.size;
+  for (const Case& c : cases) {
+    world.box.size = c.size;
+    view.growScreenFont();
+    EXPECT_EQ(world.box.size, c.grown) << c.size;
+    world.box.size = c.size;
+    view.shrinkScreenFont();
+    EXPECT_EQ(world.box.size, c.shrunk) << c.size;
+  }
+  EXPECT_EQ(world.box.refreshes, 2 * static_cast<int>(cases.size()));
+  EXPECT_EQ(world.printer.size, printerSize);
+}
+
+TEST_F(Preview, SearchBeginsBehindTheSelectionAndWraps) {
+  struct Case {
+    std::int32_t start;
+    std::int32_t selected;
+    std::int32_t from;
+    bool found;
+    const char* reason;
+  };
+  show(L"aXbxaXb");  // 7 characters
+  const std::vector<Case> cases = {
+      {0, 0, 1, true, "one behind the caret"},
+      {1, 1, 3, true, "one behind the selection"},
+      {3, 2, 6, false, "from the last character there is no other"},
+      {5, 1, 0, true, "from the end it wraps to the top"},
+      {7, 0, 0, true, "behind the end, too"},
+  };
+  for (const Case& c : cases) {
+    world.box.select(c.start, c.selected);
+    world.dialogs.shown.clear();
+    view.FindText(L"x");
+    EXPECT_EQ(world.box.searchedFrom.back(), c.from) << c.reason;
+    EXPECT_EQ(world.dialogs.shown.empty(), c.found) << c.reason;
+  }
+  view.FindText(L"no such text");
+  EXPECT_EQ(world.dialogs.shown, Texts{L"! ADVERTENCIA: No se localizó el texto deseado"});
+}
+
+TEST_F(Preview, SearchOffersAndRepeatsTheLastText) {
+  show(L"uno dos uno dos");
+  world.dialogs.entered = L"";
+  view.search();
+  EXPECT_TRUE(world.box.searchedFrom.empty()) << "cancelled";
+  world.dialogs.entered = L"DOS";
+  view.search();
+  EXPECT_EQ(world.box.start, 4);
+  EXPECT_TRUE(view.keyDown(kF3Key));
+  EXPECT_EQ(world.box.start, 12);
+  view.search();
+  EXPECT_EQ(world.dialogs.shown.back(), L"Buscar: Introduzca el texto a localizar: [DOS]");
+}
+
+TEST_F(Preview, EscapeHidesAndOtherKeysPass) {
+  show(L"");
+  EXPECT_FALSE(view.keyDown(13));
+  EXPECT_EQ(window.hides, 0);
+  EXPECT_TRUE(view.keyDown(kEscapeKey));
+  EXPECT_EQ(window.hides, 1);
+}
+
+TEST_F(Preview, SavesToTheChosenFileAndTellsAFailure) {
+  show(L"text");
+  view.save();
+  EXPECT_EQ(world.box.savedAs, L"") << "cancelled";
+  EXPECT_EQ(world.dialogs.request.title, L"Nombre del archivo");
+  EXPECT_EQ(world.dialogs.request.filterPattern, L"*.txt");
+  world.dialogs.file = L"C:\\r.txt";
+  view.save();
+  EXPECT_EQ(world.box.savedAs, L"C:\\r.txt");
+  EXPECT_TRUE(world.dialogs.shown.empty());
+  world.box.writable = false;
+  view.save();
+  EXPECT_EQ(world.dialogs.shown.size(), 1U);
+  EXPECT_EQ(world.box.content, L"text");
+}
+
+TEST_F(Preview, LeavingTheMarginEntryChecksItOnce) {
+  const Texts told{L"! PrinterFiscalCorvid (commAPI): Por favor, introduzca un númeto valido"};
+  struct Case {
+    const wchar_t* entry;
+    bool valid;
+    const wchar_t* becomes;
+  };
+  const std::vector<Case> cases = {{L"12.5", true, L"12"}, {L"1-2", false, L"1"},
+                                   {L"", false, L"0"},     {L" ", false, L"0"},
+                                   {L"-3", true, L"-3"},   {L" 8", true, L"8"}};
+  world.dialogs.whileShown = [&] { view.leaveMarginEntry(); };  // the box takes the focus
+  window.onFocus = [&] { view.leaveMarginEntry(); };
+  for (const Case& c : cases) {
+    window.margin = c.entry;
+    window.focuses = 0;
+    world.dialogs.shown.clear();
+    view.leaveMarginEntry();
+    EXPECT_EQ(world.dialogs.shown, c.valid ? Texts{} : told) << c.becomes;
+    EXPECT_EQ(window.focuses, c.valid ? 0 : 1) << c.becomes;
+    EXPECT_EQ(window.margin, c.becomes);
+  }
+  view.stepMargin(2);
+  EXPECT_EQ(window.margin, L"10");
+}
+
+TEST_F(Preview, ClickTellsTheEventThenTheTarget) {
+  Texts notified;
+  show(L"uno dos \r\ntres \r\n");
+  view.SetNotify(std::make_shared<Target>(notified));
+  world.box.select(4, 3);
+  EXPECT_NO_THROW(view.clickText()) << "the target's error is passed over";
+  EXPECT_EQ(listener.heard, Texts{L"uno dos @4"});
+  EXPECT_EQ(notified, listener.heard);
+  EXPECT_EQ(world.box.start, 4);
+  EXPECT_EQ(world.box.selected, 0);
+
+  listener.cancel = true;
+  view.clickText();
+  EXPECT_EQ(listener.heard.size(), 2U);
+  EXPECT_EQ(notified.size(), 1U) << "cancelled";
+
+  listener.cancel = false;
+  view.SetNotify(nullptr);
+  view.clickText();
+  EXPECT_EQ(listener.heard.size(), 3U);
+  EXPECT_EQ(notified.size(), 1U) << "cleared";
+
+  world.box.select(10, 2);  // in front of a line
+  view.clickText();
+  EXPECT_EQ(listener.heard.size(), 3U);
+  EXPECT_EQ(world.box.selected, 2) << "nothing more is done";
+}
+
+}  // namespace
+}  // namespace corvid

@@ -1,0 +1,162 @@
+#include "basic/run_time_error.h"
+#include "preview/report_metrics.h"
+#include "report_bench.h"
+#include "unit/basic/error_of.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+TEST(ReportMetrics, ScaleModesInInches) {
+  const std::vector<std::pair<int, double>> cases = {
+      {0, 0}, {1, 1.0 / 1440}, {2, 1.0 / 1440}, {3, 0}, {4, 120.0 / 1440},
+      {5, 1}, {6, 1.0 / 25.4}, {7, 1.0 / 2.54}, {8, 0}, {-1, 0},
+  };
+  for (const auto& [mode, inches] : cases) {
+    EXPECT_DOUBLE_EQ(ScaleToInches(static_cast<ScaleMode>(mode)), inches) << mode;
+  }
+}
+
+TEST(ReportMetrics, TextWidthIsMeasuredInLettersAndScaled) {
+  PaperPrinter printer;
+  EXPECT_DOUBLE_EQ(TextWidthInches(printer, 12), 1);
+  EXPECT_DOUBLE_EQ(TextWidthInches(printer, 0), 0);
+  EXPECT_EQ(errorOf([&] { return TextWidthInches(printer, -1); }), 5);
+}
+
+TEST(ReportFitting, WidthFindsItsFontAndLines) {
+  struct Case {
+    std::int16_t width;
+    const wchar_t* key;
+    const wchar_t* value;
+    double size;
+    int linesPerPage;
+    const char* reason;
+  };
+  // 8 inches, of which 98 hundredths are 11289.6 twips; a letter takes 12 twips a point.
+  const std::vector<Case> cases = {
+      {120, L"", L"", 7, 105, "126 letters fit at 7.466 points"},
+      {40, L"", L"", 14, 51, "46 letters fit at once"},
+      {61, L"", L"", 14, 51, "67 letters take 11256 twips"},
+      {62, L"", L"", 13.5, 53, "68 letters take 11424, within the width but not its 98 hundredths"},
+      {40, L"MaxFontSize", L"20,9", 20, 35, "a number leads up to the comma"},
+      {40, L"MaxFontSize", L"10.3", 10.3, 70, "70.4 lines round down"},
+      {120, L"MaxFontSize", L"8.3", 7.3, 101, "steps of half a point from any size"},
+      {40, L"FontOffset", L"2.5", 16, 44, "2.5 rounds to 2"},
+      {120, L"FontOffset", L"-1", 6, 123, "corrected after the fitting"},
+      {40, L"FontOffset", L"99999", 14, 51, "no 16-bit number keeps the default"},
+      {40, L"FontFactor", L"0.5", 7, 105, "scaled"},
+      {40, L"FontFactor", L"1E39", 14, 51, "no single keeps the default"},
+  };
+  for (const Case& c : cases) {
+    ReportSurroundings world;
+    if (*c.key != L'\0') world.set(c.key, c.value);
+    Report report = world.report();
+    world.dialogs.shown.clear();  // the initial width may have been too much
+    EXPECT_TRUE(report.SetReportWidth(c.width)) << c.reason;
+    EXPECT_DOUBLE_EQ(world.printer.size, c.size) << c.reason;
+    EXPECT_EQ(report.LineasPagina() + 1, c.linesPerPage) << c.reason;
+    EXPECT_EQ(world.printer.name, L"Courier New") << c.reason;
+    EXPECT_FALSE(world.printer.bold) << c.reason;
+    EXPECT_TRUE(world.dialogs.shown.empty()) << c.reason;
+  }
+}
+
+TEST(ReportFitting, OffsetStandsBeforeFactor) {
+  ReportSurroundings world;
+  world.set(L"FontOffset", L"2");
+  world.set(L"FontFactor", L"0.5");
+  Report report = world.report();
+  report.SetReportWidth(40);
+  EXPECT_EQ(world.printer.size, 8);
+}
+
+TEST(ReportFitting, SmallFontWarnsAndOnlyNoGoesOn) {
+  ReportSurroundings world;
+  Report report = world.report();
+  report.SetLinesPerPage(77);
+  EXPECT_FALSE(report.SetReportWidth(300));
+  EXPECT_EQ(report.LineasPagina(), 76) << "Yes leaves the lines per page";
+  EXPECT_EQ(world.dialogs.shown,
+            (std::vector<std::wstring>{L": ADVERTENCIA: El reporte podría no imprimirse completo "
+                                       L"con su actual configuración de impresión",
+                                       L"? Desea emitirlo, a pesar de ello"}));
+  EXPECT_EQ(world.printer.sizesAsked.back(), 4) << "not tried below 4 points";
+  world.dialogs.answer = Answer::No;
+  EXPECT_TRUE(report.SetReportWidth(300));
+  EXPECT_EQ(report.LineasPagina(), 185);
+}
+
+TEST(ReportFitting, EndsWhereTheDeviceOffersNoSmallerFont) {
+  ReportSurroundings world;
+  world.printer.smallestSize = 12;
+  Report report = world.report();
+  EXPECT_TRUE(report.SetReportWidth(120));
+  EXPECT_EQ(world.printer.size, 12);
+  EXPECT_EQ(world.printer.sizesAsked.back(), 11.5);
+}
+
+TEST(ReportFitting, PixelsMeasureNothingAndAlwaysAsk) {
+  ReportSurroundings world;
+  world.printer.mode = ScaleMode::Pixels;
+  Report report = world.report();
+  EXPECT_EQ(world.printer.size, 4);
+  EXPECT_EQ(world.dialogs.shown.size(), 2U);
+  EXPECT_EQ(report.LineasPagina(), kNoPaging - 1);
+}
+
+TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
+  ReportSurroundings world;
+  Report report = world.report();
+  report.SetPrintFontSize(11);
+  world.printer.calls = 0;
+  EXPECT_FALSE(report.SetReportWidth(2));
+  EXPECT_EQ(world.printer.calls, 0);
+  EXPECT_EQ(world.printer.size, 11);
+  report.Add(L"abc", 2);
+  report.LoadText();
+  EXPECT_EQ(world.box.content, L"ab \r\n");
+}
+
+TEST(ReportFitting, WhateverPrinterCallFailsTheMemberEndsQuietly) {
+  ReportSurroundings counting;
+  Report whole = counting.report();
+  for (int call = 1; call <= counting.printer.calls; ++call) {
+    ReportSurroundings world;
+    world.printer.failingCall = call;
+    Report report = world.report();
+    EXPECT_EQ(report.LineasPagina(), kNoPaging - 1) << "nothing is paged, call " << call;
+    EXPECT_FALSE(report.SetReportWidth(40)) << call;
+    EXPECT_NO_THROW(report.SetPrintFontSize(9)) << call;
+  }
+}
+
+TEST(ReportFitting, RunTimeErrorsReachTheHostButNotCreation) {
+  struct Case {
+    double height;
+    double lineHeight;
+    std::int16_t width;
+    int error;
+    const char* reason;
+  };
+  const std::vector<Case> cases = {
+      {15120, 1, 32762, 6, "width and allowance"},
+      {15120, 1, -7, 5, "no text of negative length"},
+      {1e9, 1, 120, 6, "lines per page"},
+      {15120, 0, 120, 11, "a font without height"},
+  };
+  for (const Case& c : cases) {
+    ReportSurroundings world;
+    world.printer.height = c.height;
+    world.printer.lineHeight = c.lineHeight;
+    Report report = world.report();
+    EXPECT_EQ(errorOf([&] { return report.SetReportWidth(c.width); }), c.error) << c.reason;
+  }
+}
+
+}  // namespace
+}  // namespace corvid

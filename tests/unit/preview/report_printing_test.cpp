@@ -1,0 +1,114 @@
+#include "basic/run_time_error.h"
+#include "preview/report.h"
+#include "report_bench.h"
+#include "unit/basic/error_of.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Pages = std::vector<PaperPrinter::Page>;
+
+class ReportPrinting : public testing::Test {
+ protected:
+  Pages print(const std::wstring& text) {
+    world.printer.pages = Pages(1);
+    world.box.setText(text);
+    report.PrintListBox();
+    return world.printer.pages;
+  }
+
+  ReportSurroundings world;
+  Report report = world.report();
+};
+
+TEST_F(ReportPrinting, LinesGoToTheirPages) {
+  struct Case {
+    const wchar_t* text;
+    Pages pages;
+    const char* reason;
+  };
+  const std::vector<Case> cases = {
+      {L"", {{L" |"}}, "an empty report is one blank line"},
+      {L"a \r\nb \r\n", {{L" |", L"  a |", L"  b |"}}, "a closing break adds no line"},
+      {L"a \r\nb ", {{L" |", L"  a |", L"  b |"}}, "a last line without a break"},
+      {L"a \r\n____\r\nb \r\n", {{L" |", L"  a |"}, {L"  b |"}}, "a page break is not printed"},
+      {L"_total\r\n_\r\nb", {{L" |"}, {}, {L"  b|"}}, "any underscore in front breaks"},
+      {L"a_\r\n\r\nb", {{L" |", L"  a_|", L"  |", L"  b|"}}, "inside a line it does not"},
+      {L"a\nb\rc", {{L" |", L"  a\nb\rc|"}}, "only both characters end a line"},
+  };
+  report.setLeftMargin(2);
+  for (const Case& c : cases) {
+    EXPECT_EQ(print(c.text), c.pages) << c.reason;
+    EXPECT_TRUE(world.printer.ended) << c.reason;
+    EXPECT_FALSE(world.printer.aborted) << c.reason;
+    EXPECT_FALSE(report.printing()) << c.reason;
+  }
+}
+
+TEST_F(ReportPrinting, StripPrinterGetsFortyCharactersBehindACarriageReturn) {
+  world.printer.device = L"VeriFone";
+  report.setLeftMargin(2);
+  const std::wstring line(39, L'x');
+  EXPECT_EQ(print(line + L"yz\r\n__\r\n"),
+            (Pages{{L" |", L"\r" + line + L"y", L"\r__" + std::wstring(38, L' ')}}));
+}
+
+TEST_F(ReportPrinting, FontIsFittedAnewUnlessFixed) {
+  world.printer.size = 9;
+  print(L"a");
+  EXPECT_EQ(world.printer.size, 7);
+  report.SetPrintFontSize(9);
+  print(L"a");
+  EXPECT_EQ(world.printer.size, 9);
+}
+
+TEST_F(ReportPrinting, StopAbortsInFrontOfTheNextLine) {
+  int lines = 0;
+  world.printer.onLine = [&] {
+    if (++lines != 3) return;
+    EXPECT_TRUE(report.printing());
+    report.stopPrinting();
+  };
+  EXPECT_EQ(print(L"a\r\nb\r\nc\r\nd"), (Pages{{L" |", L"a|", L"b|"}}));
+  EXPECT_TRUE(world.printer.aborted);
+  EXPECT_FALSE(world.printer.ended);
+}
+
+TEST_F(ReportPrinting, StopDuringTheLastLineStillAborts) {
+  world.printer.onLine = [&] { report.stopPrinting(); };
+  print(L"a");
+  EXPECT_TRUE(world.printer.aborted);
+  EXPECT_FALSE(world.printer.ended);
+}
+
+TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedQuietly) {
+  const std::wstring text = L"a\r\n__\r\nb";
+  report.SetPrintFontSize(9);
+  world.printer.calls = 0;
+  print(text);
+  const int calls = world.printer.calls;
+  for (int call = 1; call <= calls; ++call) {
+    world.printer.ended = world.printer.aborted = false;
+    world.printer.calls = 0;
+    world.printer.failingCall = call;
+    EXPECT_NO_THROW(print(text)) << call;
+    EXPECT_TRUE(world.printer.aborted) << call;
+    EXPECT_FALSE(world.printer.ended) << call;
+    EXPECT_FALSE(report.printing()) << call;
+  }
+}
+
+TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {
+  EXPECT_EQ(errorOf([&] { return report.SetReportWidth(32767); }), 6);
+  EXPECT_EQ(errorOf([&] { return print(L"a"); }), 6);
+  EXPECT_TRUE(world.printer.aborted);
+  EXPECT_FALSE(report.printing());
+}
+
+}  // namespace
+}  // namespace corvid
