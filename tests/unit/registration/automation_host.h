@@ -76,7 +76,7 @@ inline Variant objectValue(IDispatch* object) {
   Variant variant;
   V_VT(variant.get()) = VT_DISPATCH;
   V_DISPATCH(variant.get()) = object;
-  if (object) object->AddRef();
+  if (object != nullptr) object->AddRef();
   return variant;
 }
 
