@@ -5,7 +5,7 @@
 namespace corvid::simulator {
 namespace {
 
-std::string blanks(std::size_t count) { return std::string(count, ' '); }
+std::string blanks(std::size_t count) { return std::string().append(count, ' '); }
 
 // What the printer put on the paper for a command.
 std::string printedFor(Bench& bench, std::string_view command) {
