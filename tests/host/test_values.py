@@ -30,8 +30,8 @@ rows = p.GetMultipleResponses("Q2")
 Say "rows", UBound(rows) & " " & rows(0)(0) & rows(1)(0) & rows(1)(1) & rows(2)(0)
 Say "rows joined", p.GetMultipleResponsesStr("Q2", ",", ";")
 Say "rows by default", p.GetMultipleResponsesStr("Q2")
-nothing = p.NextStatusBlock()
-Say "nothing", UBound(nothing)
+none = p.NextStatusBlock()
+Say "none", UBound(none)
 p.Cerrar
 """
 
@@ -44,8 +44,8 @@ Say "counters", s1.Serial & " " & s1.RIF & " " & s1.numeroUltimaFactura & " " & 
 Say "lines", UBound(Split(s1.toString, vbCrLf))
 Set s3 = p.StatusS3
 Say "rates", CStr(s3.ValorTasa1) & " " & CStr(s3.ValorTasa2) & " " & CInt(s3.TipoTasa1)
-Say "cached", p.f21 & " " & TypeName(p.s3)
 Say "rate index", p.IndiceTasa(8.05) & p.IndiceTasa(8.2) & p.IndiceTasa(-1)
+Say "kept", p.f21 & " " & TypeName(p.s3)
 Say "rate by the record", p.s3.ValorTasa3
 """
 
@@ -95,7 +95,7 @@ class Values(HostTest):
             "rows": "2 abc{209}",
             "rows joined": "a;b,c;{209}",
             "rows by default": "a{30}b{31}c{30}{209}",
-            "nothing": "-1",
+            "none": "-1",
         })  # fmt: skip
 
     def test_records(self):
@@ -108,7 +108,7 @@ class Values(HostTest):
                 self.assertEqual(said, {
                     "counters": f"Z1F0000001 J-12345678-9 41 0{decimal}00 202610 IPrinterResponse1",
                     "rates": "16 8 0",
-                    "cached": "0 IPrinterResponse3",
+                    "kept": "0 IPrinterResponse3",
                     "rate index": "204",
                     "rate by the record": "31",
                 })  # fmt: skip
@@ -120,7 +120,7 @@ class Values(HostTest):
             "cut": "abc 3 Long",
             "inserted": "aXYbc 2 XY",
             "let": "otro",
-            "replaced": "0tr0",
+            "replaced": "0tr0c",  # what lies behind a shorter new value comes to light
             "null": "13|PrinterFiscalCorvid|Type mismatch",
         })  # fmt: skip
 
