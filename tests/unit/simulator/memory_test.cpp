@@ -139,7 +139,7 @@ class InFile : public testing::Test {
     return answer;
   }
 
-  std::string content() {
+  [[nodiscard]] std::string content() const {
     std::ifstream file(options_.memory, std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
