@@ -87,11 +87,16 @@ std::vector<Chunk> Misbehaviour::inPieces(const std::string& answer) {
   return {{{}, answer}};
 }
 
+std::chrono::microseconds Misbehaviour::timeOnLine(std::size_t bytes) const {
+  const std::int64_t bits = kBitsPerByte * static_cast<std::int64_t>(bytes);
+  return std::chrono::microseconds(baud_ > 0 ? 1'000'000 * bits / baud_ : 0);
+}
+
 std::vector<Chunk> Misbehaviour::paced(const std::vector<Chunk>& pieces) const {
   if (baud_ <= 0) {
     return pieces;
   }
-  const std::chrono::microseconds byteTime(1'000'000 * kBitsPerByte / baud_);
+  const std::chrono::microseconds byteTime = timeOnLine(1);
   std::vector<Chunk> chunks;
   for (const Chunk& piece : pieces) {
     const auto bytes = singleBytes(piece.bytes, piece.gap + byteTime, byteTime);

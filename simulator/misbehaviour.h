@@ -51,8 +51,10 @@ class Misbehaviour {
   // STX at 0; beyond the end: the last one.
   void setPosition(std::size_t position) { position_ = position; }
   void setNoise(std::string bytes) { noise_ = std::move(bytes); }
-  // Bits a second at which bytes of 11 bits leave one by one; 0: at once.
+  // Bits a second at which bytes of 11 bits arrive and leave one by one; 0: at once.
   void setBaud(int baud) { baud_ = baud; }
+  // What so many bytes need on the line.
+  [[nodiscard]] std::chrono::microseconds timeOnLine(std::size_t bytes) const;
 
   // A command that begins with `prefix` is answered by blocks of data told here, in the order in
   // which they were added, and not executed.

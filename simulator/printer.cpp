@@ -16,7 +16,12 @@ std::vector<Chunk> Printer::receive(std::string_view bytes) {
     if (received->kind == Received::Kind::Noise || misbehaviour_.happens(Fault::Silent)) {
       continue;
     }
+    const std::size_t before = chunks.size();
     send(answerTo(*received), chunks);
+    // However it got here: on a paced line the message has only now arrived.
+    if (chunks.size() > before) {
+      chunks.at(before).gap += misbehaviour_.timeOnLine(received->bytes.size());
+    }
   }
   return chunks;
 }

@@ -20,7 +20,7 @@ namespace corvid::simulator {
 //   answer COMMAND [text]    answer a command that begins so by this text; without a text, by what
 //                            the printer knows again
 //   more COMMAND text        one more block to the answer told
-//   baud N         send bytes one by one at so many bits a second; 0: at once
+//   baud N         take and send bytes at so many bits a second; 0: at once
 //   error N        the second status byte: 64 none, 65 no paper, any other to 127
 //   memory-full on|off
 //   reset          end all faults, forget answers told

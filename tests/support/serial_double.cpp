@@ -71,8 +71,15 @@ bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
   return false;
 }
 
-bool SerialDouble::isDue(const Line& line) const {
-  return !line.incoming.empty() && line.incoming.front().due <= clock_.total();
+// The bytes that one read finds.
+std::size_t SerialDouble::countDue(const Line& line) const {
+  std::size_t count = 0;
+  for (const Chunk& chunk : line.incoming) {
+    if (!isDue(chunk)) break;
+    count += chunk.bytes.size();
+    if (!chunksRunTogether) break;
+  }
+  return count;
 }
 
 SerialHandle SerialDouble::createFile(const std::wstring& name) {
@@ -133,21 +140,30 @@ bool SerialDouble::clearCommError(SerialHandle handle, SerialQueue& queue) {
   if (!useOpen("clearCommError", handle)) return false;
   const Line& line = open_.at(handle);
   queue.errorFlags = errorFlags;
-  queue.waiting = isDue(line) ? static_cast<std::uint32_t>(line.incoming.front().bytes.size()) : 0;
+  queue.waiting = static_cast<std::uint32_t>(countDue(line));
   return true;
+}
+
+std::uint32_t SerialDouble::takeDue(Line& line, char* buffer, std::uint32_t size) {
+  std::uint32_t left = std::min(size, static_cast<std::uint32_t>(countDue(line)));
+  std::uint32_t count = 0;
+  while (left > 0) {
+    std::string& bytes = line.incoming.front().bytes;
+    const auto taken = static_cast<std::uint32_t>(bytes.copy(buffer + count, left));
+    bytes.erase(0, taken);
+    if (bytes.empty()) line.incoming.pop_front();
+    count += taken;
+    left -= taken;
+  }
+  return count;
 }
 
 std::uint32_t SerialDouble::take(SerialHandle handle, char* buffer, std::uint32_t size) {
   Line& line = open_.at(handle);
-  std::uint32_t count = 0;
-  if (isDue(line)) {
-    std::string& bytes = line.incoming.front().bytes;
-    count = static_cast<std::uint32_t>(bytes.copy(buffer, size));
-    bytes.erase(0, count);
-    if (bytes.empty()) line.incoming.pop_front();
-  }
+  std::uint32_t count = takeDue(line, buffer, size);
   if (readsWaitOutTheirTimeout && count < size) {
     clock_.advance(timeouts_.readTotalConstant / 1000.0);
+    if (chunksRunTogether) count += takeDue(line, buffer + count, size - count);
   }
   return count;
 }

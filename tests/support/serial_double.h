@@ -43,6 +43,8 @@ class SerialDouble : public SerialCalls {
   void shortenWrite(int nth, std::uint32_t by);
   // A read that asks for more than is waiting takes the whole read time-out of a real port.
   bool readsWaitOutTheirTimeout = false;
+  // As on a real line: a read takes all that has arrived, and what arrives while it waits.
+  bool chunksRunTogether = false;
 
   [[nodiscard]] const std::vector<std::string>& calls() const { return calls_; }
   [[nodiscard]] std::size_t count(const std::string& call) const;
@@ -102,7 +104,9 @@ class SerialDouble : public SerialCalls {
   bool useOpen(const std::string& call, SerialHandle handle);
   void note(const std::string& call, std::initializer_list<std::uint32_t> numbers);
   [[nodiscard]] bool isPending() const { return lastError_ == kErrorIoPending; }
-  [[nodiscard]] bool isDue(const Line& line) const;
+  [[nodiscard]] bool isDue(const Chunk& chunk) const { return chunk.due <= clock_.total(); }
+  [[nodiscard]] std::size_t countDue(const Line& line) const;
+  std::uint32_t takeDue(Line& line, char* buffer, std::uint32_t size);
   std::uint32_t take(SerialHandle handle, char* buffer, std::uint32_t size);
   std::uint32_t send(SerialHandle handle, std::string_view bytes);
 

@@ -32,6 +32,7 @@ struct TimedBench {
     world.settings.set(kSessionSection, L"TimeOut", L"2");
     world.clock.restSeconds = 0.001;
     world.serial.readsWaitOutTheirTimeout = true;
+    world.serial.chunksRunTogether = true;
     world.serial.connect(&printer);
     session.state().SerialPrinter = L"KNOWN";
     session.Abrir(7);
@@ -77,6 +78,8 @@ TEST(ImmediateExchange, FaultsEndAsTheyDoByDefault) {
       {{{"\x05", 0}, {block + "?", 0.001}}, ab, ab, "ENQ, and the answer right behind"},
       {{{"\x02half", 0}}, {L"pfError"}, {L"pfError"}, "half a block"},
       {{{"\x06", 0}}, {}, {}, "merely acknowledged"},
+      {bytewise(std::string(100, '~'), 0.05), {L"pfError"}, {L"pfError"}, "never falls quiet"},
+      {bytewise("~~~~" + block + "?", 0.05), ab, ab, "noise without a pause, then the answer"},
   };
   for (const FaultCase& item : cases) {
     for (const bool immediate : {false, true}) {
