@@ -24,7 +24,8 @@ IN_FILE = {
         "ColumnasDescripcion": "10", "DigitosPrecio": "12", "DecimalesPrecio": "3",
         "DigitosCantidad": "", "IndicePercibido": "3", "TipoPrinter": "7", "TimeOut": "1,5",
     },
-    r"Config\NimbusPF\Tasas": {"0": "0", "1": "16", "2": "8,5", "3": "8", "5": "99"},
+    # A rate ends at a comma.
+    r"Config\NimbusPF\Tasas": {"0": "0", "1": "16", "2": "8,5", "3": "8"},
 }  # fmt: skip
 IN_STORE = {
     r"Config\NimbusPF": {
@@ -79,7 +80,7 @@ class Settings(HostTest):
         printer = self.printer()
         said = self.run_script(SALE)
         self.assertEqual(said["model"], "7")
-        sent = [b"!000000012500000020DESCRIPCIO", b"$000000001000000010DOS",
+        sent = [b"!000000012500000020DESCRIPCIO", b'"000000001000000010DOS',
                 b"#000000001000000010TRES", b"201000000003"]  # fmt: skip
         seen = list(dict.fromkeys(printer.commands()))  # the printer refuses these widths
         self.assertEqual(seen, sent)
