@@ -72,6 +72,7 @@ TEST(AutomationText, HasOneOwner) {
   BSTR characters = first.get();
   Bstr second = std::move(first);
   EXPECT_EQ(characters, second.get());
+  // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves
   EXPECT_EQ(nullptr, first.get());
   Bstr third(L"three");
   third = std::move(second);
@@ -89,6 +90,7 @@ TEST(AutomationValue, ReleasesAnObjectOnceWhateverItsWay) {
     V_UNKNOWN(value.get()) = &object;
     object.AddRef();
     Variant moved = std::move(value);
+    // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves
     EXPECT_EQ(VT_EMPTY, value.type());
     SafeArray array(2);
     array.set(1, std::move(moved));

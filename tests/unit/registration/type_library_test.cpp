@@ -146,6 +146,8 @@ const std::wstring kItem =
     L"istrDescripcion As Variant, ivmPrecioNeto As Variant, idblCantidad As Variant, "
     L"ivmPorcentajeImpuesto As Variant";
 const std::wstring kItemAndCode = kItem + L", Optional codigo As Variant";
+const std::wstring kSeparators = L"Optional itemSep As Variant, Optional rowSep As Variant";
+const std::wstring kDiscount = L"isPorcentaje As Variant, isDescuento As Variant, valor As Variant";
 const std::wstring kCustomer = L"Nombre As Variant, RIF As Variant, Direccion As Variant";
 
 TEST_F(PublishedInterface, ListsTheSessionsStateInTheOrderOfItsDeclaration) {
@@ -199,8 +201,7 @@ TEST_F(PublishedInterface, ListsTheSessionsMethodsWithTheirArguments) {
       L"60 GetResponse(cmd As String) As Variant",
       L"61 GetResponseString(cmd As String, Optional sep As String = \"\") As String",
       L"62 GetMultipleResponses(cmd As String) As Variant",
-      L"63 GetMultipleResponsesStr(cmd As String, Optional itemSep As Variant, "
-      L"Optional rowSep As Variant) As String",
+      L"63 GetMultipleResponsesStr(cmd As String, " + kSeparators + L") As String",
       L"64 responseItem(selector As Integer, s As Variant) As Variant",
       L"80 PasarItem(" + kItem + L") As Integer",
       L"81 RefundItem(" + kItem + L") As Integer",
@@ -225,8 +226,7 @@ TEST_F(PublishedInterface, ListsTheSessionsMethodsWithTheirArguments) {
       L"120 SubTotal(Optional doPrint As Variant) As Boolean",
       L"121 PasarDescuento(dblPorcentaje As Variant) As Boolean",
       L"122 PasarMontoDescuento(dMonto As Variant) As Boolean",
-      L"123 descuentoGeneral(isPorcentaje As Variant, isDescuento As Variant, "
-      L"valor As Variant) As Variant",
+      L"123 descuentoGeneral(" + kDiscount + L") As Variant",
       L"124 CerrarComprobante(Optional Monto As Variant) As Integer",
       L"125 CerrarConMedio(IndiceMedio As Variant, Monto As Variant) As Integer",
       L"126 CerrarNotaCredito() As Integer",
