@@ -47,6 +47,7 @@ TEST(QuickViewControls, ControlsFollowTheWindowsEdges) {
     EXPECT_EQ(layout.of(same).top, 7920);
     EXPECT_EQ(layout.of(same).left, layoutQuickView(0, 0).of(same).left) << "stays at the left";
   }
+  EXPECT_EQ(layoutQuickView(15000, 9001.5).of(Control::cbCerrar).top, 7922) << "7921.5 too";
   EXPECT_EQ(layout.of(Control::Text1).width, 14535);
   EXPECT_EQ(layout.of(Control::Text1).height, 7725.5);
   EXPECT_EQ(layout.of(Control::Label1).top, 8160.5);

@@ -110,5 +110,14 @@ TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {
   EXPECT_FALSE(report.printing());
 }
 
+TEST_F(ReportPrinting, PositionOnThePaperOverflowsIn32Bits) {
+  report.SetPrintFontSize(9);
+  world.printer.lineHeight = 7e6;  // two lines below 2^31, the third beyond it
+  world.printer.unitsPerPoint = 14;
+  EXPECT_EQ(errorOf([&] { return print(L"a\r\nb"); }), 0);
+  EXPECT_EQ(errorOf([&] { return print(L"a\r\nb\r\nc"); }), 6);
+  EXPECT_TRUE(world.printer.aborted);
+}
+
 }  // namespace
 }  // namespace corvid
