@@ -2,54 +2,70 @@
 
 #include "corvid_interfaces.h"
 #include "registration/automation_library.h"
+#include "registration/estado_documento_object.h"
 #include "registration/printer_fiscal_object.h"
 #include "registration/printer_response1_object.h"
+#include "registration/printer_response2_object.h"
 #include "registration/printer_response3_object.h"
+#include "registration/printer_response4_object.h"
+#include "registration/reporte_zmf_object.h"
+#include "registration/resumen_z_object.h"
 #include "registration/string_buffer_object.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 namespace corvid {
 namespace {
 
+// Gives the object's one reference away.
+template <class Object>
+IUnknown* identityOf(ComPtr<Object> object) {
+  typename Object::Published* published = object.detach();
+  return published;
+}
+
 IUnknown* createSession() {
   AutomationLibrary& automation = AutomationLibrary::instance();
   auto session = std::make_shared<PrinterFiscal>(automation.library(), automation.statusSource());
-  IPrinterFiscal* object = makeObject<PrinterFiscalObject>(std::move(session)).detach();
-  return object;
+  return identityOf(makeObject<PrinterFiscalObject>(std::move(session)));
 }
 
-IUnknown* createResponse1() {
-  auto record = std::make_shared<PrinterResponse1>(AutomationLibrary::instance().library());
-  IPrinterResponse1* object = makeObject<PrinterResponse1Object>(std::move(record)).detach();
-  return object;
+template <class Object, class Record>
+IUnknown* createRecord() {
+  Library& library = AutomationLibrary::instance().library();
+  return identityOf(makeObject<Object>(std::make_shared<Record>(library)));
 }
 
-IUnknown* createResponse3() {
-  auto record = std::make_shared<PrinterResponse3>(AutomationLibrary::instance().library());
-  IPrinterResponse3* object = makeObject<PrinterResponse3Object>(std::move(record)).detach();
-  return object;
+// The one record that needs nothing of the library.
+IUnknown* createResponse4() {
+  return identityOf(makeObject<PrinterResponse4Object>(std::make_shared<PrinterResponse4>()));
 }
 
-IUnknown* createStringBuffer() {
-  ICStringBuffer* object = makeObject<CStringBufferObject>().detach();
-  return object;
-}
+IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }
 
 }  // namespace
 
 std::span<const PublicClass> publicClasses() noexcept {
-  static const std::array<PublicClass, 4> classes = {{
+  static const PublicClass classes[] = {
       {__uuidof(::PrinterFiscal), L"PrinterFiscal", L"Corvid fiscal printer session",
        createSession},
       {__uuidof(::PrinterResponse1), L"PrinterResponse1", L"Corvid cashier and counters record",
-       createResponse1},
+       createRecord<PrinterResponse1Object, PrinterResponse1>},
+      {__uuidof(::PrinterResponse2), L"PrinterResponse2", L"Corvid open document record",
+       createRecord<PrinterResponse2Object, PrinterResponse2>},
+      {__uuidof(::EstadoDocumento), L"EstadoDocumento", L"Corvid document state record",
+       createRecord<EstadoDocumentoObject, EstadoDocumento>},
       {__uuidof(::PrinterResponse3), L"PrinterResponse3", L"Corvid tax rate record",
-       createResponse3},
+       createRecord<PrinterResponse3Object, PrinterResponse3>},
+      {__uuidof(::PrinterResponse4), L"PrinterResponse4", L"Corvid payment record",
+       createResponse4},
+      {__uuidof(::ResumenZ), L"ResumenZ", L"Corvid daily summary record",
+       createRecord<ResumenZObject, ResumenZ>},
+      {__uuidof(::ReporteZMF), L"ReporteZMF", L"Corvid fiscal memory closure record",
+       createRecord<ReporteZMFObject, ReporteZMF>},
       {__uuidof(::CStringBuffer), L"CStringBuffer", L"Corvid text buffer", createStringBuffer},
-  }};
+  };
   return classes;
 }
 

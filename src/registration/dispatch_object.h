@@ -7,6 +7,7 @@
 #include "registration/host_values.h"
 #include "registration/late_call.h"
 #include "registration/module.h"
+#include "registration/own_object.h"
 #include "registration/platform.h"
 #include "registration/type_library.h"
 
@@ -20,6 +21,13 @@ inline void requirePlace(const void* place) {
   if (place == nullptr) throw RunTimeError(E_POINTER, {}, L"Invalid pointer");
 }
 
+// What the host's reference refers to; raises E_POINTER for none.
+template <class Value>
+[[nodiscard]] Value& behind(Value* place) {
+  requirePlace(place);
+  return *place;
+}
+
 // Automation interfaces have no virtual destructor: their objects delete themselves.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
@@ -29,6 +37,8 @@ inline void requirePlace(const void* place) {
 template <class Interface, class Class>
 class DispatchObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
  public:
+  using Published = Interface;
+
   DispatchObject() = default;
   DispatchObject(const DispatchObject&) = delete;
   DispatchObject& operator=(const DispatchObject&) = delete;
@@ -106,9 +116,6 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
  protected:
   virtual ~DispatchObject() = default;
 
-  // An interface that only this module knows; null when there is none of that identifier.
-  virtual IUnknown* findPrivateInterface(REFIID) noexcept { return nullptr; }
-
   // Runs a member's body at the boundary. The object outlives the call, even if the host releases
   // its last reference while the body lets it run.
   template <class Body>
@@ -140,11 +147,12 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
 
   IUnknown* findInterface(REFIID id) noexcept {
     if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface)) return identity();
+    if (id == kOwnObject) return identity();
     if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
     if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
       return static_cast<IProvideClassInfo2*>(this);
     }
-    return findPrivateInterface(id);
+    return nullptr;
   }
 
   HRESULT loadTypeInfo() noexcept {

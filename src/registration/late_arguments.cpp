@@ -67,11 +67,21 @@ HRESULT LateArguments::checkObject(UINT place, HREFTYPE interfaceType) const {
 
 HRESULT LateArguments::passReference(UINT place, VARTYPE type) {
   if (V_VT(&values_[place]) == (VT_BYREF | type)) return S_OK;
+  if (type == VT_VARIANT && (V_VT(&values_[place]) & VT_BYREF) != 0) return passTyped(place);
   StandIn& standIn = standIns_.emplace_back(StandIn{place, true, {}, {}});
   HRESULT result = convertFromHost(values_[place], type, standIn.value);
   if (SUCCEEDED(result)) result = VariantCopy(standIn.before.put(), standIn.value.get());
   if (SUCCEEDED(result)) values_[place] = referenceTo(standIn.value, type);
   return result;
+}
+
+// A Variant may hold a reference itself: nothing is copied, an array neither, and there is nothing
+// to write back.
+HRESULT LateArguments::passTyped(UINT place) {
+  StandIn& standIn = standIns_.emplace_back(StandIn{place, false, {}, {}});
+  *standIn.value.get() = values_[place];
+  values_[place] = referenceTo(standIn.value, VT_VARIANT);
+  return S_OK;
 }
 
 HRESULT LateArguments::passText(UINT place) {

@@ -33,6 +33,7 @@ class LateArguments {
   [[nodiscard]] HRESULT fitOne(UINT place, const TYPEDESC& type);
   [[nodiscard]] HRESULT checkObject(UINT place, HREFTYPE interfaceType) const;
   [[nodiscard]] HRESULT passReference(UINT place, VARTYPE type);
+  [[nodiscard]] HRESULT passTyped(UINT place);
   [[nodiscard]] HRESULT passText(UINT place);
 
   ITypeInfo& info_;

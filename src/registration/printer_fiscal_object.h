@@ -16,6 +16,8 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
   explicit PrinterFiscalObject(std::shared_ptr<PrinterFiscal> session)
       : session_(std::move(session)) {}
 
+  [[nodiscard]] PrinterFiscal& session() const noexcept { return *session_; }
+
   // State.
   STDMETHODIMP get_result(BSTR* ret) override { return give(ret, outcome().result); }
   STDMETHODIMP put_result(BSTR rhs) override { return take(rhs, outcome().result); }
@@ -127,11 +129,37 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
   STDMETHODIMP CerrarDevolucion(VARIANT MedioPago, VARIANT MontoDevuelto, short* ret) override;
   STDMETHODIMP CancelarTransaccion(short* ret) override;
 
+  // Housekeeping.
+  STDMETHODIMP PrintNoFiscal(VARIANT sText, VARIANT bCerrar, short* ret) override;
+  STDMETHODIMP ReporteDiario(VARIANT sRango, VARIANT sTipo, short* ret) override;
+  STDMETHODIMP SetHeader(VARIANT nLineNumber, VARIANT sText, short* ret) override;
+  STDMETHODIMP SetFooter(VARIANT nLineNumber, VARIANT sText, short* ret) override;
+  STDMETHODIMP SetDate(VARIANT dtFecha, short* ret) override;
+  STDMETHODIMP SetTime(VARIANT dtFecha, short* ret) override;
+  STDMETHODIMP Login(VARIANT nCajero, short* ret) override;
+  STDMETHODIMP Logoff(short* ret) override;
+  STDMETHODIMP StartTraining(short* ret) override;
+  STDMETHODIMP EndTraining(short* ret) override;
+  STDMETHODIMP setFlag(VARIANT Flag, VARIANT Value, VARIANT* ret) override;
+  STDMETHODIMP reimprimirDocumentos(BSTR cmd, VARIANT arg1, VARIANT arg2) override;
+  STDMETHODIMP reimprimirFactura(VARIANT numero) override;
+
   // Status queries.
+  STDMETHODIMP numeroUltimaFactura(LONG* ret) override;
+  STDMETHODIMP NumeroUltimoCierre(LONG* ret) override;
   STDMETHODIMP Response1(IPrinterResponse1** ret) override;
   STDMETHODIMP StatusS1(IPrinterResponse1** ret) override { return Response1(ret); }
+  STDMETHODIMP Response2(IPrinterResponse2** ret) override;
+  STDMETHODIMP StatusS2(IPrinterResponse2** ret) override { return Response2(ret); }
   STDMETHODIMP Response3(IPrinterResponse3** ret) override;
+  STDMETHODIMP Response4(IPrinterResponse4** ret) override;
   STDMETHODIMP StatusS3(IPrinterResponse3** ret) override { return Response3(ret); }
+  STDMETHODIMP CerrarZ(IResumenZ** ret) override;
+  STDMETHODIMP ResumenZ(IResumenZ** ret) override;
+  STDMETHODIMP tasa(VARIANT Index, double* ret) override;
+  STDMETHODIMP getEstadoDocumento(IEstadoDocumento** ret) override;
+  STDMETHODIMP reportesZMF(VARIANT* desde, VARIANT* hasta, IColeccionZMF** ret) override;
+  STDMETHODIMP loadReporteZMF(VARIANT* numero, IReporteZMF** ret) override;
 
  private:
   // The four arguments that all item lines share, as the host gives them.

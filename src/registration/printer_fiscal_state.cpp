@@ -1,7 +1,6 @@
-// State, framing and status queries.
-#include "records/status_queries.h"
+// State and framing.
+#include "records/printer_response3.h"
 #include "registration/printer_fiscal_object.h"
-#include "registration/printer_response1_object.h"
 #include "session/framing.h"
 
 namespace corvid {
@@ -19,10 +18,7 @@ ComPtr<PrinterResponse3Object> PrinterFiscalObject::rates() {
 
 void PrinterFiscalObject::setRates(IUnknown* record) {
   ComPtr<PrinterResponse3Object> own;
-  if (record != nullptr) {
-    own = PrinterResponse3Object::behind(record);
-    if (!own) throw typeMismatch();
-  }
+  if (record != nullptr) own = requireOwn<PrinterResponse3Object>(record);
   rates_ = own;
   state().s3 = own ? own->record() : nullptr;
 }
@@ -60,16 +56,6 @@ STDMETHODIMP PrinterFiscalObject::CalcXOr(BSTR s, short* ret) {
 
 STDMETHODIMP PrinterFiscalObject::EscapeString(BSTR s, BSTR* ret) {
   return giveResult(ret, [&] { return corvid::EscapeString(viewOf(s)); });
-}
-
-STDMETHODIMP PrinterFiscalObject::Response1(IPrinterResponse1** ret) {
-  return giveResult(
-      ret, [&] { return makeObject<PrinterResponse1Object>(corvid::Response1(*session_)); });
-}
-
-STDMETHODIMP PrinterFiscalObject::Response3(IPrinterResponse3** ret) {
-  return giveResult(
-      ret, [&] { return makeObject<PrinterResponse3Object>(corvid::Response3(*session_)); });
 }
 
 }  // namespace corvid

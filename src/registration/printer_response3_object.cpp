@@ -4,25 +4,6 @@
 #include "registration/variant_conversions.h"
 
 namespace corvid {
-namespace {
-
-// Known to this module alone: whoever answers to it is an object of this class.
-constexpr GUID kOwnObject = {
-    0x0d28556a, 0x12e4, 0x4d11, {0xb8, 0x62, 0x6a, 0xda, 0x8c, 0x5b, 0xe7, 0xcc}};
-
-}  // namespace
-
-ComPtr<PrinterResponse3Object> PrinterResponse3Object::behind(IUnknown* reference) noexcept {
-  void* found = nullptr;
-  if (FAILED(reference->QueryInterface(kOwnObject, &found))) return {};
-  auto* own = static_cast<IPrinterResponse3*>(static_cast<IUnknown*>(found));
-  return ComPtr<PrinterResponse3Object>::adopt(static_cast<PrinterResponse3Object*>(own));
-}
-
-IUnknown* PrinterResponse3Object::findPrivateInterface(REFIID id) noexcept {
-  return id == kOwnObject ? static_cast<IPrinterResponse3*>(this) : nullptr;
-}
-
 STDMETHODIMP PrinterResponse3Object::loadFake() {
   return call([&] { record_->loadFake(); });
 }

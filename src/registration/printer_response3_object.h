@@ -14,8 +14,6 @@ class PrinterResponse3Object final : public DispatchObject<IPrinterResponse3, ::
   explicit PrinterResponse3Object(std::shared_ptr<PrinterResponse3> record)
       : record_(std::move(record)) {}
 
-  // The object of this class behind a host's reference; empty when it is of another class.
-  [[nodiscard]] static ComPtr<PrinterResponse3Object> behind(IUnknown* reference) noexcept;
   [[nodiscard]] const std::shared_ptr<PrinterResponse3>& record() const noexcept { return record_; }
 
   STDMETHODIMP get_TipoTasa1(VARIANT_BOOL* ret) override { return give(ret, values().TipoTasa1); }
@@ -43,7 +41,6 @@ class PrinterResponse3Object final : public DispatchObject<IPrinterResponse3, ::
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  IUnknown* findPrivateInterface(REFIID id) noexcept override;
   [[nodiscard]] Response3Values& values() const noexcept { return record_->values; }
 
   std::shared_ptr<PrinterResponse3> record_;

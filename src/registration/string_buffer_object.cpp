@@ -5,16 +5,6 @@
 #include <cstdint>
 
 namespace corvid {
-namespace {
-
-template <class Value>
-Value& behind(Value* place) {
-  requirePlace(place);
-  return *place;
-}
-
-}  // namespace
-
 STDMETHODIMP CStringBufferObject::Append(BSTR* s) {
   return call([&] { buffer_.Append(viewOf(behind(s))); });
 }

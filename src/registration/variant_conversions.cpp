@@ -160,6 +160,12 @@ bool toBoolean(const VARIANT& value) {
   return V_BOOL(&boolean.value()) != VARIANT_FALSE;
 }
 
+Date toDate(const VARIANT& value) {
+  const std::optional<Date> date = toDateOrBlank(value);
+  if (!date) throw typeMismatch();
+  return *date;
+}
+
 std::optional<Date> toDateOrBlank(const VARIANT& value) {
   const Variant resolved = resolve(value);
   if (isBlank(resolved.value())) return std::nullopt;

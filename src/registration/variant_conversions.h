@@ -37,7 +37,9 @@ namespace corvid {
 [[nodiscard]] std::int16_t toInt16(const VARIANT& value);  // half to even
 [[nodiscard]] bool toBoolean(const VARIANT& value);
 
-// Nothing for Null, Empty and an empty text.
+// A blank value (Null, Empty, an empty text) is no date.
+[[nodiscard]] Date toDate(const VARIANT& value);
+// Nothing for a blank value.
 [[nodiscard]] std::optional<Date> toDateOrBlank(const VARIANT& value);
 
 }  // namespace corvid
