@@ -1,9 +1,13 @@
 """Registering and taking back: exact, repeatable, and without a trace."""
 
-import harness
-from harness import HostTest, LIBRARY, register, registry, windows_path
+import re
 
-CLASSES = ("CStringBuffer", "PrinterFiscal", "PrinterResponse1", "PrinterResponse3")
+import harness
+from harness import HostTest, LIBRARY, ROOT, register, registry, windows_path
+
+IDL = (ROOT / "src/registration/corvid.idl").read_text(encoding="utf-8")
+COCLASS = re.compile(r"^ +(\[[^\]]*\])\s+coclass (\w+)", re.MULTILINE)
+CLASSES = [name for attributes, name in COCLASS.findall(IDL) if "noncreatable" not in attributes]
 PLACES = (r"HKLM\Software\Classes", r"HKCU\Software\Classes")
 
 
@@ -27,6 +31,7 @@ class Registration(HostTest):
         register()
         self.assertEqual(self.exported(), registered, "registering twice changes something")
         added = "".join(registered).replace("\\\\", "\\")
+        self.assertIn("PrinterFiscal", CLASSES)
         for name in CLASSES:
             self.assertIn(f"PrinterFiscalCorvid.{name}", added)
         self.assertEqual(added.count(f'@="{windows_path(LIBRARY)}"\n"ThreadingModel"="Apartment"'),
