@@ -13,7 +13,6 @@ namespace {
 
 // A host whose messages never end must not hold the exchange for ever.
 constexpr int kMostMessages = 1000;
-constexpr const wchar_t* kLibraryTitle = L"PrinterFiscalCorvid";
 
 struct ItemListTraits {
   using Type = LPITEMIDLIST;

@@ -1,0 +1,29 @@
+// Showing a window modally in a process whose other windows are the host's.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+namespace corvid {
+
+// Of the windows that it is given it disables those that are enabled, and enables those again.
+class ModalLoop {
+ public:
+  explicit ModalLoop(const std::vector<HWND>& windows);
+  ModalLoop(const ModalLoop&) = delete;
+  ModalLoop& operator=(const ModalLoop&) = delete;
+  ~ModalLoop() { end(); }
+
+  // Runs the thread's messages until end() was called, or until a quit message comes, which is put
+  // back for the host's own loop.
+  void run();
+  // Enables the windows; may be called again.
+  void end();
+
+ private:
+  bool ended_ = false;
+  std::vector<HWND> disabled_;
+};
+
+}  // namespace corvid

@@ -1,0 +1,86 @@
+#include "windows/print_job.h"
+
+#include "windows/printer_device.h"
+
+#include <algorithm>
+
+namespace corvid {
+namespace {
+
+void require(bool succeeded, const char* reason) {
+  if (!succeeded) throw PrinterError(reason);
+}
+
+}  // namespace
+
+PrintJob::PrintJob(HDC context, const std::wstring& title) : context_(context) {
+  DOCINFOW document{};
+  document.cbSize = sizeof document;
+  document.lpszDocName = title.c_str();
+  require(StartDocW(context_, &document) > 0, "the printer takes no document");
+}
+
+PrintJob::~PrintJob() {
+  if (!finished_) AbortDoc(context_);
+}
+
+void PrintJob::print(std::wstring_view text, LineEnd end) {
+  const int lineHeight = lineHeightOf(context_);
+  require(lineHeight > 0, "the font cannot be measured");
+  for (bool first = true;; first = false) {
+    if (!first && x_ > 0) nextLine(lineHeight);
+    makeRoom(lineHeight);
+    const std::size_t length = std::min(text.find(L'\r'), text.size());
+    printRun(text.substr(0, length));
+    if (length == text.size()) break;
+    text.remove_prefix(length + 1);
+  }
+  if (end == LineEnd::Break) nextLine(lineHeight);
+}
+
+void PrintJob::newPage() {
+  openPage();
+  closePage();
+}
+
+void PrintJob::finish() {
+  if (pageOpen_) closePage();
+  require(EndDoc(context_) > 0, "the printer did not take the document");
+  finished_ = true;
+}
+
+void PrintJob::openPage() {
+  if (pageOpen_) return;
+  require(StartPage(context_) > 0, "the printer begins no page");
+  pageOpen_ = true;
+  SetBkMode(context_, TRANSPARENT);
+}
+
+void PrintJob::closePage() {
+  pageOpen_ = false;
+  x_ = 0;
+  y_ = 0;
+  require(EndPage(context_) > 0, "the printer ends no page");
+}
+
+void PrintJob::makeRoom(int lineHeight) {
+  if (y_ > 0 && y_ + lineHeight > GetDeviceCaps(context_, VERTRES)) closePage();
+  openPage();
+}
+
+void PrintJob::printRun(std::wstring_view text) {
+  if (text.empty()) return;
+  const auto length = static_cast<int>(text.size());
+  SIZE size{};
+  require(TextOutW(context_, x_, y_, text.data(), length) != FALSE &&
+              GetTextExtentPoint32W(context_, text.data(), length, &size) != FALSE,
+          "the printer takes no text");
+  x_ += static_cast<int>(size.cx);
+}
+
+void PrintJob::nextLine(int lineHeight) {
+  x_ = 0;
+  y_ += lineHeight;
+}
+
+}  // namespace corvid

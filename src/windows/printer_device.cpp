@@ -1,0 +1,108 @@
+#include "windows/printer_device.h"
+
+#include <windows.h>
+// Needs windows.h in front of it.
+#include <winspool.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace corvid {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+constexpr double kPointsPerInch = 72;
+
+std::wstring defaultPrinterName() {
+  DWORD size = 0;
+  GetDefaultPrinterW(nullptr, &size);
+  std::wstring name(size, L'\0');
+  if (size == 0 || GetDefaultPrinterW(name.data(), &size) == FALSE || size == 0) return {};
+  name.resize(size - 1);
+  return name;
+}
+
+TEXTMETRICW metricsOf(HDC context) {
+  TEXTMETRICW metrics{};
+  if (GetTextMetricsW(context, &metrics) == FALSE) metrics.tmHeight = 0;
+  return metrics;
+}
+
+Font createFont(const FontChoice& font, int pixelsPerInch) {
+  LOGFONTW description{};
+  const double height = std::round(font.size * pixelsPerInch / kPointsPerInch);
+  description.lfHeight = -std::max(static_cast<LONG>(height), LONG{1});
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfItalic = font.italic ? TRUE : FALSE;
+  description.lfCharSet = DEFAULT_CHARSET;
+  description.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+  font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
+  return Font(CreateFontIndirectW(&description));
+}
+
+}  // namespace
+
+OpenedPrinter openDefaultPrinter() {
+  const std::wstring name = defaultPrinterName();
+  if (name.empty()) return {};
+  return {DeviceContext(CreateDCW(L"WINSPOOL", name.c_str(), nullptr, nullptr)), name};
+}
+
+double toHalfPoint(double points) { return std::nearbyint(points * 2) / 2; }
+
+int lineHeightOf(HDC context) {
+  const TEXTMETRICW metrics = metricsOf(context);
+  return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
+}
+
+PrinterDevice::PrinterDevice(OpenedPrinter printer) : printer_(std::move(printer)) {
+  if (!printer_.context) throw PrinterError("no printer");
+}
+
+double PrinterDevice::toTwips(int pixels, int resolutionIndex) const {
+  const int pixelsPerInch = GetDeviceCaps(context(), resolutionIndex);
+  if (pixelsPerInch <= 0) throw PrinterError("the printer has no resolution");
+  return pixels * kTwipsPerInch / pixelsPerInch;
+}
+
+double PrinterDevice::width() const {
+  return toTwips(GetDeviceCaps(context(), HORZRES), LOGPIXELSX);
+}
+
+double PrinterDevice::height() const {
+  return toTwips(GetDeviceCaps(context(), VERTRES), LOGPIXELSY);
+}
+
+double PrinterDevice::textWidth(std::wstring_view text) const {
+  SIZE size{};
+  const auto length = static_cast<int>(text.size());
+  if (GetTextExtentPoint32W(context(), text.data(), length, &size) == FALSE) {
+    throw PrinterError("the text cannot be measured");
+  }
+  return toTwips(size.cx, LOGPIXELSX);
+}
+
+double PrinterDevice::lineHeight() const {
+  const int pixels = lineHeightOf(context());
+  if (pixels <= 0) throw PrinterError("the font cannot be measured");
+  return toTwips(pixels, LOGPIXELSY);
+}
+
+double PrinterDevice::select(const FontChoice& font) {
+  Font created = createFont(font, GetDeviceCaps(context(), LOGPIXELSY));
+  if (!created || SelectObject(context(), created.get()) == nullptr) {
+    throw PrinterError("the printer refused the font");
+  }
+  font_ = std::move(created);
+  return offeredSize(font.size);
+}
+
+double PrinterDevice::offeredSize(double wanted) const {
+  const TEXTMETRICW metrics = metricsOf(context());
+  const double pixel = kPointsPerInch / GetDeviceCaps(context(), LOGPIXELSY);
+  const double offered = pixel * static_cast<double>(metrics.tmHeight - metrics.tmInternalLeading);
+  return std::abs(offered - wanted) <= pixel ? wanted : toHalfPoint(offered);
+}
+
+}  // namespace corvid

@@ -1,0 +1,57 @@
+// A printer's device context, its measures and its font.
+#pragma once
+
+#include "preview/report_dialogs.h"
+#include "preview/report_printer.h"
+#include "windows/drawing_handles.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace corvid {
+
+struct OpenedPrinter {
+  DeviceContext context;  // none when there is no printer, or it does not answer
+  std::wstring name;
+};
+
+using PrinterOpener = std::function<OpenedPrinter()>;
+
+// The user's default printer.
+[[nodiscard]] OpenedPrinter openDefaultPrinter();
+
+// The height, in pixels, of a line of text in the context's font; 0 when it cannot be measured.
+[[nodiscard]] int lineHeightOf(HDC context);
+
+// Measures are twips of the printable area. Failing calls throw PrinterError.
+class PrinterDevice {
+ public:
+  // Throws for a printer without a context.
+  explicit PrinterDevice(OpenedPrinter printer);
+
+  [[nodiscard]] HDC context() const { return printer_.context.get(); }
+  [[nodiscard]] const std::wstring& name() const { return printer_.name; }
+  [[nodiscard]] double width() const;
+  [[nodiscard]] double height() const;
+  [[nodiscard]] double textWidth(std::wstring_view text) const;
+  [[nodiscard]] double lineHeight() const;
+
+  // Measures and prints with a font from now on. Returns the size in points that the device offers
+  // for it: the one asked for where the device meets it to the pixel, else the nearest half point.
+  double select(const FontChoice& font);
+
+ private:
+  [[nodiscard]] double toTwips(int pixels, int resolutionIndex) const;
+  [[nodiscard]] double offeredSize(double wanted) const;
+
+  Font font_;  // in front of the context, which has it selected: members go in reverse order
+  OpenedPrinter printer_;
+};
+
+// The nearest half point.
+[[nodiscard]] double toHalfPoint(double points);
+
+}  // namespace corvid

@@ -1,0 +1,124 @@
+// lfQuickView as a window of the system: forwards what its user does, and moves its controls.
+#pragma once
+
+#include "preview/quick_view.h"
+#include "windows/form_controls.h"
+#include "windows/gdi_report_printer.h"
+#include "windows/modal_loop.h"
+#include "windows/report_dialogs.h"
+#include "windows/rich_edit_text_box.h"
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+namespace corvid {
+
+// What the form tells the object that a host drives it through. Held by the form for as long as it
+// lives: whatever it holds in turn, the library's code for one, stays with it.
+class FormEvents : public ClickListener {
+ public:
+  // The form comes to the screen, or leaves it. An object that must live while its window is
+  // visible holds itself between the two; the form may go in hidden().
+  virtual void shown() = 0;
+  virtual void hidden() = 0;
+};
+
+// A visible form holds itself; hidden, it goes with its last owner. The system's window and
+// controls are made, hidden, when the first of them is needed, and keep their contents while
+// hidden. Should the system destroy the window, as with its owner, the form counts as hidden and
+// makes a new one when needed; the lines that were added while the old one was loaded are lost.
+// All members belong to the thread that made the form.
+class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, private QuickViewWindow {
+ public:
+  // Fits the report to the default printer, which may show its warnings.
+  [[nodiscard]] static std::shared_ptr<QuickViewForm> create(
+      const Settings& settings, std::shared_ptr<FormEvents> events,
+      const PrinterOpener& openPrinter = openDefaultPrinter);
+  QuickViewForm(const QuickViewForm&) = delete;
+  QuickViewForm& operator=(const QuickViewForm&) = delete;
+  ~QuickViewForm() override;
+
+  // Its members may be used whether the form was shown or not.
+  [[nodiscard]] QuickView& view() { return view_; }
+
+  // Moves the added lines into the text box and comes to the screen. Modal: the owner and the
+  // thread's active window are disabled until the form is hidden, which is when it returns; a form
+  // that is already visible raises error 400; where the process has no interactive desktop it
+  // returns at once, as if closed. Modeless: a visible form comes to the front. The owner, null for
+  // none, stays behind the form; a modal form without one takes the active window.
+  void Show(bool modal, HWND owner);
+  void Hide() { hide(); }
+
+  [[nodiscard]] bool Visible() const { return visible_; }
+  // True shows the form modelessly, without an owner.
+  void setVisible(bool visible);
+  [[nodiscard]] std::wstring Caption();
+  void setCaption(const std::wstring& caption);
+
+  // The outer rectangle on the screen, in twips at the monitor's resolution; of a minimised window
+  // the one to which it will be restored. Setting one moves or sizes the window at once, never
+  // below its least size; a minimised window stays as it is.
+  [[nodiscard]] double Left();
+  void setLeft(double left);
+  [[nodiscard]] double Top();
+  void setTop(double top);
+  [[nodiscard]] double Width();
+  void setWidth(double width);
+  [[nodiscard]] double Height();
+  void setHeight(double height);
+
+  // Null when the system refuses to make a window.
+  [[nodiscard]] HWND hWnd();
+
+ private:
+  QuickViewForm(const Settings& settings, std::shared_ptr<FormEvents> events,
+                const PrinterOpener& openPrinter);
+
+  void hide() override;
+  [[nodiscard]] std::wstring marginText() override;
+  void setMarginText(const std::wstring& text) override;
+  void focusMargin() override;
+
+  void make();
+  void dressUp();
+  void centre();
+  void appear(HWND owner);
+  void showModal(HWND owner);
+  void leaveScreen();
+  void windowGone();
+  [[nodiscard]] HWND dialogOwner() const { return visible_ ? window_ : nullptr; }
+
+  [[nodiscard]] Rectangle bounds();
+  void setBounds(const Rectangle& bounds);
+  void fit();
+  void limitSize(MINMAXINFO& limits) const;
+  void takeResolution(const RECT& suggested);
+
+  // The events of the system. True where the form used it up.
+  static INT_PTR CALLBACK received(HWND window, UINT message, WPARAM wide, LPARAM data);
+  bool onMessage(UINT message, WPARAM wide, LPARAM data);
+  bool onCommand(int control, int notification);
+  bool onNotify(const NMHDR& notification);
+  static LRESULT CALLBACK controlReceived(HWND control, UINT message, WPARAM wide, LPARAM data,
+                                          UINT_PTR id, DWORD_PTR form);
+  LRESULT onControl(HWND control, UINT message, WPARAM wide, LPARAM data);
+  bool onKey(HWND control, int key);
+  void onTextReleased();
+  void onFocusLost(HWND control, HWND gainsFocus);
+
+  std::shared_ptr<FormEvents> events_;
+  HWND window_ = nullptr;
+  bool visible_ = false;
+  bool pressedInText_ = false;
+  ModalLoop* loop_ = nullptr;  // of the modal showing, while it runs
+  std::shared_ptr<QuickViewForm> self_;
+  FormDress dress_;
+  RichEditTextBox box_;
+  GdiReportPrinter printer_;
+  WindowsReportDialogs dialogs_;
+  QuickView view_;
+};
+
+}  // namespace corvid

@@ -1,0 +1,125 @@
+#include "windows/report_dialogs.h"
+
+#include "windows/host.h"
+#include "windows/input_dialog.h"
+
+#include <windows.h>
+// Needs windows.h in front of it.
+#include <commdlg.h>
+
+#include <cmath>
+#include <utility>
+
+namespace corvid {
+namespace {
+
+constexpr std::size_t kLongestPath = 32768;
+constexpr double kPointsPerInch = 72;
+constexpr double kTenthsPerPoint = 10;
+
+// Printer fonts only, of fixed pitch only; the rest shows the font that is in use.
+constexpr DWORD kFontFlags = CF_PRINTERFONTS | CF_FIXEDPITCHONLY | CF_INITTOLOGFONTSTRUCT;
+constexpr DWORD kSaveFlags =
+    OFN_LONGNAMES | OFN_PATHMUSTEXIST | OFN_NOCHANGEDIR | OFN_OVERWRITEPROMPT;
+
+UINT iconFlag(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Critical:
+      return MB_ICONHAND;
+    case MessageIcon::Exclamation:
+      return MB_ICONEXCLAMATION;
+    default:
+      return 0;
+  }
+}
+
+int showBox(HWND owner, const std::wstring& text, const std::wstring& title, UINT flags) {
+  return MessageBoxW(owner, text.c_str(), title.empty() ? kLibraryTitle : title.c_str(),
+                     flags | MB_TASKMODAL);
+}
+
+// The dialog reads heights in the screen's pixels, whatever device its fonts belong to.
+LOGFONTW describe(const FontChoice& font) {
+  LOGFONTW description{};
+  const DeviceContext screen(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
+  const int pixelsPerInch = GetDeviceCaps(screen.get(), LOGPIXELSY);
+  description.lfHeight = -std::lround(font.size * pixelsPerInch / kPointsPerInch);
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfItalic = font.italic ? TRUE : FALSE;
+  description.lfCharSet = DEFAULT_CHARSET;
+  font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
+  return description;
+}
+
+FontChoice chosenFont(const CHOOSEFONTW& dialog) {
+  const LOGFONTW& font = *dialog.lpLogFont;
+  return {font.lfFaceName, dialog.iPointSize / kTenthsPerPoint, font.lfWeight > FW_MEDIUM,
+          font.lfItalic != FALSE};
+}
+
+std::wstring filterOf(const SaveRequest& request) {
+  std::wstring filter = request.filterName;
+  filter.append(1, L'\0').append(request.filterPattern).append(2, L'\0');
+  return filter;
+}
+
+}  // namespace
+
+WindowsReportDialogs::WindowsReportDialogs(std::function<HWND()> owner, PrinterOpener openPrinter)
+    : owner_(std::move(owner)), openPrinter_(std::move(openPrinter)) {}
+
+HWND WindowsReportDialogs::owner() const {
+  auto* const window = owner_();
+  return window != nullptr ? window : GetActiveWindow();
+}
+
+void WindowsReportDialogs::message(const std::wstring& text, const std::wstring& title,
+                                   MessageIcon icon) {
+  if (hasInteractiveDesktop()) showBox(owner(), text, title, MB_OK | iconFlag(icon));
+}
+
+Answer WindowsReportDialogs::ask(const std::wstring& text, const std::wstring& title) {
+  if (!hasInteractiveDesktop()) return Answer::Yes;
+  return showBox(owner(), text, title, MB_YESNO) == IDNO ? Answer::No : Answer::Yes;
+}
+
+std::wstring WindowsReportDialogs::input(const std::wstring& prompt, const std::wstring& title,
+                                         const std::wstring& initial) {
+  return hasInteractiveDesktop() ? askForText(owner(), prompt, title, initial) : std::wstring();
+}
+
+std::optional<FontChoice> WindowsReportDialogs::chooseFont(const FontChoice& initial) {
+  if (!hasInteractiveDesktop()) return std::nullopt;
+  const OpenedPrinter printer = openPrinter_();
+  if (!printer.context) return std::nullopt;
+  LOGFONTW font = describe(initial);
+  CHOOSEFONTW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner();
+  dialog.hDC = printer.context.get();
+  dialog.lpLogFont = &font;
+  dialog.Flags = kFontFlags;
+  if (ChooseFontW(&dialog) == FALSE) return std::nullopt;
+  return chosenFont(dialog);
+}
+
+std::optional<std::wstring> WindowsReportDialogs::chooseSaveFile(const SaveRequest& request) {
+  if (!hasInteractiveDesktop()) return std::nullopt;
+  std::wstring path(kLongestPath, L'\0');
+  const std::wstring filter = filterOf(request);
+  const std::size_t point = request.defaultExtension.starts_with(L'.') ? 1 : 0;
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner();
+  dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrFile = path.data();
+  dialog.nMaxFile = kLongestPath;
+  dialog.lpstrInitialDir = request.initialFolder.empty() ? nullptr : request.initialFolder.c_str();
+  dialog.lpstrTitle = request.title.c_str();
+  dialog.lpstrDefExt = request.defaultExtension.c_str() + point;
+  dialog.Flags = kSaveFlags;
+  if (GetSaveFileNameW(&dialog) == FALSE) return std::nullopt;
+  return std::wstring(path.c_str());
+}
+
+}  // namespace corvid

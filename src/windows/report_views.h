@@ -1,0 +1,28 @@
+// Report previews for test mode and the debug view.
+#pragma once
+
+#include "port/report_view.h"
+#include "port/settings.h"
+#include "windows/printer_device.h"
+
+#include <memory>
+#include <utility>
+
+namespace corvid {
+
+// Each view is a QuickViewForm with no host behind it. Showing one that is visible raises error
+// 400; where the process has no interactive desktop showing returns at once.
+class WindowsReportViews : public ReportViews {
+ public:
+  explicit WindowsReportViews(const Settings& settings,
+                              PrinterOpener openPrinter = openDefaultPrinter)
+      : settings_(settings), openPrinter_(std::move(openPrinter)) {}
+
+  [[nodiscard]] std::shared_ptr<ReportView> create() override;
+
+ private:
+  Settings settings_;
+  PrinterOpener openPrinter_;
+};
+
+}  // namespace corvid
