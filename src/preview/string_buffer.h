@@ -1,6 +1,8 @@
 // CStringBuffer: a growable text that appends in place.
 #pragma once
 
+#include "preview/character_store.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,8 +34,9 @@ class CStringBuffer {
   void initialize();
   void ensureCapacity(std::int64_t additional);
   void write(std::int64_t position, std::wstring_view text);
+  [[nodiscard]] std::wstring part(std::int64_t position, std::int64_t count) const;
 
-  std::wstring store_;
+  CharacterStore store_;
   std::int32_t used_ = 0;
   std::int32_t capacity_ = 0;
 };
