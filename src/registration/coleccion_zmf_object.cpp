@@ -21,7 +21,7 @@ STDMETHODIMP ColeccionZMFObject::get_Count(LONG* ret) {
   return give(ret, static_cast<std::int32_t>(closures_->size()));
 }
 
-STDMETHODIMP ColeccionZMFObject::get__NewEnum(IUnknown** ret) {
+STDMETHODIMP ColeccionZMFObject::_NewEnum(IUnknown** ret) {
   return giveResult(ret, [&] { return makeObject<ClosureEnumerator>(closures_); });
 }
 

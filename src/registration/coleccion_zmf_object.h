@@ -16,7 +16,7 @@ class ColeccionZMFObject final : public DispatchObject<IColeccionZMF, ::Coleccio
   STDMETHODIMP get_Item(VARIANT Index, IReporteZMF** ret) override;
   STDMETHODIMP get_Count(LONG* ret) override;
   // A new walk, from the first closure on.
-  STDMETHODIMP get__NewEnum(IUnknown** ret) override;
+  STDMETHODIMP _NewEnum(IUnknown** ret) override;
 
  private:
   ClosureList closures_;

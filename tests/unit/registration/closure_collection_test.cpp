@@ -24,7 +24,7 @@ ComPtr<IColeccionZMF> threeClosures() {
 
 ComPtr<IEnumVARIANT> walkOver(IColeccionZMF* collection) {
   ComPtr<IUnknown> walk;
-  EXPECT_EQ(S_OK, collection->get__NewEnum(walk.put()));
+  EXPECT_EQ(S_OK, collection->_NewEnum(walk.put()));
   return walk.as<IEnumVARIANT>();
 }
 
@@ -121,13 +121,16 @@ TEST_F(ClosureCollection, IsWalkedOverByTwoAtATime) {
 }
 
 TEST_F(ClosureCollection, GivesLateBoundHostsItsWalk) {
-  DISPPARAMS none{};
-  const LateResult walk =
-      invokeWith(threeClosures().get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET, none);
-  ASSERT_EQ(VT_UNKNOWN, walk.value.type());
-  const ComPtr<IUnknown> object(V_UNKNOWN(&walk.value.value()));
-  EXPECT_TRUE(object.as<IEnumVARIANT>());
-  EXPECT_FALSE(object.as<IDispatch>());
+  const auto collection = threeClosures();
+  for (const WORD more : {WORD{0}, WORD{DISPATCH_PROPERTYGET}}) {
+    DISPPARAMS none{};
+    const LateResult walk =
+        invokeWith(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | more, none);
+    ASSERT_EQ(VT_UNKNOWN, walk.value.type());
+    const ComPtr<IUnknown> object(V_UNKNOWN(&walk.value.value()));
+    EXPECT_TRUE(object.as<IEnumVARIANT>());
+    EXPECT_FALSE(object.as<IDispatch>());
+  }
 }
 
 TEST_F(ClosureCollection, KeepsTheModuleLoadedAsLongAsAnythingOfIt) {
