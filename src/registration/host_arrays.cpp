@@ -51,7 +51,9 @@ std::int32_t HostArray::upperBound() const {
   return bound;
 }
 
-std::wstring HostArray::text(std::int32_t index) const { return toText(element(index).value()); }
+std::wstring HostArray::text(std::int32_t index) const {
+  return toFieldText(element(index).value());
+}
 
 Variant HostArray::element(std::int32_t index) const {
   VARTYPE type = VT_EMPTY;

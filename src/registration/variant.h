@@ -69,11 +69,11 @@ class Variant {
   return VariantCopyInd(copy.put(), const_cast<VARIANT*>(&value));
 }
 
-// The value as one of another kind; texts by the user's locale, Booleans as "True" and "False".
-[[nodiscard]] inline HRESULT changeType(const VARIANT& value, VARTYPE type,
-                                        Variant& changed) noexcept {
-  return VariantChangeTypeEx(changed.put(), const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT,
-                             VARIANT_ALPHABOOL, type);
+// The value as one of another kind; texts by the locale, Booleans as "True" and "False".
+[[nodiscard]] inline HRESULT changeType(const VARIANT& value, VARTYPE type, Variant& changed,
+                                        LCID locale = LOCALE_USER_DEFAULT) noexcept {
+  return VariantChangeTypeEx(changed.put(), const_cast<VARIANT*>(&value), locale, VARIANT_ALPHABOOL,
+                             type);
 }
 
 }  // namespace corvid

@@ -17,9 +17,9 @@ void check(HRESULT result) {
   throw typeMismatch();
 }
 
-Variant convert(const VARIANT& value, VARTYPE type) {
+Variant convert(const VARIANT& value, VARTYPE type, LCID locale = LOCALE_USER_DEFAULT) {
   Variant converted;
-  check(changeType(value, type, converted));
+  check(changeType(value, type, converted, locale));
   return converted;
 }
 
@@ -106,6 +106,13 @@ Decimal resolvedToDecimal(const VARIANT& value) {
   }
 }
 
+std::wstring textBy(const VARIANT& value, LCID locale) {
+  const Variant resolved = resolve(value);
+  if (isBlank(resolved.value())) return {};
+  const Variant text = convert(resolved.value(), VT_BSTR, locale);
+  return std::wstring(viewOf(V_BSTR(&text.value())));
+}
+
 }  // namespace
 
 bool isMissing(const VARIANT& value) {
@@ -122,12 +129,9 @@ Variant resolve(const VARIANT& value) {
   return resolved;
 }
 
-std::wstring toText(const VARIANT& value) {
-  const Variant resolved = resolve(value);
-  if (isBlank(resolved.value())) return {};
-  const Variant text = convert(resolved.value(), VT_BSTR);
-  return std::wstring(viewOf(V_BSTR(&text.value())));
-}
+std::wstring toText(const VARIANT& value) { return textBy(value, LOCALE_USER_DEFAULT); }
+
+std::wstring toFieldText(const VARIANT& value) { return textBy(value, LOCALE_INVARIANT); }
 
 std::wstring toTextNoNull(const VARIANT& value) {
   const Variant resolved = resolve(value);

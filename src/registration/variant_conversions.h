@@ -27,6 +27,8 @@ namespace corvid {
 [[nodiscard]] std::wstring toText(const VARIANT& value);
 // As toText, but Null is a type mismatch.
 [[nodiscard]] std::wstring toTextNoNull(const VARIANT& value);
+// As toText, but numbers as the printer writes them, with a point under every locale.
+[[nodiscard]] std::wstring toFieldText(const VARIANT& value);
 // Nothing for a missing argument.
 [[nodiscard]] std::optional<std::wstring> toOptionalText(const VARIANT& value);
 
