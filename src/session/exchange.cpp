@@ -211,7 +211,8 @@ Exchange::Wait Exchange::collectReply() {
       return Wait::PortGone;
     }
     std::wstring chunk;
-    const double patience = state_.timeOut - (clock.secondsSinceMidnight() - start);
+    const double waited = clock.secondsSinceMidnight() - start;
+    const double patience = state_.timeOut - waited;
     const bool came = library_.comm().CommRead(state_.port, chunk, kReadSize, patience) > 0;
     if (came) {
       const Chunk kind = takeChunk(chunk);
