@@ -98,6 +98,7 @@ void RichEditTextBox::attach(HWND control) {
 
 LRESULT RichEditTextBox::send(UINT message, WPARAM wide, const void* data) {
   if (control_ == nullptr) makeControl_();
+  if (control_ == nullptr) return -1;
   return SendMessageW(control_, message, wide, reinterpret_cast<LPARAM>(data));
 }
 

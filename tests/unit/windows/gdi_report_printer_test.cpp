@@ -1,0 +1,101 @@
+// The printer of reports where there is none, and where one measures but takes no document.
+#include "windows/gdi_report_printer.h"
+
+#include "desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace corvid {
+namespace {
+
+TEST(Printer, WithoutOneEveryMemberSaysSo) {
+  GdiReportPrinter printer(noPrinter);
+  const std::function<void()> members[] = {
+      [&] { static_cast<void>(printer.scaleMode()); },
+      [&] { static_cast<void>(printer.scaleWidth()); },
+      [&] { static_cast<void>(printer.scaleHeight()); },
+      [&] { static_cast<void>(printer.textWidth(L"n")); },
+      [&] { static_cast<void>(printer.textHeight(L"N")); },
+      [&] { static_cast<void>(printer.fontName()); },
+      [&] { printer.setFontName(L"Courier New"); },
+      [&] { static_cast<void>(printer.fontSize()); },
+      [&] { printer.setFontSize(9); },
+      [&] { static_cast<void>(printer.fontBold()); },
+      [&] { printer.setFontBold(true); },
+      [&] { static_cast<void>(printer.fontItalic()); },
+      [&] { printer.setFontItalic(true); },
+      [&] { static_cast<void>(printer.deviceName()); },
+      [&] { printer.printLine(L"text", LineEnd::Break); },
+      [&] { printer.newPage(); },
+  };
+  for (const auto& member : members) EXPECT_THROW(member(), PrinterError);
+  EXPECT_NO_THROW(printer.endDocument()) << "no job has begun";
+  EXPECT_NO_THROW(printer.abortDocument());
+}
+
+TEST(Printer, IsFoundWhenItComesLater) {
+  bool installed = false;
+  GdiReportPrinter printer([&] { return installed ? screenAsPrinter() : noPrinter(); });
+  EXPECT_THROW(static_cast<void>(printer.deviceName()), PrinterError);
+  installed = true;
+  EXPECT_EQ(printer.deviceName(), L"Screen");
+}
+
+TEST(Printer, MeasuresInTwips) {
+  GdiReportPrinter printer(screenAsPrinter);
+  const DeviceContext screen(CreateCompatibleDC(nullptr));
+  EXPECT_EQ(printer.scaleMode(), ScaleMode::Twips);
+  EXPECT_DOUBLE_EQ(printer.scaleWidth(), GetDeviceCaps(screen.get(), HORZRES) * 1440.0 /
+                                             GetDeviceCaps(screen.get(), LOGPIXELSX));
+  EXPECT_DOUBLE_EQ(printer.scaleHeight(), GetDeviceCaps(screen.get(), VERTRES) * 1440.0 /
+                                              GetDeviceCaps(screen.get(), LOGPIXELSY));
+  EXPECT_EQ(printer.textWidth(L""), 0);
+  const double one = printer.textWidth(L"n");
+  EXPECT_GT(one, 0);
+  printer.setFontSize(20);
+  EXPECT_GT(printer.textWidth(L"n"), one);
+  EXPECT_NEAR(printer.textHeight(L"N"), 20 * 20, 200) << "a line of 20 points";
+}
+
+TEST(Printer, KeepsSizesInHalfPoints) {
+  GdiReportPrinter printer(screenAsPrinter);
+  struct Case {
+    double size;
+    double kept;
+  };
+  for (const Case& c : {Case{13.5, 13.5}, Case{9.3, 9.5}, Case{9.25, 9}, Case{2160, 2160}}) {
+    printer.setFontSize(c.size);
+    EXPECT_EQ(printer.fontSize(), c.kept) << c.size;
+  }
+  printer.setFontSize(12);
+  for (const double size : {0.0, -3.0, 2160.5, 1e300}) {
+    EXPECT_THROW(printer.setFontSize(size), PrinterError) << size;
+  }
+  EXPECT_EQ(printer.fontSize(), 12) << "a refused size changes nothing";
+}
+
+TEST(Printer, FontsAreOneForEachWindow) {
+  GdiReportPrinter one(screenAsPrinter);
+  GdiReportPrinter other(screenAsPrinter);
+  one.setFontName(L"Liberation Mono");
+  one.setFontBold(true);
+  one.setFontItalic(true);
+  EXPECT_EQ(one.fontName(), L"Liberation Mono");
+  EXPECT_TRUE(one.fontBold());
+  EXPECT_TRUE(one.fontItalic());
+  EXPECT_EQ(other.fontName(), L"Courier New");
+  EXPECT_FALSE(other.fontBold());
+}
+
+TEST(Printer, RefusedDocumentIsAnErrorAndLeavesNoJob) {
+  GdiReportPrinter printer(screenAsPrinter);
+  EXPECT_THROW(printer.printLine(L"text", LineEnd::Break), PrinterError);
+  EXPECT_THROW(printer.newPage(), PrinterError);
+  EXPECT_NO_THROW(printer.endDocument());
+  EXPECT_EQ(printer.deviceName(), L"Screen");
+}
+
+}  // namespace
+}  // namespace corvid

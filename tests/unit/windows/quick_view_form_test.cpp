@@ -1,0 +1,339 @@
+// The preview window as the system shows it. Needs a screen, and nobody at it.
+#include "windows/quick_view_form.h"
+
+#include "basic/run_time_error.h"
+#include "desktop.h"
+#include "support/fake_settings.h"
+#include "windows/report_views.h"
+#include "windows/twips.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+// Needs windows.h in front of it.
+#include <commctrl.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using Clicks = std::vector<std::pair<std::wstring, std::int32_t>>;
+
+class RecordingHost : public FormEvents {
+ public:
+  bool raiseReportClicked(const std::wstring& line, std::int32_t column) override {
+    clicks.emplace_back(line, column);
+    if (onClick) onClick();
+    return true;
+  }
+  void shown() override { ++timesShown; }
+  void hidden() override { ++timesHidden; }
+
+  Clicks clicks;
+  std::function<void()> onClick;
+  int timesShown = 0;
+  int timesHidden = 0;
+};
+
+class Form : public testing::Test {
+ protected:
+  Form() { add({L"first line", L"second line", L"third"}); }
+  ~Form() override {
+    if (form_) form_->Hide();
+  }
+
+  void add(const std::vector<std::wstring>& lines) {
+    for (const std::wstring& line : lines) form_->view().report().Add(line, 0);
+  }
+  void makeAgain() {
+    form_ = QuickViewForm::create(sources_, host_, noPrinter);
+    add({L"first line", L"second line", L"third"});
+  }
+  HWND control(Control which) { return windowOf(form_->hWnd(), which); }
+  std::wstring textOf(Control which) {
+    wchar_t text[200] = {};
+    GetWindowTextW(control(which), text, 200);
+    return text;
+  }
+  void press(HWND window, int key) {
+    SendMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+    runPendingMessages();
+  }
+  void push(Control button) { SendMessageW(control(button), BM_CLICK, 0, 0); }
+  // Presses and releases the mouse at a character of the text.
+  void clickAt(int heldPosition) {
+    POINTL place{};
+    SendMessageW(control(Control::Text1), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place),
+                 heldPosition);
+    const LPARAM at = MAKELPARAM(place.x + 1, place.y + 2);
+    SendMessageW(control(Control::Text1), WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageW(control(Control::Text1), WM_LBUTTONUP, 0, at);
+  }
+
+  FakeSettings settings_;
+  FakeSettings::Store store_{settings_};
+  Settings sources_{settings_, store_};
+  std::shared_ptr<RecordingHost> host_ = std::make_shared<RecordingHost>();
+  std::shared_ptr<QuickViewForm> form_ = QuickViewForm::create(sources_, host_, noPrinter);
+};
+
+TEST_F(Form, ShowsItsControlsWhereTheyBelong) {
+  form_->Show(false, nullptr);
+  EXPECT_NE(IsWindowVisible(form_->hWnd()), FALSE);
+  EXPECT_EQ(form_->Caption(), L"Documento: Vista R\u00E1pida");
+  const int dots = dotsPerInch(form_->hWnd());
+  const QuickViewLayout layout = layoutQuickView(form_->Width(), form_->Height());
+  for (const ControlText& text : controlTexts()) {
+    if (*text.caption != L'\0') {
+      EXPECT_EQ(textOf(text.control), text.caption);
+    }
+    RECT place{};
+    GetWindowRect(control(text.control), &place);
+    MapWindowPoints(nullptr, form_->hWnd(), reinterpret_cast<POINT*>(&place), 2);
+    const Rectangle& expected = layout.of(text.control);
+    EXPECT_EQ(place.left, toPixels(expected.left, dots)) << idOf(text.control);
+    EXPECT_EQ(place.top, toPixels(expected.top, dots)) << idOf(text.control);
+    EXPECT_EQ(place.right - place.left, toPixels(expected.width, dots)) << idOf(text.control);
+  }
+  EXPECT_EQ(textOf(Control::Text2), L"0");
+}
+
+TEST_F(Form, SizesAreTwipsAndNeverBelowTheLeast) {
+  form_->setWidth(13500);
+  form_->setHeight(6000);
+  form_->setLeft(1500);
+  form_->setTop(750);
+  RECT pixels{};
+  GetWindowRect(form_->hWnd(), &pixels);
+  const int dots = dotsPerInch(form_->hWnd());
+  EXPECT_EQ(pixels.right - pixels.left, toPixels(13500, dots));
+  EXPECT_EQ(pixels.bottom - pixels.top, toPixels(6000, dots));
+  EXPECT_EQ(pixels.left, toPixels(1500, dots));
+  EXPECT_EQ(pixels.top, toPixels(750, dots));
+  EXPECT_EQ(form_->Width(), 13500);
+  form_->setWidth(100);
+  form_->setHeight(-5);
+  EXPECT_EQ(toPixels(form_->Width(), dots), toPixels(kLeastWidth, dots));
+  EXPECT_EQ(toPixels(form_->Height(), dots), toPixels(kLeastHeight, dots));
+  EXPECT_EQ(form_->Left(), 1500) << "the place stays";
+}
+
+TEST_F(Form, MinimisedWindowIsNotResized) {
+  form_->Show(false, nullptr);
+  const double width = form_->Width();
+  ShowWindow(form_->hWnd(), SW_MINIMIZE);
+  form_->setWidth(width + 1500);
+  EXPECT_EQ(form_->Width(), width);
+  ShowWindow(form_->hWnd(), SW_RESTORE);
+  EXPECT_EQ(form_->Width(), width);
+}
+
+TEST_F(Form, VisibleOneHoldsItselfAndGoesWhenHidden) {
+  const std::weak_ptr<QuickViewForm> watched = form_;
+  form_->Show(false, nullptr);
+  auto* const window = form_->hWnd();
+  form_.reset();
+  ASSERT_FALSE(watched.expired());
+  EXPECT_EQ(host_->timesShown, 1);
+  SendMessageW(windowOf(window, Control::cbCerrar), BM_CLICK, 0, 0);
+  EXPECT_TRUE(watched.expired());
+  EXPECT_EQ(IsWindow(window), FALSE);
+  EXPECT_EQ(host_->timesHidden, 1);
+  EXPECT_EQ(host_.use_count(), 1);
+}
+
+TEST_F(Form, TextShownOnceIsShownAgainUnchanged) {
+  form_->Show(false, nullptr);
+  const std::wstring text = textOf(Control::Text1);
+  EXPECT_EQ(text, L"first line \r\nsecond line \r\nthird \r\n");
+  form_->Hide();
+  EXPECT_FALSE(form_->Visible());
+  form_->setVisible(true);
+  EXPECT_TRUE(form_->Visible());
+  EXPECT_EQ(textOf(Control::Text1), text);
+}
+
+TEST_F(Form, ModalShowingLastsUntilTheCloseBox) {
+  const HostWindow host;
+  SetActiveWindow(host.get());
+  bool wasDisabled = false;
+  host_->onClick = [&] {
+    wasDisabled = IsWindowEnabled(host.get()) == FALSE;
+    EXPECT_THROW(form_->Show(true, nullptr), RunTimeError);
+    EXPECT_NO_THROW(form_->Show(false, nullptr));
+    PostMessageW(form_->hWnd(), WM_CLOSE, 0, 0);
+  };
+  PostMessageW(control(Control::Text1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+  PostMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+  form_->Show(true, nullptr);
+  EXPECT_EQ(host_->clicks.size(), 1U);
+  EXPECT_TRUE(wasDisabled);
+  EXPECT_NE(IsWindowEnabled(host.get()), FALSE);
+  EXPECT_FALSE(form_->Visible());
+}
+
+TEST_F(Form, SecondModalShowingIsError400) {
+  form_->Show(false, nullptr);
+  try {
+    form_->Show(true, nullptr);
+    FAIL() << "no error";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.number(), 400);
+  }
+  EXPECT_TRUE(form_->Visible());
+}
+
+TEST_F(Form, QuitEndsAModalShowingAndReachesTheHost) {
+  runPendingMessages();
+  PostQuitMessage(5);
+  form_->Show(true, nullptr);
+  EXPECT_FALSE(form_->Visible());
+  MSG message{};
+  ASSERT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
+  EXPECT_EQ(message.wParam, 5U);
+}
+
+TEST_F(Form, KeysWorkWithoutTheHostsHelp) {
+  form_->Show(false, nullptr);
+  SetFocus(control(Control::Text1));
+  std::vector<int> order;
+  for (int i = 0; i < 8; ++i) {
+    order.push_back(GetDlgCtrlID(GetFocus()) - idOf(Control{}));
+    press(GetFocus(), VK_TAB);
+  }
+  using enum Control;
+  const std::vector<Control> expected = {Text1,    Text2,      cbPrinterFonts, cbGuardar,
+                                         Command1, cbImprimir, cbCerrar,       Text1};
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(order[i], static_cast<int>(expected[i])) << i;
+  }
+  form_->view().FindText(L"line");
+  press(control(cbGuardar), VK_F3);
+  EXPECT_EQ(SendMessageW(control(Text1), EM_GETSEL, 0, 0), MAKELRESULT(19, 23)) << "find next";
+  press(control(Text2), VK_ESCAPE);
+  EXPECT_FALSE(form_->Visible());
+}
+
+TEST_F(Form, ReturnPushesTheButtonThatHasTheFocus) {
+  form_->Show(false, nullptr);
+  press(control(Control::Text2), VK_RETURN);
+  EXPECT_TRUE(form_->Visible());
+  press(control(Control::cbCerrar), VK_RETURN);
+  EXPECT_FALSE(form_->Visible());
+}
+
+TEST_F(Form, ClickTellsTheLineUnlessTextIsSelected) {
+  form_->Show(false, nullptr);
+  clickAt(18);
+  EXPECT_EQ(host_->clicks, (Clicks{{L"second line ", 6}}));
+  SendMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+  EXPECT_EQ(host_->clicks.size(), 1U) << "pressed elsewhere";
+}
+
+TEST_F(Form, HostMayHideAndLeaveTheWindowFromItsHandler) {
+  form_->Show(false, nullptr);
+  auto* const window = form_->hWnd();
+  const std::weak_ptr<QuickViewForm> watched = form_;
+  host_->onClick = [&] {
+    form_->Hide();
+    form_.reset();
+  };
+  clickAt(0);
+  EXPECT_EQ(host_->clicks.size(), 1U);
+  EXPECT_TRUE(watched.expired());
+  EXPECT_EQ(IsWindow(window), FALSE);
+}
+
+TEST_F(Form, MarginStepsStayAboveZero) {
+  form_->view().setLeftMargin(1);
+  form_->Show(false, nullptr);
+  EXPECT_EQ(textOf(Control::Text2), L"1");
+  const auto step = [this](int delta) {
+    NMUPDOWN notification{};
+    notification.hdr = {control(Control::UpDown1), static_cast<UINT_PTR>(idOf(Control::UpDown1)),
+                        static_cast<UINT>(UDN_DELTAPOS)};
+    notification.iDelta = delta;
+    const LRESULT refused =
+        SendMessageW(form_->hWnd(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+    EXPECT_NE(refused, 0) << "the control's own position stays";
+    return textOf(Control::Text2);
+  };
+  EXPECT_EQ(step(1), L"2");
+  EXPECT_EQ(step(1200), L"1202");
+  EXPECT_EQ(step(-5000), L"0");
+}
+
+TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
+  form_->Show(false, nullptr);
+  SetFocus(control(Control::Text2));
+  SetWindowTextW(control(Control::Text2), L"12.5");
+  SetFocus(control(Control::Text1));
+  runPendingMessages();
+  EXPECT_EQ(textOf(Control::Text2), L"12");
+}
+
+TEST_F(Form, PicturesChangeTheScreenFont) {
+  form_->Show(false, nullptr);
+  const auto size = [this] {
+    CHARFORMATW format{};
+    format.cbSize = sizeof format;
+    SendMessageW(control(Control::Text1), EM_GETCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format));
+    return format.yHeight / 20;
+  };
+  const auto click = [this](Control picture, int notification) {
+    SendMessageW(form_->hWnd(), WM_COMMAND, MAKEWPARAM(idOf(picture), notification), 0);
+  };
+  const LONG before = size();
+  click(Control::imgFontGrow, STN_CLICKED);
+  click(Control::imgFontGrow, STN_DBLCLK);
+  EXPECT_EQ(size(), before + 2);
+  click(Control::imgFontShrink, STN_CLICKED);
+  EXPECT_EQ(size(), before + 1);
+  EXPECT_NE(SendMessageW(control(Control::imgFontGrow), STM_GETICON, 0, 0), 0);
+}
+
+TEST_F(Form, TextIsLockedUnlessTheSettingOpensIt) {
+  EXPECT_NE(GetWindowLongPtrW(control(Control::Text1), GWL_STYLE) & ES_READONLY, 0);
+  settings_.set(L"FVIEW", L"EditQView", L"1");
+  makeAgain();
+  EXPECT_EQ(GetWindowLongPtrW(control(Control::Text1), GWL_STYLE) & ES_READONLY, 0);
+}
+
+TEST_F(Form, OwnerThatGoesTakesTheWindowAlong) {
+  {
+    const HostWindow owner;
+    form_->Show(false, owner.get());
+    EXPECT_EQ(GetWindow(form_->hWnd(), GW_OWNER), owner.get());
+  }
+  EXPECT_FALSE(form_->Visible());
+  EXPECT_EQ(host_->timesHidden, 1);
+  form_->Show(false, nullptr);
+  EXPECT_EQ(textOf(Control::Text1), L"first line \r\nsecond line \r\nthird \r\n");
+}
+
+TEST_F(Form, ModalShowingReturnsAtOnceWhereNobodySeesIt) {
+  static_cast<void>(form_->hWnd());
+  {
+    const HiddenDesktop hidden;
+    form_->Show(true, nullptr);
+  }
+  EXPECT_FALSE(form_->Visible());
+  EXPECT_FALSE(form_->view().report().hasNewLines()) << "as if shown and closed";
+  EXPECT_EQ(host_->timesShown, 0);
+}
+
+TEST_F(Form, StandsInForThePrinter) {
+  WindowsReportViews views(sources_, noPrinter);
+  const std::shared_ptr<ReportView> view = views.create();
+  view->SetReportWidth(40);
+  view->Add(L"iS*FACTURA");
+  PostQuitMessage(0);
+  view->showModal();
+  MSG message{};
+  EXPECT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
+}
+
+}  // namespace
+}  // namespace corvid

@@ -1,0 +1,81 @@
+// The dialogs of a report window.
+#include "windows/report_dialogs.h"
+
+#include "desktop.h"
+#include "windows/input_dialog.h"
+
+#include <gtest/gtest.h>
+
+namespace corvid {
+namespace {
+
+TEST(ReportDialogs, ReturnAtOnceWhereNobodySeesThem) {
+  WindowsReportDialogs dialogs([] { return HWND{}; }, screenAsPrinter);
+  const HiddenDesktop hidden;
+  dialogs.message(L"text", L"", MessageIcon::Exclamation);
+  EXPECT_EQ(dialogs.ask(L"text", L""), Answer::Yes);
+  EXPECT_EQ(dialogs.input(L"prompt", L"title", L"initial"), L"");
+  EXPECT_EQ(dialogs.chooseFont({L"Courier New", 10, false, false}), std::nullopt);
+  EXPECT_EQ(dialogs.chooseSaveFile({L"title", L".txt", L"", L"Text", L"*.txt"}), std::nullopt);
+}
+
+TEST(ReportDialogs, FontDialogNeedsAPrinter) {
+  WindowsReportDialogs dialogs([] { return HWND{}; }, noPrinter);
+  EXPECT_EQ(dialogs.chooseFont({L"Courier New", 10, false, false}), std::nullopt);
+}
+
+// Does something to the next dialog that the thread shows, once its controls are there.
+class Robot {
+ public:
+  explicit Robot(std::function<void(HWND)> act) {
+    action_ = std::move(act);
+    hook_ = SetWindowsHookExW(WH_CBT, activated, nullptr, GetCurrentThreadId());
+  }
+  Robot(const Robot&) = delete;
+  Robot& operator=(const Robot&) = delete;
+  ~Robot() { UnhookWindowsHookEx(hook_); }
+
+ private:
+  static LRESULT CALLBACK activated(int code, WPARAM wide, LPARAM data) {
+    if (code == HCBT_ACTIVATE && action_) {
+      auto* const dialog = reinterpret_cast<HWND>(wide);  // NOLINT(performance-no-int-to-ptr)
+      std::exchange(action_, nullptr)(dialog);
+    }
+    return CallNextHookEx(nullptr, code, wide, data);
+  }
+
+  static inline std::function<void(HWND)> action_;
+  HHOOK hook_;
+};
+
+constexpr int kEntry = 101;
+
+TEST(InputDialog, GivesWhatWasAccepted) {
+  std::wstring offered;
+  const Robot robot([&](HWND dialog) {
+    wchar_t text[100] = {};
+    GetDlgItemTextW(dialog, kEntry, text, 100);
+    offered = text;
+    SetDlgItemTextW(dialog, kEntry, L"caf\u00E9");
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  });
+  EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"), L"caf\u00E9");
+  EXPECT_EQ(offered, L"last");
+}
+
+TEST(InputDialog, GivesNothingWhenCancelled) {
+  const Robot robot([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+  EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"), L"");
+}
+
+TEST(ReportDialogs, NoIsToldFromYes) {
+  WindowsReportDialogs dialogs([] { return HWND{}; }, noPrinter);
+  for (const int button : {IDYES, IDNO}) {
+    const Robot robot(
+        [button](HWND box) { PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0); });
+    EXPECT_EQ(dialogs.ask(L"text", L"title") == Answer::No, button == IDNO);
+  }
+}
+
+}  // namespace
+}  // namespace corvid

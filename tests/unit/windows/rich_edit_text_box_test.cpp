@@ -1,0 +1,163 @@
+// The rich edit control behind the text box's one way of counting.
+#include "windows/rich_edit_text_box.h"
+
+#include "desktop.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <string>
+
+namespace corvid {
+namespace {
+
+class TextBox : public testing::Test {
+ protected:
+  void SetUp() override {
+    control_ = CreateWindowExW(0, richEditClass(), L"", WS_CHILD | ES_MULTILINE | ES_NOHIDESEL, 0,
+                               0, 200, 100, host_.get(), nullptr, nullptr, nullptr);
+    ASSERT_NE(control_, nullptr);
+    box_.attach(control_);
+  }
+
+  HostWindow host_;
+  HWND control_ = nullptr;
+  RichEditTextBox box_{[] { FAIL() << "there is a control"; }};
+};
+
+TEST_F(TextBox, CountsLineEndsAsTwo) {
+  box_.setText(L"abc\r\nde\r\n\r\nf");
+  EXPECT_EQ(box_.text(), L"abc\r\nde\r\n\r\nf");
+  EXPECT_EQ(box_.length(), 12);
+  struct Case {
+    std::int32_t start;
+    std::int32_t length;
+    std::int32_t expectedStart;
+    std::int32_t expectedLength;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {0, 0, 0, 0, "in front"},          {5, 2, 5, 2, "the second line"},
+      {2, 4, 2, 4, "over a line end"},   {4, 0, 3, 0, "between CR and LF is in front of both"},
+      {9, 2, 9, 2, "a line end alone"},  {11, 1, 11, 1, "the last character"},
+      {12, 0, 12, 0, "behind it"},       {0, 12, 0, 12, "everything"},
+      {50, 3, 12, 0, "beyond the text"}, {5, 2147483647, 5, 7, "a length beyond the text"},
+      {-3, -1, 0, 0, "below the text"},
+  };
+  for (const Case& c : cases) {
+    box_.select(c.start, c.length);
+    EXPECT_EQ(box_.selectionStart(), c.expectedStart) << c.reason;
+    EXPECT_EQ(box_.selectionLength(), c.expectedLength) << c.reason;
+  }
+}
+
+TEST_F(TextBox, TextTypedByTheUserCounts) {
+  box_.setText(L"ab");
+  SendMessageW(control_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"x\ry"));
+  EXPECT_EQ(box_.text(), L"x\r\nyab");
+  EXPECT_EQ(box_.selectionStart(), 4);
+}
+
+TEST_F(TextBox, AppendsAtTheEndThoughLocked) {
+  box_.setLocked(true);
+  box_.setText(L"one");
+  box_.select(1, 1);
+  box_.append(L"\r\ntwo");
+  EXPECT_EQ(box_.text(), L"one\r\ntwo");
+  EXPECT_EQ(box_.selectionStart(), 8);
+  EXPECT_EQ(box_.selectionLength(), 0);
+  EXPECT_NE(GetWindowLongPtrW(control_, GWL_STYLE) & ES_READONLY, 0);
+}
+
+TEST_F(TextBox, FindsForwardWithoutCase) {
+  box_.setText(L"Uno dos\r\nUNO\r\ntres");
+  ASSERT_TRUE(box_.find(L"uno", 0));
+  EXPECT_EQ(box_.selectionStart(), 0);
+  ASSERT_TRUE(box_.find(L"uno", 1));
+  EXPECT_EQ(box_.selectionStart(), 9);
+  EXPECT_EQ(box_.selectionLength(), 3);
+  EXPECT_TRUE(box_.find(L"RES", 9)) << "inside a word";
+  EXPECT_EQ(box_.selectionStart(), 15);
+  EXPECT_FALSE(box_.find(L"uno", 10)) << "only behind that place";
+  EXPECT_FALSE(box_.find(L"", 0));
+  EXPECT_EQ(box_.selectionStart(), 15) << "a failed find leaves the selection";
+}
+
+TEST_F(TextBox, OddTextsStayWhole) {
+  const std::wstring longLine(10000, L'x');
+  struct Case {
+    std::wstring text;
+    std::wstring expected;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {std::wstring(L"a\0b", 3), L"a b", "a NUL does not end the text"},
+      {L"{\\rtf1 abc}", L"{\\rtf1 abc}", "no format is read into it"},
+      {longLine + L"\r\n" + longLine, longLine + L"\r\n" + longLine, "long lines are not broken"},
+      {L"\t\x1B[1m", L"\t\x1B[1m", "control characters"},
+  };
+  for (const Case& c : cases) {
+    box_.setText(c.text);
+    EXPECT_EQ(box_.text(), c.expected) << c.reason;
+    box_.setText(L"");
+    box_.append(c.text);
+    EXPECT_EQ(box_.text(), c.expected) << c.reason << ", appended";
+  }
+}
+
+TEST_F(TextBox, LongLinesDoNotWrap) {
+  box_.setText(std::wstring(10000, L'x') + L"\r\nb");
+  EXPECT_EQ(SendMessageW(control_, EM_GETLINECOUNT, 0, 0), 2);
+}
+
+TEST_F(TextBox, HoldsMoreThanTheControlsUsualLimit) {
+  const std::wstring text(100000, L'x');
+  box_.setText(text);
+  box_.append(L"end");
+  EXPECT_EQ(box_.text(), text + L"end");
+}
+
+TEST_F(TextBox, FontIsOfTheWholeText) {
+  box_.setText(L"abc");
+  box_.setFontName(L"Courier New");
+  box_.setFontSize(11.5);
+  box_.setText(L"other");
+  box_.append(L" text");
+  EXPECT_EQ(box_.fontName(), L"Courier New");
+  EXPECT_EQ(box_.fontSize(), 11.5);
+  box_.select(7, 1);
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  SendMessageW(control_, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  EXPECT_EQ(format.yHeight, 230) << "twips";
+  EXPECT_STREQ(format.szFaceName, L"Courier New");
+  EXPECT_EQ(format.dwEffects & CFE_BOLD, 0U);
+}
+
+TEST_F(TextBox, IsSavedAsBytesOfTheSystemCodePage) {
+  const TempFolder folder;
+  const std::wstring path = folder.file(L"report.txt");
+  std::ofstream(std::filesystem::path(path)) << "something longer that stood there before";
+  box_.setText(L"Pe\u00F1a\r\n12 \u20AC");
+  ASSERT_TRUE(box_.saveToFile(path));
+  char expected[32] = {};
+  WideCharToMultiByte(CP_ACP, 0, L"Pe\u00F1a\r\n12 \u20AC", -1, expected, sizeof expected, nullptr,
+                      nullptr);
+  EXPECT_EQ(bytesOf(path), expected);
+  EXPECT_FALSE(box_.saveToFile(folder.path().wstring())) << "a folder is no file";
+  EXPECT_FALSE(box_.saveToFile(folder.file(L"none\\report.txt")));
+}
+
+TEST(TextBoxWithoutControl, AsksForOneAndElseIsEmpty) {
+  int asked = 0;
+  RichEditTextBox box([&asked] { ++asked; });
+  box.setText(L"abc");
+  EXPECT_GT(asked, 0);
+  EXPECT_EQ(box.text(), L"");
+  EXPECT_EQ(box.length(), 0);
+  EXPECT_FALSE(box.find(L"abc", 0));
+}
+
+}  // namespace
+}  // namespace corvid
