@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kMostBlocksSent = 7;  // one command is written at most this often
 constexpr std::int32_t kReadSize = 4096;
+// Most answers begin within this time; a wait beyond it looks at the line less often.
+constexpr float kPromptSeconds = 0.25F;
 
 struct ReplyEnd {
   std::size_t position;
@@ -224,9 +226,18 @@ Exchange::Wait Exchange::collectReply() {
       if (!state_.ready) trace(L"TIMEOUT!");
       break;
     }
-    if (!came) clock.rest();
+    if (!came) restSince(start);
   } while (!state_.ready);
   return concludeWait();
+}
+
+void Exchange::restSince(float start) {
+  Clock& clock = library_.clock();
+  if (clock.secondsSinceMidnight() - start < kPromptSeconds) {
+    clock.rest();
+  } else {
+    clock.restLonger();
+  }
 }
 
 Exchange::Wait Exchange::concludeWait() {

@@ -64,6 +64,7 @@ class Exchange {
   Chunk takeChunk(std::wstring chunk);
   void dropStatusRequests(std::wstring& chunk);
   void appendToResult(std::wstring chunk);
+  void restSince(float start);
   Wait concludeWait();
   Wait sendBlock(const std::wstring& command);
   Wait sendUntilAccepted(const std::wstring& command, int& attempts);

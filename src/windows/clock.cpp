@@ -28,4 +28,6 @@ Date WindowsClock::now() {
 
 void WindowsClock::rest() { Sleep(1); }
 
+void WindowsClock::restLonger() { Sleep(2); }
+
 }  // namespace corvid

@@ -11,6 +11,7 @@ class WindowsClock : public Clock {
   double monotonicSeconds() override;
   Date now() override;
   void rest() override;
+  void restLonger() override;
 };
 
 }  // namespace corvid

@@ -14,6 +14,10 @@ class FakeClock : public Clock {
   Date now() override { return now_; }
   // Each rest passes a little time, so that a wait with nothing to read comes to its end.
   void rest() override { advance(restSeconds); }
+  void restLonger() override {
+    ++longRests;
+    advance(restSeconds);
+  }
 
   void setSeconds(double seconds) { seconds_ = seconds; }
   void setNow(Date now) { now_ = now; }
@@ -25,6 +29,7 @@ class FakeClock : public Clock {
   [[nodiscard]] double total() const { return total_; }
 
   double restSeconds = 0.05;
+  int longRests = 0;
 
  private:
   double seconds_ = 36000;

@@ -19,6 +19,17 @@ TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
   EXPECT_EQ(outcome.result, L"");
 }
 
+TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
+  SessionBench bench({{L"TimeOut", L"1"}});
+  bench.open();
+  bench.world().clock.setSeconds(0);  // where single precision is finest
+  bench.world().clock.restSeconds = 0.01;
+  bench.printer().answersToStatus = {Answer{}};
+  bench.session().GetStatus();
+  EXPECT_EQ(bench.outcome().pfError, pfCommError);
+  EXPECT_NEAR(bench.world().clock.longRests, 75, 2) << "behind the first quarter of a second";
+}
+
 struct ReplyCase {
   Answer reply;
   std::wstring result;
