@@ -19,7 +19,7 @@ template <class Object>
   ComPtr<IUnknown> identity;
   const bool isOwn =
       reference != nullptr && SUCCEEDED(reference->QueryInterface(kOwnObject, identity.putVoid()));
-  const ComPtr<Object> own(isOwn ? dynamic_cast<Object*>(identity.get()) : nullptr);
+  ComPtr<Object> own(isOwn ? dynamic_cast<Object*>(identity.get()) : nullptr);
   if (!own) throw typeMismatch();
   return own;
 }

@@ -17,13 +17,15 @@ namespace {
 // Nothing, where there is no record.
 template <class Object, class Record>
 ComPtr<Object> objectOf(std::shared_ptr<Record> record) {
-  return record ? makeObject<Object>(std::move(record)) : ComPtr<Object>();
+  if (!record) return {};
+  return makeObject<Object>(std::move(record));
 }
 
 ClosureList objectsOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
   std::vector<ComPtr<IReporteZMF>> objects;
+  objects.reserve(records.size());
   for (const auto& record : records) {
-    objects.push_back(makeObject<ReporteZMFObject>(record).as<IReporteZMF>());
+    objects.push_back(ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(record).detach()));
   }
   return std::make_shared<const std::vector<ComPtr<IReporteZMF>>>(std::move(objects));
 }

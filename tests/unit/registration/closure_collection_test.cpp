@@ -11,15 +11,14 @@ namespace {
 ComPtr<IReporteZMF> closure(std::int16_t number) {
   auto record = std::make_shared<ReporteZMF>(AutomationLibrary::instance().library());
   record->values.numeroCierre = number;
-  return makeObject<ReporteZMFObject>(std::move(record)).as<IReporteZMF>();
+  return ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(std::move(record)).detach());
 }
 
 // Closures 11, 12 and 13.
 ComPtr<IColeccionZMF> threeClosures() {
   std::vector<ComPtr<IReporteZMF>> closures = {closure(11), closure(12), closure(13)};
-  return makeObject<ColeccionZMFObject>(
-             std::make_shared<const std::vector<ComPtr<IReporteZMF>>>(std::move(closures)))
-      .as<IColeccionZMF>();
+  auto list = std::make_shared<const std::vector<ComPtr<IReporteZMF>>>(std::move(closures));
+  return ComPtr<IColeccionZMF>::adopt(makeObject<ColeccionZMFObject>(std::move(list)).detach());
 }
 
 ComPtr<IEnumVARIANT> walkOver(IColeccionZMF* collection) {
