@@ -95,10 +95,12 @@ void QuickViewForm::Show(bool modal, HWND owner) {
   view_.showing();
   if (modal && !hasInteractiveDesktop()) return;
   if (window_ == nullptr) return;
+  auto* const root = GetAncestor(owner, GA_ROOT);
+  auto* const behind = root != window_ ? root : nullptr;
   if (modal) {
-    showModal(owner);
+    showModal(behind);
   } else {
-    appear(owner);
+    appear(behind);
   }
 }
 

@@ -46,8 +46,9 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   // Moves the added lines into the text box and comes to the screen. Modal: the owner and the
   // thread's active window are disabled until the form is hidden, which is when it returns; a form
   // that is already visible raises error 400; where the process has no interactive desktop it
-  // returns at once, as if closed. Modeless: a visible form comes to the front. The owner, null for
-  // none, stays behind the form; a modal form without one takes the active window.
+  // returns at once, as if closed. Modeless: a visible form comes to the front. The owner's
+  // outermost window stays behind the form; null, or what is no other window, is no owner. A modal
+  // form without one takes the active window.
   void Show(bool modal, HWND owner);
   void Hide() { hide(); }
 

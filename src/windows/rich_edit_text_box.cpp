@@ -161,8 +161,12 @@ std::int32_t RichEditTextBox::length() { return heldLength(GTL_USECRLF); }
 void RichEditTextBox::append(std::wstring_view text) {
   const std::wstring clean = withoutNuls(text);
   const LONG end = heldLength(GTL_DEFAULT);
+  // Painting is most of the time: many lines are painted once, when the host runs its messages.
+  tell(WM_SETREDRAW, FALSE);
   selectHeld(end, end);
   tell(EM_REPLACESEL, FALSE, clean.c_str());
+  tell(WM_SETREDRAW, TRUE);
+  if (control_ != nullptr) InvalidateRect(control_, nullptr, TRUE);
 }
 
 std::int32_t RichEditTextBox::selectionStart() {
