@@ -10,7 +10,7 @@ ModalLoop::ModalLoop(const std::vector<HWND>& windows) {
   }
 }
 
-void ModalLoop::run() {
+void ModalLoop::run() const {
   MSG message{};
   while (!ended_) {
     const BOOL received = GetMessageW(&message, nullptr, 0, 0);

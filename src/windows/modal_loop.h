@@ -17,7 +17,7 @@ class ModalLoop {
 
   // Runs the thread's messages until end() was called, or until a quit message comes, which is put
   // back for the host's own loop.
-  void run();
+  void run() const;
   // Enables the windows; may be called again.
   void end();
 

@@ -165,8 +165,18 @@ void RichEditTextBox::append(std::wstring_view text) {
   tell(WM_SETREDRAW, FALSE);
   selectHeld(end, end);
   tell(EM_REPLACESEL, FALSE, clean.c_str());
+  scrollToLineStarts();
   tell(WM_SETREDRAW, TRUE);
   if (control_ != nullptr) InvalidateRect(control_, nullptr, TRUE);
+}
+
+// The end of a wide line, a page break's for one, takes the beginning of all others out of view.
+void RichEditTextBox::scrollToLineStarts() {
+  POINT place{};
+  tell(EM_GETSCROLLPOS, 0, &place);
+  if (place.x == 0) return;
+  place.x = 0;
+  tell(EM_SETSCROLLPOS, 0, &place);
 }
 
 std::int32_t RichEditTextBox::selectionStart() {

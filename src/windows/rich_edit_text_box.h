@@ -59,6 +59,7 @@ class RichEditTextBox : public ReportTextBox {
   [[nodiscard]] LONG heldPosition(std::int32_t offset);
   [[nodiscard]] CHARRANGE heldSelection();
   void selectHeld(LONG from, LONG to);
+  void scrollToLineStarts();
   void setFormat(const CHARFORMATW& format);
 
   std::function<void()> makeControl_;

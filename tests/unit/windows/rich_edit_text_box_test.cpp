@@ -70,6 +70,15 @@ TEST_F(TextBox, AppendsAtTheEndThoughLocked) {
   EXPECT_NE(GetWindowLongPtrW(control_, GWL_STYLE) & ES_READONLY, 0);
 }
 
+TEST_F(TextBox, WideLineDoesNotTakeTheOthersOutOfView) {
+  ShowWindow(control_, SW_SHOW);
+  box_.append(std::wstring(122, L'_'));
+  box_.append(L"\r\nshort");
+  POINT place{1, 1};
+  SendMessageW(control_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+  EXPECT_EQ(place.x, 0);
+}
+
 TEST_F(TextBox, FindsForwardWithoutCase) {
   box_.setText(L"Uno dos\r\nUNO\r\ntres");
   ASSERT_TRUE(box_.find(L"uno", 0));
