@@ -57,7 +57,7 @@ class Form : public testing::Test {
     GetWindowTextW(control(which), text, 200);
     return text;
   }
-  void press(HWND window, int key) {
+  static void press(HWND window, int key) {
     SendMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
     runPendingMessages();
   }
