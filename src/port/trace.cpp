@@ -34,11 +34,8 @@ void TraceLog::Trace(std::wstring_view message) noexcept {
 }
 
 void TraceLog::addToView(std::wstring_view message) {
-  if (!debugView_) {
-    debugView_ = around_.views.create();
-    debugView_->SetReportWidth(kViewWidth);
-  }
-  debugView_->Add(std::wstring(message));
+  if (!debugView_.isMade()) debugView_.make(around_.views).SetReportWidth(kViewWidth);
+  debugView_.Add(std::wstring(message));
 }
 
 void TraceLog::appendToFile(std::wstring_view message) {

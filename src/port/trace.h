@@ -5,10 +5,9 @@
 #include "basic/locale.h"
 #include "port/clock.h"
 #include "port/host.h"
-#include "port/report_view.h"
+#include "port/pending_view.h"
 #include "port/settings.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -36,8 +35,8 @@ class TraceLog {
   // that it is complete even if the host dies.
   void Trace(std::wstring_view message) noexcept;
 
-  // Empty until the first line went there. Shown by the session's Cerrar.
-  [[nodiscard]] const std::shared_ptr<ReportView>& debugView() const { return debugView_; }
+  // Made when the first line goes there. Shown by the session's Cerrar.
+  [[nodiscard]] PendingView& debugView() { return debugView_; }
   // Empty until the first line went to the file.
   [[nodiscard]] const std::wstring& fileName() const { return fileName_; }
 
@@ -46,7 +45,7 @@ class TraceLog {
   void appendToFile(std::wstring_view message);
 
   TraceSurroundings around_;
-  std::shared_ptr<ReportView> debugView_;
+  PendingView debugView_;
   std::wstring fileName_;
 };
 

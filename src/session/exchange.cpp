@@ -303,9 +303,8 @@ std::wstring Exchange::block(const std::wstring& command) const {
 }
 
 void Exchange::addToPreview(const std::wstring& line) {
-  if (!state_.preview) state_.preview = library_.views().create();
-  state_.preview->Add(line);
-  state_.previewIsUnread = true;
+  if (!state_.preview.isMade()) state_.preview.make(library_.views());
+  state_.preview.Add(line);
 }
 
 void Exchange::setPortClosed() { setOutcome(pfCommError, L"PUERTO CERRADO"); }

@@ -36,14 +36,14 @@ PrinterFiscal::PrinterFiscal(Library& library, StatusSource& status)
 
 PrinterFiscal::~PrinterFiscal() {
   try {
-    if (!state_.testMode || state_.previewIsUnread) Cerrar();
+    release();
   } catch (...) {  // NOLINT(bugprone-empty-catch): releasing an object never raises
   }
 }
 
 void PrinterFiscal::Abrir(std::int16_t portNumber) {
   if (state_.testMode) {
-    if (!state_.previewIsUnread) state_.preview = library_.views().create();
+    if (!state_.preview.isPending()) state_.preview.make(library_.views());
     return;
   }
   if (portNumber < 1 || portNumber > kHighestPort) throw subscriptOutOfRange();
@@ -79,13 +79,21 @@ void PrinterFiscal::learnSerial() {
 
 void PrinterFiscal::Cerrar() {
   if (state_.testMode) {
-    if (state_.preview) state_.preview->showModal();
-    state_.previewIsUnread = false;
+    state_.preview.showModal();
     return;
   }
   closeOwnPort();
-  const TraceLog& trace = library_.trace();
-  if (trace.isDebug && trace.debugView()) trace.debugView()->showModal();
+  if (library_.trace().isDebug) library_.trace().debugView().showModal();
+}
+
+// As Cerrar, but a view that was shown in full does not come again.
+void PrinterFiscal::release() {
+  const PendingView& view = state_.testMode ? state_.preview : library_.trace().debugView();
+  if (view.isPending()) {
+    Cerrar();
+  } else {
+    closeOwnPort();
+  }
 }
 
 void PrinterFiscal::closeOwnPort() {

@@ -28,7 +28,8 @@ class PrinterFiscal {
   PrinterFiscal(Library& library, StatusSource& status);
   PrinterFiscal(const PrinterFiscal&) = delete;
   PrinterFiscal& operator=(const PrinterFiscal&) = delete;
-  ~PrinterFiscal();  // as Cerrar; never raises
+  // As Cerrar, without showing again what was shown in full; never raises.
+  ~PrinterFiscal();
 
   [[nodiscard]] SessionState& state() { return state_; }
   [[nodiscard]] Library& library() { return library_; }
@@ -88,6 +89,7 @@ class PrinterFiscal {
   [[nodiscard]] Lines fieldsOfResult();
   void openPort(std::int16_t portNumber);
   void closeOwnPort();
+  void release();
   void learnSerial();
 
   Library& library_;

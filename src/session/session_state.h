@@ -1,7 +1,7 @@
 // The state of one session: what a host sees, and the settings read at creation.
 #pragma once
 
-#include "port/report_view.h"
+#include "port/pending_view.h"
 #include "session/protocol.h"
 #include "session/status_source.h"
 
@@ -44,8 +44,7 @@ struct SessionState {
   std::array<double, kMostRates + 1> tasas{};
   std::int16_t numTasas = 0;  // how many of tasas were read
   bool testMode = false;      // no port: commands go to the preview
-  std::shared_ptr<ReportView> preview;
-  bool previewIsUnread = false;  // lines were added since the preview was last shown
+  PendingView preview;        // stands in for the printer in test mode
 };
 
 // Reads the settings of a new session, in their fixed order; one that does not fit its field

@@ -87,7 +87,7 @@ TEST(TraceFile, IsNotTouchedWhileTheTraceIsOff) {
   bench.log.debugInmediato = true;
   bench.log.Trace(L"x");
   EXPECT_FALSE(std::filesystem::exists(bench.file));
-  EXPECT_EQ(bench.log.debugView(), nullptr);
+  EXPECT_FALSE(bench.log.debugView().isMade());
 }
 
 TEST(TraceFile, FailuresAreSilent) {
@@ -102,14 +102,15 @@ TEST(TraceFile, FailuresAreSilent) {
 TEST(DebugView, IsMadeOnFirstUseAndGetsTheBareMessages) {
   TraceBench bench;
   bench.log.debugInmediato = true;
-  EXPECT_EQ(bench.log.debugView(), nullptr);
+  EXPECT_FALSE(bench.log.debugView().isMade());
   bench.log.Trace(L"one");
   bench.log.Trace(L"two");
   ASSERT_EQ(bench.world.views.created.size(), 1U);
   const RecordingView& view = *bench.world.views.created.front();
   EXPECT_EQ(view.width, 80);
   EXPECT_EQ(view.lines, (std::vector<std::wstring>{L"one", L"two"}));
-  EXPECT_EQ(bench.log.debugView().get(), &view);
+  bench.log.debugView().showModal();
+  EXPECT_EQ(view.shown, 1);
   EXPECT_FALSE(std::filesystem::exists(bench.file));
 }
 
@@ -126,7 +127,7 @@ TEST(DebugView, ThatCannotBeMadeIsDoneWithout) {
   log.isDebug = true;
   log.debugInmediato = true;
   log.Trace(L"x");
-  EXPECT_EQ(log.debugView(), nullptr);
+  EXPECT_FALSE(log.debugView().isMade());
 }
 
 }  // namespace

@@ -125,6 +125,52 @@ TEST(Opening, TestModeOpensNoPortAndCollectsCommands) {
   EXPECT_TRUE(bench.world().serial.calls().empty());
 }
 
+// How often a view was shown when a session that was used, and released then, has gone.
+int showings(std::initializer_list<Setting> settings,
+             const std::function<void(PrinterFiscal&)>& use) {
+  SessionBench bench(settings);
+  {
+    PrinterFiscal session(bench.library(), bench.status());
+    session.state().SerialPrinter = L"KNOWN";
+    use(session);
+  }
+  return bench.world().views.created.empty() ? 0 : bench.world().views.created.back()->shown;
+}
+
+TEST(Opening, ReleaseShowsThePreviewWhereLinesWereNotShownYet) {
+  const auto send = [](PrinterFiscal& session) { session.SendDirect(L"w"); };
+  const auto close = [](PrinterFiscal& session) { session.Cerrar(); };
+  struct Case {
+    const char* reason;
+    std::vector<std::function<void(PrinterFiscal&)>> uses;
+    int shown;
+  };
+  const Case cases[] = {
+      {"nothing to show", {}, 0},
+      {"never closed", {send}, 1},
+      {"read already", {send, close}, 1},
+      {"a line came after", {send, close, send}, 2},
+      {"closed twice by the host", {send, close, close}, 2},
+  };
+  for (const Case& c : cases) {
+    const auto useAll = [&c](PrinterFiscal& session) {
+      for (const auto& use : c.uses) use(session);
+    };
+    EXPECT_EQ(showings({{L"TestMode", L"True"}}, useAll), c.shown) << c.reason;
+  }
+}
+
+TEST(Opening, ReleaseShowsTheDebugViewOnce) {
+  const auto open = [](PrinterFiscal& session) { session.Abrir(7); };
+  const auto openAndClose = [](PrinterFiscal& session) {
+    session.Abrir(7);
+    session.Cerrar();
+  };
+  const Setting on = {L"IsDebug", L"True"};
+  EXPECT_EQ(showings({on, {L"DebugInmediato", L"True"}}, open), 1);
+  EXPECT_EQ(showings({on, {L"DebugInmediato", L"True"}}, openAndClose), 1);
+}
+
 TEST(Opening, DrawerTellsTrueForTrouble) {
   SessionBench bench;
   EXPECT_TRUE(bench.session().AbrirGaveta()) << "no port";
