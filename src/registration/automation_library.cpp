@@ -1,11 +1,11 @@
 #include "registration/automation_library.h"
 
 #include "records/status_queries.h"
-#include "registration/line_collector.h"
 #include "session/library.h"
 #include "windows/clock.h"
 #include "windows/host.h"
 #include "windows/locale.h"
+#include "windows/report_views.h"
 #include "windows/serial_calls.h"
 #include "windows/settings_sources.h"
 
@@ -16,6 +16,7 @@ namespace corvid {
 
 // In the order of their needs.
 struct AutomationLibrary::Parts {
+  const DWORD thread = GetCurrentThreadId();
   WindowsCodePage codePage;
   WindowsLocale locale;
   WindowsClock clock;
@@ -25,7 +26,8 @@ struct AutomationLibrary::Parts {
   WindowsHostYield host;
   WindowsMessageDialog dialog;
   WindowsShellFolders folders{codePage};
-  LineCollectors views;
+  Settings settings{file, store};
+  WindowsReportViews views{settings};
   RecordStatusSource status;
   Library library{{file, store, serial, host, dialog, folders, views, clock, codePage, locale}};
 };
@@ -47,9 +49,11 @@ AutomationLibrary& AutomationLibrary::instance() {
   return *theInstance;
 }
 
-void AutomationLibrary::discard() noexcept {
+bool AutomationLibrary::discard() noexcept {
   const std::lock_guard lock(theGate);
+  if (theInstance && theInstance->parts_->thread != GetCurrentThreadId()) return false;
   theInstance.reset();
+  return true;
 }
 
 Library& AutomationLibrary::library() { return parts_->library; }

@@ -13,8 +13,9 @@ class AutomationLibrary {
  public:
   // Throws what construction throws.
   static AutomationLibrary& instance();
-  // Drops the one that is there, with all process-wide state. No object may be alive.
-  static void discard() noexcept;
+  // Drops the one that is there, with all process-wide state. No object may be alive. False, and
+  // nothing is dropped, on another thread than the one that made it, whose windows it holds.
+  [[nodiscard]] static bool discard() noexcept;
 
   AutomationLibrary();
   AutomationLibrary(const AutomationLibrary&) = delete;

@@ -8,6 +8,7 @@
 #include "registration/printer_response2_object.h"
 #include "registration/printer_response3_object.h"
 #include "registration/printer_response4_object.h"
+#include "registration/quick_view_object.h"
 #include "registration/reporte_zmf_object.h"
 #include "registration/resumen_z_object.h"
 #include "registration/string_buffer_object.h"
@@ -42,6 +43,10 @@ IUnknown* createResponse4() {
   return identityOf(makeObject<PrinterResponse4Object>(std::make_shared<PrinterResponse4>()));
 }
 
+IUnknown* createQuickView() {
+  return identityOf(QuickViewObject::create(AutomationLibrary::instance().library().settings()));
+}
+
 IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }
 
 }  // namespace
@@ -65,6 +70,7 @@ std::span<const PublicClass> publicClasses() noexcept {
       {__uuidof(::ReporteZMF), L"ReporteZMF", L"Corvid fiscal memory closure record",
        createRecord<ReporteZMFObject, ReporteZMF>},
       {__uuidof(::CStringBuffer), L"CStringBuffer", L"Corvid text buffer", createStringBuffer},
+      {__uuidof(::lfQuickView), L"lfQuickView", L"Corvid report preview", createQuickView},
   };
   return classes;
 }

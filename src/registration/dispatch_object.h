@@ -33,9 +33,13 @@ template <class Value>
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 // Implements all of a dual interface but its own members. Interface and Class come from the type
-// library. A new object has one reference, its creator's. While it lives the module stays loaded.
-template <class Interface, class Class>
-class DispatchObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
+// library; Others are further interfaces of the object. A new object has one reference, its
+// creator's. While it lives the module stays loaded.
+template <class Interface, class Class, class... Others>
+class DispatchObject : public Interface,
+                       public ISupportErrorInfo,
+                       public IProvideClassInfo2,
+                       public Others... {
  public:
   using Published = Interface;
 
@@ -106,7 +110,7 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
     if (SUCCEEDED(result)) *info = description.detach();
     return result;
   }
-  // These objects are the source of no events.
+  // As of a class that is the source of no events.
   STDMETHODIMP GetGUID(DWORD kind, GUID* id) override {
     if (id == nullptr) return E_POINTER;
     *id = GUID_NULL;
@@ -152,7 +156,9 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public IProvi
     if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
       return static_cast<IProvideClassInfo2*>(this);
     }
-    return nullptr;
+    IUnknown* found = nullptr;
+    static_cast<void>((... || (id == __uuidof(Others) && (found = static_cast<Others*>(this)))));
+    return found;
   }
 
   HRESULT loadTypeInfo() noexcept {

@@ -25,6 +25,7 @@ namespace corvid {
 }
 [[nodiscard]] inline DATE toHost(Date value) noexcept { return value.days; }
 [[nodiscard]] inline double toHost(double value) noexcept { return value; }
+[[nodiscard]] inline LONG toHost(HWND window) noexcept { return HandleToLong(window); }
 [[nodiscard]] inline std::int16_t toHost(std::int16_t value) noexcept { return value; }
 [[nodiscard]] inline std::int32_t toHost(std::int32_t value) noexcept { return value; }
 [[nodiscard]] inline BSTR toHost(std::wstring_view value) { return Bstr(value).detach(); }

@@ -17,11 +17,11 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   return factory ? factory->QueryInterface(id, object) : E_OUTOFMEMORY;
 }
 
-// S_OK when no object, window, factory or lock is alive; drops the process-wide state then.
+// S_OK when no object, window, factory or lock is alive; drops the process-wide state then. On
+// another thread than the library's own it stays loaded.
 STDAPI DllCanUnloadNow() {
   if (corvid::ModuleCount::value() != 0) return S_FALSE;
-  corvid::AutomationLibrary::discard();
-  return S_OK;
+  return corvid::AutomationLibrary::discard() ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() { return corvid::registerServer(); }

@@ -25,9 +25,10 @@ std::wstring helpOf(Described& described, long member) {
 
 inline std::wstring typeName(ITypeInfo& info, const TYPEDESC& type) {
   static const std::map<VARTYPE, std::wstring> names = {
-      {VT_I2, L"Integer"},   {VT_I4, L"Long"},         {VT_R8, L"Double"},
-      {VT_CY, L"Currency"},  {VT_DATE, L"Date"},       {VT_BSTR, L"String"},
-      {VT_BOOL, L"Boolean"}, {VT_VARIANT, L"Variant"}, {VT_VOID, L""}};
+      {VT_I2, L"Integer"},      {VT_I4, L"Long"},         {VT_R4, L"Single"},
+      {VT_R8, L"Double"},       {VT_CY, L"Currency"},     {VT_DATE, L"Date"},
+      {VT_BSTR, L"String"},     {VT_BOOL, L"Boolean"},    {VT_VARIANT, L"Variant"},
+      {VT_DISPATCH, L"Object"}, {VT_UNKNOWN, L"Unknown"}, {VT_VOID, L""}};
   if (type.vt == VT_PTR) {
     const std::wstring inner = typeName(info, *type.lptdesc);
     return type.lptdesc->vt == VT_USERDEFINED ? inner : L"ByRef " + inner;
@@ -92,51 +93,68 @@ inline std::wstring declaration(ITypeInfo& info, const FUNCDESC& member) {
   }
 }
 
-class PublishedInterface : public AutomationTest {
- protected:
-  PublishedInterface() { EXPECT_EQ(S_OK, openTypeLibrary(TypeLibraryUse::Load, library_)); }
+inline std::wstring guidText(REFGUID id) {
+  std::wstring text(39, L'\0');
+  text.resize(static_cast<std::size_t>(StringFromGUID2(id, text.data(), 39)) - 1);
+  return text;
+}
 
-  ComPtr<ITypeInfo> typeAt(UINT index) {
-    ComPtr<ITypeInfo> info;
-    library_->GetTypeInfo(index, info.put());
-    return info;
+// The lines of one type: its kind, name and identifier, and each member below, in their order.
+class TypeReader {
+ public:
+  explicit TypeReader(ITypeInfo& info) : info_(info), attributes_(attributesOf(info)) {}
+
+  [[nodiscard]] std::vector<std::wstring> lines() {
+    lines_ = {kind() + L" " + nameOf(info_, MEMBERID_NIL) + L" " + guidText(attributes_->guid)};
+    addConstants();
+    addOffered();
+    addMembers();
+    return std::move(lines_);
   }
-  ComPtr<ITypeInfo> typeNamed(const std::wstring& name) {
-    for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) {
-      ComPtr<ITypeInfo> info = typeAt(i);
-      if (nameOf(*info.get(), MEMBERID_NIL) == name) return info;
+
+ private:
+  [[nodiscard]] std::wstring kind() const {
+    const WORD flags = attributes_->wTypeFlags;
+    if (attributes_->typekind == TKIND_ENUM) return L"enum";
+    if (attributes_->typekind == TKIND_COCLASS) {
+      return (flags & TYPEFLAG_FCANCREATE) != 0 ? L"creatable class" : L"class";
     }
-    ADD_FAILURE() << "no such type";
-    return {};
+    return (flags & TYPEFLAG_FDUAL) != 0 ? L"dual interface" : L"dispatch interface";
   }
-  std::vector<std::wstring> membersOf(const std::wstring& name) {
-    const ComPtr<ITypeInfo> info = typeNamed(name);
-    const TypeAttributes attributes = attributesOf(*info.get());
-    std::vector<std::wstring> members;
-    for (UINT i = 0; i < attributes->cFuncs; ++i) {
-      const FunctionDescription member = functionAt(*info.get(), i);
+  void addConstants() {
+    for (UINT i = 0; i < attributes_->cVars; ++i) {
+      VARDESC* constant = nullptr;
+      info_.GetVarDesc(i, &constant);
+      add(nameOf(info_, constant->memid) + L" = " + std::to_wstring(V_I4(constant->lpvarValue)));
+      info_.ReleaseVarDesc(constant);
+    }
+  }
+  void addOffered() {
+    for (UINT i = 0; attributes_->typekind == TKIND_COCLASS && i < attributes_->cImplTypes; ++i) {
+      INT flags = 0;
+      info_.GetImplTypeFlags(i, &flags);
+      HREFTYPE type = 0;
+      info_.GetRefTypeOfImplType(i, &type);
+      ComPtr<ITypeInfo> offered;
+      info_.GetRefTypeInfo(type, offered.put());
+      const std::wstring isDefault = (flags & IMPLTYPEFLAG_FDEFAULT) != 0 ? L"default " : L"";
+      const std::wstring isSource = (flags & IMPLTYPEFLAG_FSOURCE) != 0 ? L"source " : L"";
+      add(isDefault + isSource + nameOf(*offered.get(), MEMBERID_NIL));
+    }
+  }
+  void addMembers() {
+    for (UINT i = 0; i < attributes_->cFuncs; ++i) {
+      const FunctionDescription member = functionAt(info_, i);
       // The seven members of IUnknown and IDispatch come first and are marked.
       if ((member->wFuncFlags & FUNCFLAG_FRESTRICTED) != 0) continue;
-      members.push_back(declaration(*info.get(), *member));
+      add(declaration(info_, *member));
     }
-    return members;
   }
+  void add(const std::wstring& member) { lines_.push_back(L"  " + member); }
 
-  std::vector<std::wstring> constantsOf(UINT index) {
-    const ComPtr<ITypeInfo> info = typeAt(index);
-    const TypeAttributes attributes = attributesOf(*info.get());
-    std::vector<std::wstring> constants = {nameOf(*info.get(), MEMBERID_NIL)};
-    for (UINT i = 0; i < attributes->cVars; ++i) {
-      VARDESC* constant = nullptr;
-      info->GetVarDesc(i, &constant);
-      constants.push_back(nameOf(*info.get(), constant->memid) + L"=" +
-                          std::to_wstring(V_I4(constant->lpvarValue)));
-      info->ReleaseVarDesc(constant);
-    }
-    return constants;
-  }
-
-  ComPtr<ITypeLib> library_;
+  ITypeInfo& info_;
+  TypeAttributes attributes_;
+  std::vector<std::wstring> lines_;
 };
 
 }  // namespace corvid::testing

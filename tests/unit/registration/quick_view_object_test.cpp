@@ -1,0 +1,298 @@
+// lfQuickView as its hosts drive it: members, owner windows, events and life.
+#include "unit/registration/automation_host.h"
+#include "windows/form_controls.h"
+
+#include <gmock/gmock.h>
+#include <richedit.h>
+
+#include <functional>
+#include <thread>
+
+namespace corvid::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+ComPtr<IlfQuickView> newView() { return create<IlfQuickView>(__uuidof(::lfQuickView)); }
+
+HWND windowOf(IlfQuickView& view) {
+  LONG handle = 0;
+  EXPECT_EQ(S_OK, view.get_hWnd(&handle));
+  return static_cast<HWND>(LongToHandle(handle));
+}
+
+// Presses and releases the mouse in a line of the text, counted from 0, at column 2. Two clicks in
+// one line would be a double-click.
+void clickLine(IlfQuickView& view, int line) {
+  auto* const text = corvid::windowOf(windowOf(view), Control::Text1);
+  POINTL place{};
+  const LRESULT start = SendMessageW(text, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
+  SendMessageW(text, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), start + 2);
+  const LPARAM at = MAKELPARAM(place.x + 1, place.y + 2);
+  SendMessageW(text, WM_LBUTTONDOWN, MK_LBUTTON, at);
+  SendMessageW(text, WM_LBUTTONUP, 0, at);
+}
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+// An object of the host's with one member, of any kind. Lives on the stack; counts references.
+class HostObject : public IDispatch {
+ public:
+  using Member = std::function<HRESULT(DISPPARAMS& arguments, VARIANT* result)>;
+  HostObject(const wchar_t* name, Member member) : name_(name), member_(std::move(member)) {}
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    *object = nullptr;
+    if (id != IID_IUnknown && id != IID_IDispatch) return E_NOINTERFACE;
+    *object = static_cast<IDispatch*>(this);
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    *ids = 1;
+    return name_ == *names ? S_OK : DISP_E_UNKNOWNNAME;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT* result,
+                      EXCEPINFO*, UINT*) override {
+    return id == 1 ? member_(*arguments, result) : DISP_E_MEMBERNOTFOUND;
+  }
+
+  ULONG references = 1;
+
+ private:
+  std::wstring name_;
+  Member member_;
+};
+
+#pragma GCC diagnostic pop
+
+// Arguments stand last first.
+std::wstring clicked(const DISPPARAMS& arguments) {
+  const VARIANT* last = arguments.rgvarg + arguments.cArgs;
+  return std::wstring(viewOf(V_BSTR(last - 1))) + L"@" + std::to_wstring(V_I4(last - 2));
+}
+
+struct Told {
+  std::vector<std::wstring> events;
+  std::vector<std::wstring> calls;
+  bool cancels = false;
+  HRESULT raises = S_OK;
+};
+
+class View : public AutomationTest {
+ protected:
+  void SetUp() override {
+    for (const auto* line : {L"line A", L"line B", L"line C"}) {
+      ASSERT_EQ(S_OK, view_->Add(Bstr(line).get(), 0));
+    }
+    ASSERT_EQ(S_OK, view_->put_Visible(VARIANT_TRUE));
+    ASSERT_EQ(S_OK, view_.as<IConnectionPointContainer>()->FindConnectionPoint(
+                        __uuidof(DlfQuickViewEvents), point_.put()));
+  }
+  ~View() override {
+    if (view_) view_->Hide();
+    view_ = {};
+    point_ = {};
+    EXPECT_EQ(S_OK, DllCanUnloadNow());
+    // What the object held went with it.
+    EXPECT_EQ(1U, sink_.references);
+    EXPECT_EQ(1U, target_.references);
+  }
+  DWORD connect() {
+    DWORD cookie = 0;
+    EXPECT_EQ(S_OK, point_->Advise(&sink_, &cookie));
+    return cookie;
+  }
+
+  Told told_;
+  HostObject sink_{L"", [this](DISPPARAMS& arguments, VARIANT*) {
+                     told_.events.push_back(clicked(arguments));
+                     if (told_.cancels) *V_BOOLREF(&arguments.rgvarg[0]) = VARIANT_TRUE;
+                     return told_.raises;
+                   }};
+  HostObject target_{L"ReportClicked", [this](DISPPARAMS& arguments, VARIANT*) {
+                       told_.calls.push_back(clicked(arguments));
+                       return told_.raises;
+                     }};
+  ComPtr<IlfQuickView> view_ = newView();
+  ComPtr<IConnectionPoint> point_;
+};
+
+TEST_F(View, BuildsTheReportForItsHost) {
+  view_->Hide();
+  view_ = newView();
+  ASSERT_EQ(S_OK, view_->SetLinesPerPage(10));
+  for (int line = 1; line <= 8; ++line) ASSERT_EQ(S_OK, view_->Add(Bstr(L"x").get(), 0));
+  short number = 0;
+  EXPECT_EQ(S_OK, view_->get_Linea(&number));
+  EXPECT_EQ(number, 9);
+  EXPECT_EQ(S_OK, view_->get_LineasPagina(&number));
+  EXPECT_EQ(number, 9);
+  ASSERT_EQ(S_OK, view_->SetNumeroPagina(7));
+  ASSERT_EQ(S_OK, view_->PageBreak());
+  EXPECT_EQ(S_OK, view_->get_Pagina(&number));
+  EXPECT_EQ(number, 8);
+  ASSERT_EQ(S_OK, view_->put_LeftMargin(4));
+  EXPECT_EQ(S_OK, view_->get_LeftMargin(&number));
+  EXPECT_EQ(number, 4);
+}
+
+TEST_F(View, RaisesItsErrorsWithSourceAndDescription) {
+  const LateResult margin = putLate(view_.get(), L"LeftMargin", Variant::ofInt16(-1).value());
+  EXPECT_EQ(margin.raised, static_cast<HRESULT>(0x80040005));
+  EXPECT_EQ(margin.source, L"lfQuickView::SetLeftMargin");
+  EXPECT_EQ(margin.description, L"Argumento inv\u00e1lido");
+  ASSERT_EQ(S_OK, view_->SetPrintFontSize(8));
+  VARIANT_BOOL fitted = VARIANT_TRUE;
+  ASSERT_EQ(S_OK, view_->SetReportWidth(3, &fitted));
+  EXPECT_EQ(fitted, VARIANT_FALSE);
+  const Variant text = ::corvid::testing::text(L"longer");
+  const LateResult added =
+      callLate(view_.get(), L"Add", {text.value(), Variant::ofInt32(1).value()});
+  EXPECT_EQ(added.raised, static_cast<HRESULT>(0x800A0005));
+}
+
+TEST_F(View, TellsEventThenNotifyTargetTheClickedLine) {
+  connect();
+  ASSERT_EQ(S_OK, view_->SetNotify(&target_));
+  told_.raises = E_FAIL;
+  clickLine(*view_.get(), 0);
+  EXPECT_THAT(told_.events, ElementsAre(L"line A @2"));
+  EXPECT_THAT(told_.calls, ElementsAre(L"line A @2")) << "what the sink raised is of no concern";
+  told_.raises = S_OK;
+  told_.cancels = true;
+  clickLine(*view_.get(), 1);
+  EXPECT_THAT(told_.events, ElementsAre(L"line A @2", L"line B @2"));
+  EXPECT_THAT(told_.calls, ElementsAre(L"line A @2"));
+}
+
+TEST_F(View, ForgetsSinksAndTargets) {
+  const DWORD first = connect();
+  const DWORD second = connect();
+  EXPECT_NE(first, second);
+  ASSERT_EQ(S_OK, view_->SetNotify(&target_));
+  EXPECT_EQ(S_OK, point_->Unadvise(first));
+  EXPECT_EQ(CONNECT_E_NOCONNECTION, point_->Unadvise(first));
+  clickLine(*view_.get(), 0);
+  EXPECT_THAT(told_.events, ElementsAre(L"line A @2"));
+  EXPECT_THAT(told_.calls, ElementsAre(L"line A @2"));
+  EXPECT_EQ(S_OK, point_->Unadvise(second));
+  ASSERT_EQ(S_OK, view_->SetNotify(nullptr));
+  clickLine(*view_.get(), 1);
+  EXPECT_EQ(told_.events.size(), 1U);
+  EXPECT_EQ(told_.calls.size(), 1U);
+}
+
+TEST_F(View, PassesOverATargetWithoutTheMethod) {
+  connect();
+  HostObject other(L"Something", [](DISPPARAMS&, VARIANT*) { return S_OK; });
+  ASSERT_EQ(S_OK, view_->SetNotify(&other));
+  clickLine(*view_.get(), 2);
+  EXPECT_THAT(told_.events, ElementsAre(L"line C @2"));
+  ASSERT_EQ(S_OK, view_->SetNotify(nullptr));
+  EXPECT_EQ(1U, other.references);
+}
+
+TEST_F(View, ListsItsConnectionPointAndTheSinksBehindIt) {
+  const DWORD cookie = connect();
+  ComPtr<IEnumConnectionPoints> points;
+  ASSERT_EQ(S_OK, view_.as<IConnectionPointContainer>()->EnumConnectionPoints(points.put()));
+  ComPtr<IConnectionPoint> found;
+  ASSERT_EQ(S_OK, points->Next(1, found.put(), nullptr));
+  EXPECT_EQ(found.get(), point_.get());
+  ComPtr<IConnectionPoint> none;
+  EXPECT_EQ(S_FALSE, points->Next(1, none.put(), nullptr));
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(S_OK, point_->EnumConnections(connections.put()));
+  CONNECTDATA connection{};
+  ASSERT_EQ(S_OK, connections->Next(1, &connection, nullptr));
+  EXPECT_EQ(connection.dwCookie, cookie);
+  EXPECT_EQ(connection.pUnk, &sink_);
+  connection.pUnk->Release();
+  GUID source{};
+  EXPECT_EQ(S_OK,
+            view_.as<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source));
+  EXPECT_EQ(source, __uuidof(DlfQuickViewEvents));
+}
+
+TEST_F(View, TakesAnOwnerAsObjectHandleOrNothing) {
+  auto* const owner = CreateWindowExW(0, L"STATIC", L"host", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
+                                      nullptr, nullptr);
+  const LONG handle = HandleToLong(owner);
+  HostObject form(L"hWnd", [&](DISPPARAMS&, VARIANT* result) {
+    *result = Variant::ofInt32(handle).detach();
+    return S_OK;
+  });
+  HostObject noForm(L"other", [](DISPPARAMS&, VARIANT*) { return S_OK; });
+  struct Case {
+    const char* reason;
+    Variant given;
+    HRESULT outcome;
+    HWND owner;
+  };
+  const Case cases[] = {
+      {"an object with a window", objectValue(&form), S_OK, owner},
+      {"a handle", Variant::ofInt32(handle), S_OK, owner},
+      {"Nothing", objectValue(nullptr), S_OK, nullptr},
+      {"Empty", Variant(), S_OK, nullptr},
+      {"left out", missing(), S_OK, nullptr},
+      {"no window", objectValue(&noForm), static_cast<HRESULT>(0x800A01B6), nullptr},
+      {"no handle", text(L"x"), static_cast<HRESULT>(0x800A000D), nullptr},
+  };
+  for (const Case& c : cases) {
+    ASSERT_EQ(S_OK, view_->Hide());
+    EXPECT_EQ(c.outcome, view_->Show(missing().value(), c.given.value())) << c.reason;
+    EXPECT_EQ(c.owner, GetWindow(windowOf(*view_.get()), GW_OWNER)) << c.reason;
+    VARIANT_BOOL visible = VARIANT_FALSE;
+    view_->get_Visible(&visible);
+    EXPECT_EQ(visible != VARIANT_FALSE, c.outcome == S_OK) << c.reason;
+  }
+  DestroyWindow(owner);
+}
+
+TEST_F(View, SaysThatItIsShownAlready) {
+  const LateResult shown = callLate(view_.get(), L"Show", {Variant::ofInt16(1).value()});
+  EXPECT_EQ(shown.raised, static_cast<HRESULT>(0x800A0190));
+}
+
+TEST_F(View, HasAPlaceAndSizeInTwips) {
+  ASSERT_EQ(S_OK, view_->put_Left(1500));
+  ASSERT_EQ(S_OK, view_->put_Top(750));
+  ASSERT_EQ(S_OK, view_->put_Width(100));
+  ASSERT_EQ(S_OK, view_->put_Height(6000));
+  float place[4] = {};
+  view_->get_Left(&place[0]);
+  view_->get_Top(&place[1]);
+  view_->get_Width(&place[2]);
+  view_->get_Height(&place[3]);
+  EXPECT_THAT(place, ElementsAre(1500, 750, 11895, 6000)) << "no narrower than its buttons";
+}
+
+// Hosts that let go of a shown window see it stay, and the library with it.
+TEST_F(View, LivesWhileItIsVisible) {
+  auto* const window = windowOf(*view_.get());
+  view_ = {};
+  point_ = {};
+  EXPECT_NE(IsWindowVisible(window), FALSE);
+  EXPECT_EQ(S_FALSE, DllCanUnloadNow());
+  SendMessageW(window, WM_CLOSE, 0, 0);
+  EXPECT_EQ(IsWindow(window), FALSE);
+}
+
+// The debug view's window lives in the thread that made the library.
+TEST_F(View, StaysLoadedForOtherThreads) {
+  view_->Hide();
+  view_ = {};
+  point_ = {};
+  HRESULT elsewhere = S_OK;
+  std::thread([&] { elsewhere = DllCanUnloadNow(); }).join();
+  EXPECT_EQ(S_FALSE, elsewhere);
+}
+
+}  // namespace
+}  // namespace corvid::testing
