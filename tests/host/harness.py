@@ -23,7 +23,6 @@ WORK = ROOT / "build" / f"host{BITS}"
 BUILT = ROOT / "build" / {64: "windows-x64", 32: "windows-x86"}[BITS]
 LIBRARY = BUILT / "CorvidAPI.dll"
 PRINTER = ROOT / "build/native/simulator/corvid-printer"
-PREFIX = ROOT / "build" / f"prefix{BITS}"
 PORTS = {number: WORK / f"com{number}" for number in range(7, 15)}
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
@@ -60,11 +59,19 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+# What is added to the environment of programs under Wine; each HostTest class sets it anew.
+ENVIRONMENT = {}
+
+
+def wine_environment():
+    machine = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "CUPS_SERVER")}
+    return {**machine, **ENVIRONMENT}
+
+
 def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
     """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
     command = [ROOT / "scripts/wine", str(BITS), *map(str, arguments)]
-    environment = {**os.environ, "LC_ALL": locale}
-    environment.pop("DISPLAY", None)
+    environment = {**wine_environment(), "LC_ALL": locale}
     process = subprocess.Popen(command, cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT)  # fmt: skip
     try:
@@ -76,7 +83,8 @@ def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
 
 
 def stop_wine():
-    subprocess.run([ROOT / "scripts/wine", str(BITS), "--stop"], check=True, capture_output=True)
+    subprocess.run([ROOT / "scripts/wine", str(BITS), "--stop"], env=wine_environment(),
+                   check=True, capture_output=True)  # fmt: skip
 
 
 def registry(*arguments):
@@ -163,12 +171,18 @@ class Said(dict):
 
 
 class HostTest(unittest.TestCase):
+    """Classes whose programs need more than a command line set `prefix` and `environment`."""
+
     maxDiff = None
+    prefix = f"prefix{BITS}"  # below build/
+    environment = {}
 
     @classmethod
     def setUpClass(cls):
+        ENVIRONMENT.clear()
+        ENVIRONMENT.update(cls.environment, CORVID_PREFIX=cls.prefix)
         WORK.mkdir(parents=True, exist_ok=True)
-        map_ports()
+        map_ports(cls.prefix)
         register()
 
     @classmethod
@@ -214,14 +228,15 @@ class HostTest(unittest.TestCase):
         (self.folder / "ORV.ini").write_bytes("\r\n".join([*lines, ""]).encode("cp1252"))
 
 
-def map_ports():
+def map_ports(prefix):
     """Each port is a link in the prefix to the link that a printer makes when it starts."""
-    devices = PREFIX / "dosdevices"
+    devices = ROOT / "build" / prefix / "dosdevices"
     mapped = [devices / f"com{number}" for number in PORTS]
     if all(m.is_symlink() and m.readlink() == p for m, p in zip(mapped, PORTS.values())):
         return
     pairs = [word for number, path in PORTS.items() for word in (f"COM{number}", str(path))]
-    subprocess.run([ROOT / "scripts/wine", str(BITS), "--map", *pairs], check=True)
+    subprocess.run([ROOT / "scripts/wine", str(BITS), "--map", *pairs], env=wine_environment(),
+                   check=True)  # fmt: skip
 
 
 def register(*options):
@@ -229,11 +244,11 @@ def register(*options):
     assert code == 0, f"regsvr32 {options} failed: {code} {output}"
 
 
-def wait_until(condition, seconds=30):
-    """Waits for a state, and fails when it does not come about."""
+def wait_until(condition, seconds=30, describe=lambda: "a state"):
+    """Waits for a state; fails with its description when it does not come about."""
     end = time.monotonic() + seconds
     while not condition():
-        assert time.monotonic() < end, "waited in vain"
+        assert time.monotonic() < end, f"waited {seconds} s for {describe()}"
         time.sleep(0.05)
 
 
