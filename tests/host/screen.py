@@ -105,6 +105,10 @@ class Screen:
         within = [] if window is None else ["--window", window]
         self._xdotool("mousemove", *within, x, y, "click", button)
 
+    def drag(self, x, y, to_x, to_y):
+        """Moves the mouse from one place of the screen to another with its button down."""
+        self._xdotool("mousemove", x, y, "mousedown", 1, "mousemove", to_x, to_y, "mouseup", 1)
+
     def key(self, *names):
         """Presses and releases one after the other: "Tab", "Return", "ctrl+p"."""
         self._xdotool("key", *names)
