@@ -5,9 +5,12 @@
 //                                  seconds of processor time that this process took meanwhile
 //   corvid_bench_host calls COUNT  a member called that often: microseconds for each early-bound
 //                                  call, and for each Invoke
+//   corvid_bench_host lines COUNT  the seconds for that many lines added to a report that is shown,
+//                                  and for a fifth of them added to a bare rich edit control
 
 #include "automation.h"
 #include "corvid_interfaces.h"
+#include "lines.h"
 #include "support/twenty_lines.h"
 
 #include <cstdint>
@@ -17,6 +20,7 @@
 
 namespace {
 
+using bench::now;
 using host::check;
 using host::Value;
 
@@ -26,14 +30,6 @@ constexpr HRESULT kErrorMask = 0xFFFF;  // a run-time error n arrives as 0x800A0
 constexpr int kRounds = 20;             // both kinds of call take turns
 
 void say(const char* name, double value) { std::printf("%s %.9f\n", name, value); }
-
-double now() {
-  LARGE_INTEGER ticks;
-  LARGE_INTEGER ticksPerSecond;
-  QueryPerformanceCounter(&ticks);
-  QueryPerformanceFrequency(&ticksPerSecond);
-  return static_cast<double>(ticks.QuadPart) / static_cast<double>(ticksPerSecond.QuadPart);
-}
 
 double secondsOf(const FILETIME& time) {
   const auto high = static_cast<std::uint64_t>(time.dwHighDateTime) << 32U;
@@ -140,6 +136,12 @@ void calls(int count) {
   }
 }
 
+// The bare calls take so long for all the lines that nobody would wait for them.
+void lines(int count) {
+  say("report", bench::addToShownReport(count));
+  say("bare", bench::addToBareControl(count / 5));
+}
+
 int run(std::string_view task, int number) {
   const host::Apartment apartment;
   if (task == "sale") {
@@ -148,8 +150,10 @@ int run(std::string_view task, int number) {
     wait(number);
   } else if (task == "calls") {
     calls(number);
+  } else if (task == "lines") {
+    lines(number);
   } else {
-    throw std::runtime_error("sale, wait or calls");
+    throw std::runtime_error("sale, wait, calls or lines");
   }
   return EXIT_SUCCESS;
 }

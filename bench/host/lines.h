@@ -1,0 +1,16 @@
+// Lines added to text that is on the screen.
+#pragma once
+
+namespace bench {
+
+// Seconds to add that many lines to a report that is shown.
+[[nodiscard]] double addToShownReport(int count);
+
+// Seconds to add the same lines to a bare rich edit control of the same kind, size and font, each
+// by selecting the end of the text and replacing the selection.
+[[nodiscard]] double addToBareControl(int count);
+
+// Seconds of the system's most exact clock.
+[[nodiscard]] double now();
+
+}  // namespace bench
