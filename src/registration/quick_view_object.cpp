@@ -37,7 +37,8 @@ class QuickViewObject::Events : public FormEvents {
 
   bool raiseReportClicked(const std::wstring& line, std::int32_t column) override {
     try {
-      return object_ != nullptr && object_->raiseReportClicked(line, column);
+      const ComPtr<IlfQuickView> alive(object_);  // a handler may let go of it
+      return alive && object_->raiseReportClicked(line, column);
     } catch (...) {
       return false;
     }
@@ -47,9 +48,9 @@ class QuickViewObject::Events : public FormEvents {
   void objectGone() { object_ = nullptr; }
 
  private:
+  ModuleReference module_;
   QuickViewObject* object_;
   ComPtr<IlfQuickView> whileVisible_;
-  ModuleReference module_;
 };
 
 QuickViewObject::QuickViewObject()
