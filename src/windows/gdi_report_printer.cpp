@@ -24,8 +24,10 @@ PrinterDevice& GdiReportPrinter::device() {
 }
 
 PrintJob& GdiReportPrinter::job() {
-  const PrinterDevice& opened = device();
-  if (!job_) job_.emplace(opened.context(), kQuickViewCaption);
+  if (!job_) {
+    device_.reset();  // the default printer may be another one now, or have come back
+    job_.emplace(device().context(), kQuickViewCaption);
+  }
   return *job_;
 }
 
@@ -90,9 +92,7 @@ void GdiReportPrinter::endDocument() {
   closeDevice();
 }
 
-void GdiReportPrinter::abortDocument() {
-  if (job_) closeDevice();
-}
+void GdiReportPrinter::abortDocument() { closeDevice(); }
 
 void GdiReportPrinter::closeDevice() {
   job_.reset();

@@ -13,10 +13,10 @@ namespace corvid {
 // Points; what the system's fonts reach.
 inline constexpr double kGreatestFontSize = 2160;
 
-// Measures in twips. The printer is opened when it is first needed and kept to the end of the job,
-// so that each job goes to what is the default printer when its report is fitted; where there is
-// none it is looked for again at the next call. Sizes are kept in half points, and those above
-// kGreatestFontSize throw.
+// Measures in twips. The printer is opened when it is first needed, and anew for each job, so that
+// a job goes to what is the default printer then; it is given back at the job's end, and where
+// there is none it is looked for again at the next call. Sizes are kept in half points, and those
+// above kGreatestFontSize throw.
 class GdiReportPrinter : public ReportPrinter {
  public:
   explicit GdiReportPrinter(PrinterOpener open = openDefaultPrinter);

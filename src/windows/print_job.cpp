@@ -3,6 +3,7 @@
 #include "windows/printer_device.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace corvid {
 namespace {
@@ -69,13 +70,14 @@ void PrintJob::makeRoom(int lineHeight) {
 }
 
 void PrintJob::printRun(std::wstring_view text) {
-  if (text.empty()) return;
-  const auto length = static_cast<int>(text.size());
-  SIZE size{};
-  require(TextOutW(context_, x_, y_, text.data(), length) != FALSE &&
-              GetTextExtentPoint32W(context_, text.data(), length, &size) != FALSE,
-          "the printer takes no text");
-  x_ += static_cast<int>(size.cx);
+  for (; !text.empty(); text.remove_prefix(std::min(text.size(), kMostCharacters))) {
+    const std::wstring_view piece = text.substr(0, kMostCharacters);
+    const auto length = static_cast<int>(piece.size());
+    require(TextOutW(context_, x_, y_, piece.data(), length) != FALSE, "the printer takes no text");
+    const std::optional<int> width = pixelWidthOf(context_, piece);
+    require(width.has_value(), "the text cannot be measured");
+    x_ += *width;
+  }
 }
 
 void PrintJob::nextLine(int lineHeight) {

@@ -56,6 +56,20 @@ int lineHeightOf(HDC context) {
   return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
 }
 
+std::optional<int> pixelWidthOf(HDC context, std::wstring_view text) {
+  int width = 0;
+  for (; !text.empty(); text.remove_prefix(std::min(text.size(), kMostCharacters))) {
+    const std::wstring_view piece = text.substr(0, kMostCharacters);
+    SIZE size{};
+    if (GetTextExtentPoint32W(context, piece.data(), static_cast<int>(piece.size()), &size) ==
+        FALSE) {
+      return std::nullopt;
+    }
+    width += static_cast<int>(size.cx);
+  }
+  return width;
+}
+
 PrinterDevice::PrinterDevice(OpenedPrinter printer) : printer_(std::move(printer)) {
   if (!printer_.context) throw PrinterError("no printer");
 }
@@ -75,12 +89,9 @@ double PrinterDevice::height() const {
 }
 
 double PrinterDevice::textWidth(std::wstring_view text) const {
-  SIZE size{};
-  const auto length = static_cast<int>(text.size());
-  if (GetTextExtentPoint32W(context(), text.data(), length, &size) == FALSE) {
-    throw PrinterError("the text cannot be measured");
-  }
-  return toTwips(size.cx, LOGPIXELSX);
+  const std::optional<int> pixels = pixelWidthOf(context(), text);
+  if (!pixels) throw PrinterError("the text cannot be measured");
+  return toTwips(*pixels, LOGPIXELSX);
 }
 
 double PrinterDevice::lineHeight() const {

@@ -7,7 +7,9 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,12 @@ using PrinterOpener = std::function<OpenedPrinter()>;
 
 // The height, in pixels, of a line of text in the context's font; 0 when it cannot be measured.
 [[nodiscard]] int lineHeightOf(HDC context);
+
+// The system's drawing calls take no more at once.
+inline constexpr std::size_t kMostCharacters = 8192;
+
+// The width, in pixels, of a text of any length; nothing when it cannot be measured.
+[[nodiscard]] std::optional<int> pixelWidthOf(HDC context, std::wstring_view text);
 
 // Measures are twips of the printable area. Failing calls throw PrinterError.
 class PrinterDevice {

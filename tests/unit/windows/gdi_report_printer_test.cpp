@@ -43,6 +43,26 @@ TEST(Printer, IsFoundWhenItComesLater) {
   EXPECT_EQ(printer.deviceName(), L"Screen");
 }
 
+TEST(Printer, JobGoesToTheDefaultPrinterOfItsTime) {
+  std::wstring name = L"first";
+  GdiReportPrinter printer([&] {
+    return OpenedPrinter{DeviceContext(CreateCompatibleDC(nullptr)), name};
+  });
+  EXPECT_EQ(printer.deviceName(), L"first");
+  name = L"second";
+  EXPECT_THROW(printer.printLine(L"text", LineEnd::Break), PrinterError) << "a screen, after all";
+  EXPECT_EQ(printer.deviceName(), L"second");
+  name = L"third";
+  printer.abortDocument();
+  EXPECT_EQ(printer.deviceName(), L"third") << "a printer that took no document is given back";
+}
+
+TEST(Printer, MeasuresTextsOfAnyLength) {
+  GdiReportPrinter printer(screenAsPrinter);
+  const double thousand = printer.textWidth(std::wstring(1000, L'n'));
+  EXPECT_NEAR(printer.textWidth(std::wstring(32000, L'n')), 32 * thousand, thousand / 100);
+}
+
 TEST(Printer, MeasuresInTwips) {
   GdiReportPrinter printer(screenAsPrinter);
   const DeviceContext screen(CreateCompatibleDC(nullptr));
