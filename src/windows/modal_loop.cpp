@@ -21,7 +21,9 @@ void ModalLoop::run() const {
   }
 }
 
+// A message that another thread sends does not wake the wait of run(); a posted one does.
 void ModalLoop::end() {
+  if (!ended_) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   ended_ = true;
   for (auto* const window : disabled_) EnableWindow(window, TRUE);
   disabled_.clear();
