@@ -50,6 +50,10 @@ STDMETHODIMP EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
   });
 }
 
+bool EventConnections::isConnected(DWORD cookie) const {
+  return std::ranges::find(connections_, cookie, &Connection::cookie) != connections_.end();
+}
+
 STDMETHODIMP EventConnections::Unadvise(DWORD cookie) {
   const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
   if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
@@ -74,6 +78,7 @@ STDMETHODIMP EventConnections::EnumConnections(IEnumConnections** walk) {
 void EventConnections::raise(DISPID event, DISPPARAMS& arguments) {
   const std::vector<Connection> connected = connections_;
   for (const Connection& connection : connected) {
+    if (!isConnected(connection.cookie)) continue;
     connection.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments,
                             nullptr, nullptr, nullptr);
   }

@@ -35,8 +35,8 @@ class EventConnections final : public IConnectionPoint {
   STDMETHODIMP Unadvise(DWORD cookie) override;
   STDMETHODIMP EnumConnections(IEnumConnections** walk) override;
 
-  // Calls every sink that is connected now, in the order of their connecting. What they raise is
-  // passed over.
+  // Calls every sink that is connected now, in the order of their connecting, unless a handler
+  // disconnects it first. What they raise is passed over. The container outlives the call.
   void raise(DISPID event, DISPPARAMS& arguments);
 
  private:
@@ -45,6 +45,7 @@ class EventConnections final : public IConnectionPoint {
     ComPtr<IDispatch> sink;
   };
 
+  [[nodiscard]] bool isConnected(DWORD cookie) const;
   [[nodiscard]] static CONNECTDATA connectData(const Connection& connection);
 
   IConnectionPointContainer& container_;

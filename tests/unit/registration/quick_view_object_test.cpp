@@ -188,6 +188,18 @@ TEST_F(View, ForgetsSinksAndTargets) {
   EXPECT_EQ(told_.calls.size(), 1U);
 }
 
+// Whoever is disconnected may be gone already.
+TEST_F(View, DoesNotCallASinkThatAHandlerDisconnects) {
+  DWORD second = 0;
+  HostObject first(L"", [&](DISPPARAMS&, VARIANT*) { return point_->Unadvise(second); });
+  DWORD cookie = 0;
+  ASSERT_EQ(S_OK, point_->Advise(&first, &cookie));
+  second = connect();
+  clickLine(*view_.get(), 0);
+  EXPECT_THAT(told_.events, ElementsAre());
+  EXPECT_EQ(S_OK, point_->Unadvise(cookie));
+}
+
 TEST_F(View, PassesOverATargetWithoutTheMethod) {
   connect();
   HostObject other(L"Something", [](DISPPARAMS&, VARIANT*) { return S_OK; });
