@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace corvid {
 
@@ -35,7 +36,9 @@ struct AutomationLibrary::Parts {
 namespace {
 
 std::mutex theGate;
-std::unique_ptr<AutomationLibrary> theInstance;
+// No owner: at the end of a process that never asked whether to unload, windows and printers may
+// not be touched any more.
+AutomationLibrary* theInstance = nullptr;
 
 }  // namespace
 
@@ -45,14 +48,15 @@ AutomationLibrary::~AutomationLibrary() = default;
 
 AutomationLibrary& AutomationLibrary::instance() {
   const std::lock_guard lock(theGate);
-  if (!theInstance) theInstance = std::make_unique<AutomationLibrary>();
+  if (theInstance == nullptr) theInstance = std::make_unique<AutomationLibrary>().release();
   return *theInstance;
 }
 
 bool AutomationLibrary::discard() noexcept {
   const std::lock_guard lock(theGate);
-  if (theInstance && theInstance->parts_->thread != GetCurrentThreadId()) return false;
-  theInstance.reset();
+  if (theInstance == nullptr) return true;
+  if (theInstance->parts_->thread != GetCurrentThreadId()) return false;
+  const std::unique_ptr<AutomationLibrary> gone(std::exchange(theInstance, nullptr));
   return true;
 }
 
