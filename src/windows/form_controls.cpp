@@ -32,8 +32,8 @@ Kind kindOf(Control control) {
   switch (control) {
     case Control::Text1:
       return {richEditClass(),
-              ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | WS_VSCROLL |
-                  WS_HSCROLL | WS_TABSTOP,
+              ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | ES_WANTRETURN |
+                  WS_VSCROLL | WS_HSCROLL | WS_TABSTOP,
               WS_EX_CLIENTEDGE};
     case Control::Text2:
       return {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
@@ -109,8 +109,8 @@ void FormDress::putFont(HWND form, int dotsPerInch) {
 
 void FormDress::putPictures(HWND form, int dotsPerInch) {
   const int pixels = toPixels(kPicture, dotsPerInch);
-  std::array<Icon, 2> pictures{drawFontIcon(FontIcon::Grow, pixels),
-                               drawFontIcon(FontIcon::Shrink, pixels)};
+  std::array<Icon, 2> pictures{loadFontIcon(FontIcon::Grow, pixels),
+                               loadFontIcon(FontIcon::Shrink, pixels)};
   const std::array<Control, 2> controls{Control::imgFontGrow, Control::imgFontShrink};
   for (std::size_t i = 0; i < controls.size(); ++i) {
     SendMessageW(windowOf(form, controls[i]), STM_SETICON,

@@ -60,6 +60,7 @@ void QuickViewForm::make() {
   box_.attach(windowOf(window_, Control::Text1));
   dressUp();
   view_.load();
+  box_.setText(std::exchange(keptText_, {}));
   centre();
 }
 
@@ -118,6 +119,8 @@ void QuickViewForm::appear(HWND owner) {
   self_ = shared_from_this();
   events_->shown();
   ShowWindow(window_, IsIconic(window_) != FALSE ? SW_RESTORE : SW_SHOW);
+  // The launcher of the process may have a say in its first showing.
+  if (IsWindowVisible(window_) == FALSE) ShowWindow(window_, SW_SHOW);
   SetForegroundWindow(window_);
 }
 

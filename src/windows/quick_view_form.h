@@ -28,7 +28,7 @@ class FormEvents : public ClickListener {
 // A visible form holds itself; hidden, it goes with its last owner. The system's window and
 // controls are made, hidden, when the first of them is needed, and keep their contents while
 // hidden. Should the system destroy the window, as with its owner, the form counts as hidden and
-// makes a new one when needed; the lines that were added while the old one was loaded are lost.
+// makes a new one with the same text when needed.
 // All members belong to the thread that made the form.
 class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, private QuickViewWindow {
  public:
@@ -113,6 +113,7 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   HWND window_ = nullptr;
   bool visible_ = false;
   bool pressedInText_ = false;
+  std::wstring keptText_;      // of a window that the system destroyed
   ModalLoop* loop_ = nullptr;  // of the modal showing, while it runs
   std::shared_ptr<QuickViewForm> self_;
   FormDress dress_;

@@ -105,6 +105,9 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
     case kResolutionChanged:
       takeResolution(*reinterpret_cast<const RECT*>(data));
       return true;
+    case WM_DESTROY:
+      keptText_ = box_.text();
+      return false;
     case WM_NCDESTROY:
       windowGone();
       return false;
@@ -113,7 +116,9 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
   }
 }
 
+// Loops that treat the form as a dialog make a command of Escape.
 bool QuickViewForm::onCommand(int control, int notification) {
+  if (control == IDCANCEL) return view_.keyDown(kEscapeKey);
   const auto action = actionOf(static_cast<Control>(control - idOf(Control{})));
   const bool isDoubleClick = notification == STN_DBLCLK && isPicture(control);
   if (action == nullptr || (notification != BN_CLICKED && !isDoubleClick)) return false;
@@ -170,6 +175,14 @@ LRESULT QuickViewForm::onControl(HWND control, UINT message, WPARAM wide, LPARAM
 bool QuickViewForm::onKey(HWND control, int key) {
   if (key == VK_TAB && !isDown(VK_CONTROL)) {
     SendMessageW(window_, WM_NEXTDLGCTL, isDown(VK_SHIFT) ? TRUE : FALSE, FALSE);
+    return true;
+  }
+  if (isDown(VK_CONTROL) && (key == VK_ADD || key == VK_OEM_PLUS)) {
+    view_.growScreenFont();
+    return true;
+  }
+  if (isDown(VK_CONTROL) && (key == VK_SUBTRACT || key == VK_OEM_MINUS)) {
+    view_.shrinkScreenFont();
     return true;
   }
   if (key == VK_RETURN && isButton(control)) {

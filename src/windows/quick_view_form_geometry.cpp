@@ -5,13 +5,21 @@
 namespace corvid {
 namespace {
 
+// The system keeps it from the corner of the work area, not of the monitor.
+RECT restoredBounds(HWND window) {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window, &placement);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  OffsetRect(&placement.rcNormalPosition, monitor.rcWork.left - monitor.rcMonitor.left,
+             monitor.rcWork.top - monitor.rcMonitor.top);
+  return placement.rcNormalPosition;
+}
+
 RECT pixelBounds(HWND window) {
-  if (IsIconic(window) != FALSE) {
-    WINDOWPLACEMENT placement{};
-    placement.length = sizeof placement;
-    GetWindowPlacement(window, &placement);
-    return placement.rcNormalPosition;
-  }
+  if (IsIconic(window) != FALSE) return restoredBounds(window);
   RECT bounds{};
   GetWindowRect(window, &bounds);
   return bounds;

@@ -27,9 +27,16 @@ constexpr RichEditLibrary kLibraries[] = {
     {L"riched20.dll", L"RichEdit20W"},
 };
 
+// With the separator behind it. By its full path no other folder's library comes first.
+std::wstring systemFolder() {
+  std::wstring folder(MAX_PATH, L'\0');
+  folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+  return folder + L"\\";
+}
+
 const wchar_t* loadRichEdit() {
   for (const RichEditLibrary& library : kLibraries) {
-    if (LoadLibraryExW(library.file, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32) != nullptr) {
+    if (LoadLibraryW((systemFolder() + library.file).c_str()) != nullptr) {
       return library.windowClass;
     }
   }
@@ -174,9 +181,8 @@ void RichEditTextBox::append(std::wstring_view text) {
 void RichEditTextBox::scrollToLineStarts() {
   POINT place{};
   tell(EM_GETSCROLLPOS, 0, &place);
-  if (place.x == 0) return;
-  place.x = 0;
-  tell(EM_SETSCROLLPOS, 0, &place);
+  // By the scroll bar's way: places are 16-bit in long texts.
+  if (place.x != 0) tell(WM_HSCROLL, SB_LEFT);
 }
 
 std::int32_t RichEditTextBox::selectionStart() {

@@ -216,6 +216,14 @@ TEST_F(Form, KeysWorkWithoutTheHostsHelp) {
   EXPECT_FALSE(form_->Visible());
 }
 
+// So do hosts whose own forms are dialogs.
+TEST_F(Form, EscapeHidesItUnderALoopThatTreatsItAsADialog) {
+  form_->Show(false, nullptr);
+  MSG escape{control(Control::cbCerrar), WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+  EXPECT_NE(IsDialogMessageW(form_->hWnd(), &escape), FALSE);
+  EXPECT_FALSE(form_->Visible());
+}
+
 TEST_F(Form, ReturnPushesTheButtonThatHasTheFocus) {
   form_->Show(false, nullptr);
   press(control(Control::Text2), VK_RETURN);
@@ -309,8 +317,9 @@ TEST_F(Form, OwnerThatGoesTakesTheWindowAlong) {
   }
   EXPECT_FALSE(form_->Visible());
   EXPECT_EQ(host_->timesHidden, 1);
+  form_->view().report().Add(L"fourth", 0);
   form_->Show(false, nullptr);
-  EXPECT_EQ(textOf(Control::Text1), L"first line \r\nsecond line \r\nthird \r\n");
+  EXPECT_EQ(textOf(Control::Text1), L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
 }
 
 TEST_F(Form, ModalShowingReturnsAtOnceWhereNobodySeesIt) {
