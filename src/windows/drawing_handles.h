@@ -23,13 +23,6 @@ struct FontTraits {
 };
 using Font = Owned<FontTraits>;
 
-struct BitmapTraits {
-  using Type = HBITMAP;
-  static constexpr Type none() { return nullptr; }
-  static void release(Type bitmap) { DeleteObject(bitmap); }
-};
-using Bitmap = Owned<BitmapTraits>;
-
 struct IconTraits {
   using Type = HICON;
   static constexpr Type none() { return nullptr; }
