@@ -8,38 +8,17 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <map>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace corvid {
 
-// A reply as one chunk, with a check byte that nobody checks.
-[[nodiscard]] inline Answer blockOf(const std::string& text) { return {"\x02" + text + "\x03?"}; }
-
 // Three rates of 16, 8 and 31 percent on top of the price, the usual levy, all flags 0.
 [[nodiscard]] inline Answer usualRates() {
   return blockOf("21600\n20800\n23100\n" + std::string(60, '0'));
 }
-
-// Is always idle, and acknowledges what it has no answer for.
-class DocumentPrinter : public LinePeer {
- public:
-  void received(std::string_view bytes, SerialDouble& line) override {
-    if (bytes == "\x05") return line.deliver("\x02\x60\x40\x03\x23");
-    if (!bytes.starts_with("\x02")) return;
-    commands.emplace_back(bytes.substr(1, bytes.size() - 3));
-    const auto found = answers.find(commands.back());
-    if (found == answers.end()) return line.deliver("\x06");
-    for (const std::string& chunk : found->second) line.deliver(chunk);
-  }
-
-  std::map<std::string, Answer> answers = {{"S3", usualRates()}};  // no chunk at all is silence
-  std::vector<std::string> commands;                               // without their frame
-};
 
 class DocumentBench {
  public:
@@ -50,6 +29,7 @@ class DocumentBench {
     world_.settings.set(kSessionSection, L"TimeOut", L"1");
     for (const auto& [key, value] : entries) world_.settings.set(kSessionSection, key, value);
     world_.serial.connect(&printer_);
+    printer_.answers["S3"] = usualRates();
   }
   // Rates of the settings, from index 0 on. Before the session is first used.
   void configureRates(const Lines& rates) {
@@ -59,7 +39,7 @@ class DocumentBench {
   }
 
   [[nodiscard]] World& world() { return world_; }
-  [[nodiscard]] DocumentPrinter& printer() { return printer_; }
+  [[nodiscard]] ScriptedPrinter& printer() { return printer_; }
   [[nodiscard]] Library& library() {
     if (!library_) library_ = std::make_unique<Library>(world_.surroundings());
     return *library_;
@@ -81,7 +61,7 @@ class DocumentBench {
   // What the printer received, each command once however often it was sent again, and without
   // the questions for its rates.
   [[nodiscard]] std::vector<std::string> commands() const {
-    std::vector<std::string> result = printer_.commands;
+    std::vector<std::string> result = printer_.commands();
     std::erase(result, "S3");
     result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;
@@ -89,7 +69,7 @@ class DocumentBench {
 
  private:
   World world_;
-  DocumentPrinter printer_;
+  ScriptedPrinter printer_;
   RecordStatusSource source_;
   std::unique_ptr<Library> library_;
   std::unique_ptr<PrinterFiscal> session_;

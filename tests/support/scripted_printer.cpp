@@ -1,6 +1,11 @@
 #include "support/scripted_printer.h"
 
 namespace corvid {
+namespace {
+
+std::string commandOf(const std::string& block) { return block.substr(1, block.size() - 3); }
+
+}  // namespace
 
 void ScriptedPrinter::received(std::string_view bytes, SerialDouble& line) {
   for (const std::string& chunk : answerTo(bytes)) line.deliver(chunk, delaySeconds);
@@ -13,13 +18,14 @@ Answer ScriptedPrinter::answerTo(std::string_view bytes) {
   }
   if (bytes == "\x06") {
     ++acks;
-    return next(answersToAck, answerToEveryAck.value_or(Answer{}));
+    return next(answersToAck, answerToEveryAck);
   }
   blocks.emplace_back(bytes);
-  return next(answersToBlock, {"\x06"});
+  const auto known = answers.find(commandOf(blocks.back()));
+  return next(answersToBlock, known == answers.end() ? Answer{"\x06"} : known->second);
 }
 
-Answer ScriptedPrinter::next(std::deque<Answer>& answers, Answer usual) {
+Answer ScriptedPrinter::next(std::deque<Answer>& answers, const Answer& usual) {
   if (answers.empty()) return usual;
   Answer answer = answers.front();
   answers.pop_front();
@@ -28,7 +34,7 @@ Answer ScriptedPrinter::next(std::deque<Answer>& answers, Answer usual) {
 
 std::vector<std::string> ScriptedPrinter::commands() const {
   std::vector<std::string> texts;
-  for (const std::string& block : blocks) texts.push_back(block.substr(1, block.size() - 3));
+  for (const std::string& block : blocks) texts.push_back(commandOf(block));
   return texts;
 }
 

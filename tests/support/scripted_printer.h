@@ -4,7 +4,7 @@
 #include "support/serial_double.h"
 
 #include <deque>
-#include <optional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +13,16 @@ namespace corvid {
 
 using Answer = std::vector<std::string>;  // chunks, each one read's worth; none is silence
 
-// Keeps what it is sent, and answers each request with the next answer of its kind; where none is
-// left, a status request gets "fiscal, idle, no error", a block ACK, and an ACK nothing.
+inline constexpr char kEtb = '\x17';
+
+// A reply as one chunk, with a check byte that nobody checks; more blocks follow behind kEtb.
+[[nodiscard]] inline Answer blockOf(const std::string& text, char end = '\x03') {
+  return {"\x02" + text + end + "?"};
+}
+
+// Keeps what it is sent, and answers each request with the next answer of its kind. Where none is
+// left, a status request gets "fiscal, idle, no error", a block the answer to its command or else
+// an ACK, and an ACK nothing.
 class ScriptedPrinter : public LinePeer {
  public:
   void received(std::string_view bytes, SerialDouble& line) override;
@@ -22,7 +30,8 @@ class ScriptedPrinter : public LinePeer {
   std::deque<Answer> answersToStatus;
   std::deque<Answer> answersToBlock;
   std::deque<Answer> answersToAck;
-  std::optional<Answer> answerToEveryAck;
+  std::map<std::string, Answer> answers;  // by command
+  Answer answerToEveryAck;
   double delaySeconds = 0;  // before each answer
 
   std::size_t statusRequests = 0;
@@ -32,7 +41,7 @@ class ScriptedPrinter : public LinePeer {
   [[nodiscard]] std::vector<std::string> commands() const;
 
  private:
-  static Answer next(std::deque<Answer>& answers, Answer usual);
+  static Answer next(std::deque<Answer>& answers, const Answer& usual);
   Answer answerTo(std::string_view bytes);
 };
 

@@ -98,7 +98,7 @@ TEST(ClassicItem, NegativeQuantityIsRefusedWithTheMethodsName) {
     EXPECT_EQ(bench.outcome().pfError, pfClientError);
     EXPECT_EQ(bench.outcome().DescripcionError,
               L"Argumento inv\u00E1lido (cantidad negativa) en " + item.name);
-    EXPECT_TRUE(bench.printer().commands.empty()) << "not even the rates are asked for";
+    EXPECT_TRUE(bench.printer().commands().empty()) << "not even the rates are asked for";
   }
 }
 
@@ -113,7 +113,7 @@ TEST(ClassicItem, RateThatIsNoByteRaisesAndSendsNothing) {
   for (const wchar_t* index : {L"-33", L"224"}) {
     DocumentBench bench({{L"IndicePercibido", index}});
     EXPECT_EQ(errorNumberOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), 5);
-    EXPECT_TRUE(bench.printer().commands.empty());
+    EXPECT_TRUE(bench.printer().commands().empty());
   }
 }
 
@@ -176,7 +176,7 @@ TEST(RateIndex, ConfiguredRatesComeBeforeThePrinters) {
     DocumentBench bench;
     bench.configureRates(item.configured);
     EXPECT_EQ(IndiceTasa(bench.session(), item.rate), item.index) << item.reason;
-    EXPECT_EQ(bench.printer().commands, Sent(item.questions, "S3")) << item.reason;
+    EXPECT_EQ(bench.printer().commands(), Sent(item.questions, "S3")) << item.reason;
   }
 }
 
@@ -189,7 +189,7 @@ TEST(RateIndex, PrintersRatesAreAskedForOnce) {
   DocumentBench bench;
   EXPECT_EQ(IndiceTasa(bench.session(), 16), 1);
   EXPECT_EQ(IndiceTasa(bench.session(), 31), 3);
-  EXPECT_EQ(bench.printer().commands, Sent{"S3"});
+  EXPECT_EQ(bench.printer().commands(), Sent{"S3"});
 }
 
 TEST(RateIndex, SubstituteRatesMatchNothingAndAreAskedForAgain) {

@@ -76,7 +76,7 @@ TEST(Housekeeping, SendsItsCommandOnce) {
   for (const Call& call : calls()) {
     DocumentBench bench;
     EXPECT_EQ(call.send(bench.session()), pfOk) << call.reason;
-    EXPECT_EQ(bench.printer().commands, Sent{call.command}) << call.reason;
+    EXPECT_EQ(bench.printer().commands(), Sent{call.command}) << call.reason;
   }
 }
 
@@ -105,14 +105,14 @@ TEST(Reprint, CommandTellsDatesFromNumbers) {
                          item.byDate ? nextDay : nextInvoice);
     const std::string limits = item.byDate ? "02410310241102" : "000012312345678";
     const std::string expected = "R" + windows1252().encode(item.command) + limits;
-    EXPECT_EQ(bench.printer().commands, Sent{expected});
+    EXPECT_EQ(bench.printer().commands(), Sent{expected});
   }
 }
 
 TEST(Reprint, OneInvoiceIsARangeOfItself) {
   DocumentBench bench;
   reimprimirFactura(bench.session(), number(125));
-  EXPECT_EQ(bench.printer().commands, Sent{"RF00001250000125"});
+  EXPECT_EQ(bench.printer().commands(), Sent{"RF00001250000125"});
 }
 
 TEST(Reprint, FailureShowsInTheOutcomeAlone) {
@@ -145,7 +145,7 @@ TEST(Housekeeping, ValueThatCannotBeSentIsRaisedBeforeAnythingIs) {
   for (const auto& item : kCases) {
     DocumentBench bench;
     EXPECT_EQ(errorNumberOf([&] { item.send(bench.session()); }), item.error) << item.reason;
-    EXPECT_TRUE(bench.printer().commands.empty()) << item.reason;
+    EXPECT_TRUE(bench.printer().commands().empty()) << item.reason;
   }
 }
 

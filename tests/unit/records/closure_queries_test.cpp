@@ -1,12 +1,9 @@
 #include "records/closure_queries.h"
 
-#include "basic/text.h"
-#include "distinct_fields.h"
-#include "support/document_bench.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -17,28 +14,6 @@ using Sent = std::vector<std::string>;
 
 Decimal number(int value) { return Decimal::fromInteger(value); }
 
-// Sends a reply in blocks, the next one for each acknowledgement.
-class MemoryPrinter : public DocumentPrinter {
- public:
-  void received(std::string_view bytes, SerialDouble& line) override {
-    if (bytes != "\x06") return DocumentPrinter::received(bytes, line);
-    ++acknowledged;
-    if (blocks.empty()) return;
-    line.deliver(blocks.front());
-    blocks.pop_front();
-  }
-
-  std::deque<std::string> blocks;  // behind the first
-  int acknowledged = 0;
-};
-
-struct MemoryBench : DocumentBench {
-  explicit MemoryBench(Entries entries = {}) : DocumentBench(entries) {
-    world().serial.connect(&memory);
-  }
-  MemoryPrinter memory;
-};
-
 // A row of a closure; its invoice has the closure's number, and each amount one hundredth.
 std::string row(int closure) {
   std::string text = std::to_string(closure) + "\n240517\n1030\n" + std::to_string(closure);
@@ -47,8 +22,8 @@ std::string row(int closure) {
   return text;
 }
 
-std::string lastBlock(const std::string& text) { return "\x02" + text + "\x03?"; }
-std::string block(const std::string& text) { return "\x02" + text + "\x17?"; }
+// A reply of a row with more behind it.
+Answer firstOf(int closure) { return blockOf(row(closure), kEtb); }
 
 std::vector<int> numbersOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
   std::vector<int> numbers;
@@ -57,6 +32,7 @@ std::vector<int> numbersOf(const std::vector<std::shared_ptr<ReporteZMF>>& recor
 }
 
 const char* const kRange = "U3A000005000012";
+const char* const kSeventh = "U3A000007000007";
 
 std::vector<int> closuresOfRange(DocumentBench& bench) {
   return numbersOf(reportesZMF(bench.session(), number(5), number(12)));
@@ -98,29 +74,32 @@ TEST(Closing, SummaryThatCannotBeReadIsANewRecord) {
 }
 
 TEST(MemoryQuery, GivesOneRecordForEachBlock) {
-  MemoryBench bench;
-  bench.memory.answers[kRange] = {block(row(5))};
-  bench.memory.blocks = {block(row(7)), lastBlock(row(12))};
+  DocumentBench bench;
+  bench.printer().answers[kRange] = firstOf(5);
+  bench.printer().answersToAck = {firstOf(7), blockOf(row(12))};
   EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 7, 12}));
-  EXPECT_EQ(bench.memory.commands, Sent{kRange});
-  EXPECT_EQ(bench.memory.acknowledged, 2);
+  EXPECT_EQ(bench.printer().commands(), Sent{kRange});
+  EXPECT_EQ(bench.printer().acks, 2U);
 }
 
 TEST(MemoryQuery, KeepsTheRowsInFrontOfABlockThatDoesNotArrive) {
-  MemoryBench bench;
-  bench.memory.answers[kRange] = {block(row(5))};
-  bench.memory.blocks = {block(row(6)), "\x02" + row(7)};
+  DocumentBench bench;
+  bench.printer().answers[kRange] = firstOf(5);
+  bench.printer().answersToAck = {firstOf(6), {"\x02" + row(7)}};
   EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 6}));
 }
 
 TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
-  for (const Answer& failure :
-       {Answer{}, Answer{"\x15"}, Answer{"\x06"}, blockOf(""), blockOf("pfError")}) {
-    MemoryBench bench;
-    bench.memory.answers[kRange] = failure;
-    EXPECT_TRUE(closuresOfRange(bench).empty());
-    bench.memory.answers["U3A000007000007"] = failure;
-    EXPECT_EQ(loadReporteZMF(bench.session(), number(7)), nullptr);
+  DocumentBench bench;
+  ReporteZMF record(bench.library());
+  record.values.numeroCierre = 5;
+  for (const FailedAnswer& failed : kFailedAnswers) {
+    bench.printer().answers[kRange] = failed.answer;
+    EXPECT_TRUE(closuresOfRange(bench).empty()) << failed.reason;
+    bench.printer().answers[kSeventh] = failed.answer;
+    EXPECT_EQ(loadReporteZMF(bench.session(), number(7)), nullptr) << failed.reason;
+    EXPECT_FALSE(record.load(bench.session(), number(7))) << failed.reason;
+    EXPECT_EQ(record.values.numeroCierre, 5) << "untouched: " << failed.reason;
   }
 }
 
@@ -144,45 +123,36 @@ TEST(MemoryQuery, LimitsHaveSixDigitsOrMore) {
 }
 
 TEST(MemoryQuery, RowThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
-  MemoryBench bench;
-  bench.memory.answers[kRange] = {block(row(5))};
-  bench.memory.blocks = {lastBlock("6\n240517")};
+  DocumentBench bench;
+  bench.printer().answers[kRange] = firstOf(5);
+  bench.printer().answersToAck = {blockOf("6\n240517")};
   EXPECT_EQ(errorNumberOf([&] { closuresOfRange(bench); }), 9);
-  bench.memory.answers["U3A000007000007"] = {lastBlock("40000")};
+  bench.printer().answers[kSeventh] = blockOf("40000");
   const auto load = [&] { static_cast<void>(loadReporteZMF(bench.session(), number(7))); };
   EXPECT_EQ(errorNumberOf(load), 6);
-  bench.memory.answers[kRange] = {lastBlock(row(5))};
+  bench.printer().answers[kRange] = blockOf(row(5));
   EXPECT_EQ(closuresOfRange(bench), std::vector<int>{5});
 }
 
 TEST(MemoryQuery, RowsBeyondA16BitCountAreAnOverflow) {
   for (const std::size_t count : {32767U, 32768U}) {
-    MemoryBench bench;
-    bench.memory.answers[kRange] = {block("x")};
-    bench.memory.blocks.assign(count - 2, block("x"));
-    bench.memory.blocks.push_back(lastBlock("x"));
+    DocumentBench bench;
+    bench.printer().answers[kRange] = blockOf("x", kEtb);
+    bench.printer().answersToAck.assign(count - 2, blockOf("x", kEtb));
+    bench.printer().answersToAck.push_back(blockOf("x"));
     const int error = errorNumberOf([&] { closuresOfRange(bench); });
     EXPECT_EQ(error, count > 32767 ? 6 : 13) << count << " rows";
   }
 }
 
 TEST(MemoryQuery, OneClosureIsTheFirstRowOfItsRange) {
-  MemoryBench bench;
-  bench.memory.answers["U3A000007000007"] = {block(row(7))};
-  bench.memory.blocks = {lastBlock(row(8))};
+  DocumentBench bench;
+  bench.printer().answers[kSeventh] = firstOf(7);
+  bench.printer().answersToAck = {blockOf(row(8))};
   const auto record = loadReporteZMF(bench.session(), number(7));
   ASSERT_NE(record, nullptr);
   EXPECT_EQ(record->values.numeroCierre, 7);
-  EXPECT_EQ(bench.memory.commands, Sent{"U3A000007000007"});
-}
-
-TEST(MemoryQuery, FailureLeavesARecordUntouched) {
-  DocumentBench bench;
-  bench.silence("U3A000007000007");
-  ReporteZMF record(bench.library());
-  record.values.numeroCierre = 5;
-  EXPECT_FALSE(record.load(bench.session(), number(7)));
-  EXPECT_EQ(record.values.numeroCierre, 5);
+  EXPECT_EQ(bench.printer().commands(), Sent{kSeventh});
 }
 
 TEST(ClosureQueriesInTestMode, AllGoToThePreview) {

@@ -16,15 +16,18 @@
 
 namespace corvid {
 
+// Field 0, which is too narrow to tell its number.
+inline constexpr std::int16_t kFieldZero = 321;
+
 // Field i is 20mmdd with month and day counted up from 0101: an amount or a counter as well as a
 // date of 2020 and a time behind 20 hours.
-inline std::wstring distinctField(int i) {
-  return L"20" + formatInteger((i / 28) + 1, L"00") + formatInteger((i % 28) + 1, L"00");
-}
-
 inline Lines distinctFields(int count) {
   Lines fields;
-  for (int i = 0; i < count; ++i) fields.push_back(distinctField(i));
+  for (int i = 0; i < count; ++i) {
+    fields.push_back(L"20" + formatInteger((i / 28) + 1, L"00") +
+                     formatInteger((i % 28) + 1, L"00"));
+  }
+  if (count > 0) fields.front() = std::to_wstring(kFieldZero);
   return fields;
 }
 
@@ -52,6 +55,12 @@ inline std::wstring originOf(Date date) {
   std::wstring origin = day == L"991230" ? L"" : originOf(number(day));
   if (time != L"000000") origin += L"@" + originOf(number(time));
   return origin;
+}
+
+// "0" for the value of field 0, "_" for the one that a fresh record has.
+inline std::wstring originOfZero(std::int16_t value, std::int16_t fresh) {
+  if (value == fresh) return L"_";
+  return value == kFieldZero ? L"0" : L"?";
 }
 
 // A host's array in which some elements are no texts.

@@ -2,7 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/text.h"
-#include "support/world.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -23,14 +23,7 @@ std::wstring image(const EstadoDocumentoValues& v) {
   return join(parts, L"|");
 }
 
-// Fields separated by bars.
-ReplyFields reply(const std::wstring& fields) { return ReplyFields(split(fields, L"|")); }
-
-struct Record {
-  World world;
-  Library library{world.surroundings()};
-  EstadoDocumento record{library};
-};
+using Record = RecordOf<EstadoDocumento>;
 
 TEST(DocumentState, ReplyFillsItUpToTheFirstBadField) {
   const std::wstring nothing = L"0|0||0|0|0";

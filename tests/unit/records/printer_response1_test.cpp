@@ -2,7 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/text.h"
-#include "support/world.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ std::wstring image(const Response1Values& v) {
 const std::wstring kFake = L"5 5 101 102 103 104 105 106 J-1 Zx 260314 103015 ";
 const std::wstring kUntouched = kFake + L"-1 -2 -3 -4 False";
 
-struct Record {
+struct Record : RecordOf<PrinterResponse1> {
   Record() {
     const std::pair<const wchar_t*, const wchar_t*> settings[] = {
         {L"numeroCajero", L"5"},       {L"ultimaFactura", L"101"}, {L"facturasDia", L"102"},
@@ -53,13 +53,10 @@ struct Record {
     record.values.notasCreditoDia = -4;
     record.values.isFake = true;
   }
-  World world;
-  Library library{world.surroundings()};
-  PrinterResponse1 record{library};
 };
 
 // Fields joined by blanks; "_" stands for an empty one.
-std::wstring reply(const std::wstring& fields) {
+std::wstring text(const std::wstring& fields) {
   Lines parts = split(fields, L" ");
   for (std::wstring& part : parts) part = part == L"_" ? L"" : part;
   return join(parts, L"\n");
@@ -109,7 +106,7 @@ TEST(FirstRecord, ReplyFillsEveryValueOrTheSubstitutesDo) {
   };
   for (const Case& item : cases) {
     Record target;
-    target.record.loadFromResponse(reply(item.fields));
+    target.record.loadFromResponse(text(item.fields));
     EXPECT_EQ(image(target.record.values), item.values) << item.reason;
   }
 }
@@ -117,16 +114,15 @@ TEST(FirstRecord, ReplyFillsEveryValueOrTheSubstitutesDo) {
 TEST(FirstRecord, NumbersReadTheSameUnderEveryLocale) {
   Record target;
   target.world.locale.locale = venezuelan();
-  target.record.loadFromResponse(reply(L"S112 12.5 3 4 5 6 7 8 J Z 240517 1030"));
+  target.record.loadFromResponse(text(L"S112 12.5 3 4 5 6 7 8 J Z 240517 1030"));
   EXPECT_EQ(target.record.values.totalVentasDiarias, Currency::fromUnits(1250));
 }
 
 TEST(FirstRecord, SubstitutesHaveTheirDefaults) {
-  World world;
-  Library library(world.surroundings());
-  PrinterResponse1 record(library);
-  record.loadFake();
-  EXPECT_EQ(image(record.values), L"0 0 0 0 0 0 0 0 J-12345678-9  260314 103015 0 0 0 0 False");
+  RecordOf<PrinterResponse1> target;
+  target.record.loadFake();
+  EXPECT_EQ(image(target.record.values),
+            L"0 0 0 0 0 0 0 0 J-12345678-9  260314 103015 0 0 0 0 False");
 }
 
 TEST(FirstRecord, BadSubstituteIsRaisedToAHostAndNotToALoad) {
@@ -142,7 +138,7 @@ TEST(FirstRecord, BadSubstituteIsRaisedToAHostAndNotToALoad) {
 TEST(FirstRecord, TextFormFollowsTheUsersLocale) {
   Record target;
   target.record.loadFromResponse(
-      reply(L"S107 123456789 42 5 6 1234 1001 7 j-9 z7a01 240517 103015 8 9"));
+      text(L"S107 123456789 42 5 6 1234 1001 7 j-9 z7a01 240517 103015 8 9"));
   EXPECT_EQ(target.record.toString(),
             L"numeroCajero = 007\r\n"
             L"TotalVentasDiarias = $1,234,567.89\r\n"

@@ -3,7 +3,7 @@
 #include "basic/format.h"
 #include "basic/text.h"
 #include "distinct_fields.h"
-#include "support/world.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -21,14 +21,7 @@ std::wstring image(const Response2Values& v) {
   return join(parts, L" ");
 }
 
-// Fields separated by bars.
-ReplyFields reply(const std::wstring& fields) { return ReplyFields(split(fields, L"|")); }
-
-struct Record {
-  World world;
-  Library library{world.surroundings()};
-  PrinterResponse2 record{library};
-};
+using Record = RecordOf<PrinterResponse2>;
 
 TEST(SecondRecord, ReplyFillsItUpToTheFirstBadField) {
   const struct {

@@ -2,7 +2,7 @@
 
 #include "basic/text.h"
 #include "distinct_fields.h"
-#include "support/world.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -17,34 +17,16 @@ constexpr Currency V::*kAmounts[] = {
     &V::ventasExentas, &V::baseVG,   &V::impuestoVG,   &V::baseIR,   &V::impuestoIR,
     &V::NCExentas,     &V::baseNCVG, &V::impuestoNCVG, &V::baseNCIR, &V::impuestoNCIR};
 
-// Field 0 is too narrow to tell its number.
-constexpr std::int16_t kNumberOfClosure = 321;
-
 // For every value in interface order the field that it was read from, "_" where it is untouched.
 std::wstring origins(const V& v) {
-  std::wstring number = v.numeroCierre == kNumberOfClosure ? L"0" : L"?";
-  if (v.numeroCierre == 0) number = L"_";
-  Lines parts = {number,
-                 originOf(v.fechaCierre),
-                 originOf(v.horaCierre),
-                 originOf(v.numeroUltimaFactura),
-                 originOf(v.fechaUltimaFactura),
-                 originOf(v.horaUltimaFactura)};
+  Lines parts = {originOfZero(v.numeroCierre, 0), originOf(v.fechaCierre),
+                 originOf(v.horaCierre),          originOf(v.numeroUltimaFactura),
+                 originOf(v.fechaUltimaFactura),  originOf(v.horaUltimaFactura)};
   for (const auto amount : kAmounts) parts.push_back(originOf(v.*amount));
   return join(parts, L" ");
 }
 
-Lines rowOf(int count) {
-  Lines fields = distinctFields(count);
-  if (count > 0) fields.front() = std::to_wstring(kNumberOfClosure);
-  return fields;
-}
-
-struct Record {
-  World world;
-  Library library{world.surroundings()};
-  ReporteZMF record{library};
-};
+using Record = RecordOf<ReporteZMF>;
 
 const std::wstring kWhole = L"0 1@2 _ 3 4 @5 9 10 11 12 13 23 24 25 26 27";
 
@@ -72,7 +54,7 @@ TEST(MemoryClosure, RowFillsItUpToTheFirstBadField) {
   };
   for (const auto& item : kCases) {
     Record target;
-    Lines row = rowOf(item.count);
+    Lines row = distinctFields(item.count);
     if (item.text != nullptr) row.at(item.field) = item.text;
     const int error = errorNumberOf([&] { target.record.loadFromResponse(ReplyFields(row)); });
     EXPECT_EQ(error, item.error) << item.reason;
@@ -82,14 +64,14 @@ TEST(MemoryClosure, RowFillsItUpToTheFirstBadField) {
 
 TEST(MemoryClosure, UnusedElementsAreNotRead) {
   Record target;
-  const FieldsWithHoles row(rowOf(28), {6, 7, 8, 14, 15, 16, 17, 18, 19, 20, 21, 22});
+  const FieldsWithHoles row(distinctFields(28), {6, 7, 8, 14, 15, 16, 17, 18, 19, 20, 21, 22});
   target.record.loadFromResponse(row);
   EXPECT_EQ(origins(target.record.values), kWhole);
 }
 
 TEST(MemoryClosure, DatesThatAreNoneAreNow) {
   Record target;
-  Lines row = rowOf(28);
+  Lines row = distinctFields(28);
   row.at(1) = L"xx0101";
   row.at(4) = L"240230";
   row.at(5) = L"2460";

@@ -2,8 +2,7 @@
 
 #include "basic/text.h"
 #include "distinct_fields.h"
-#include "support/document_bench.h"
-#include "support/world.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +21,9 @@ constexpr Currency V::*kAmounts[] = {
     &V::impuestoIANC,  &V::percibidoVentas, &V::percibidoND, &V::percibidoNC,  &V::BaseIGTF,
     &V::ValorIGTF,     &V::BaseIGTFND,      &V::IGTFND,      &V::BaseIGTFNC,   &V::IGTFNC};
 
-// Field 0 is too narrow to tell its number.
-constexpr std::int16_t kNumberOfZ = 321;
-
 // For every value in interface order the field that it was read from, "_" where it is untouched.
 std::wstring origins(const V& v) {
-  std::wstring number = v.numeroUltimoZ == kNumberOfZ ? L"0" : L"?";
-  if (v.numeroUltimoZ == -1) number = L"_";
-  Lines parts = {number,
+  Lines parts = {originOfZero(v.numeroUltimoZ, -1),
                  originOf(v.fechaUltimoReporte),
                  originOf(v.numeroUltimaFactura),
                  originOf(v.fechaUltimaFactura),
@@ -40,16 +34,7 @@ std::wstring origins(const V& v) {
   return join(parts, L" ");
 }
 
-Lines fieldsOf(int count) {
-  Lines fields = distinctFields(count);
-  if (count > 0) fields.front() = std::to_wstring(kNumberOfZ);
-  return fields;
-}
-
-struct Record {
-  World world;
-  Library library{world.surroundings()};
-  ResumenZ record{library};
+struct Record : RecordOf<ResumenZ> {
   std::wstring load(const Lines& fields) {
     record.loadFromResponse(ReplyFields(fields));
     return origins(record.values);
@@ -83,7 +68,7 @@ TEST(DailySummary, CountOfFieldsChoosesTheLayout) {
                 {39, kLong},  {40, kLong},  {41, kLong},  {42, kBasic}, {5000, kBasic}};
   for (const auto& item : kCases) {
     Record target;
-    EXPECT_EQ(target.load(fieldsOf(item.count)), item.origins) << item.count << " fields";
+    EXPECT_EQ(target.load(distinctFields(item.count)), item.origins) << item.count << " fields";
   }
 }
 
@@ -110,7 +95,7 @@ TEST(DailySummary, FirstFieldThatCannotBeReadEndsTheReading) {
   };
   for (const auto& item : kCases) {
     Record target;
-    Lines fields = fieldsOf(item.count);
+    Lines fields = distinctFields(item.count);
     fields.at(item.field) = item.text;
     EXPECT_EQ(target.load(fields), item.origins) << item.reason;
   }
@@ -120,13 +105,13 @@ TEST(DailySummary, CutReplyFillsWhatItHas) {
   const wchar_t* const begins[] = {L"_ _ _", L"0 _ _", L"0 1 _", L"0 1 2"};
   for (int count = 0; count < 4; ++count) {
     Record target;
-    EXPECT_EQ(target.load(fieldsOf(count)), begins[count] + kFresh.substr(5)) << count;
+    EXPECT_EQ(target.load(distinctFields(count)), begins[count] + kFresh.substr(5)) << count;
   }
 }
 
 TEST(DailySummary, DateThatIsNoneIsNow) {
   Record target;
-  Lines fields = fieldsOf(30);
+  Lines fields = distinctFields(30);
   fields.at(1) = L"241399";
   target.load(fields);
   EXPECT_EQ(target.record.values.fechaUltimoReporte, target.world.clock.now());
@@ -135,24 +120,16 @@ TEST(DailySummary, DateThatIsNoneIsNow) {
 
 TEST(DailySummary, LayoutKeepsTheValuesThatItDoesNotCarry) {
   Record target;
-  target.load(fieldsOf(39));
+  target.load(distinctFields(39));
   const std::wstring kept =
       L"0 1 2 3@4 19 6 8 5 6 7 8 9 10 11 16 17 18 19 20 21 22"
       L" 12 13 14 15 16 17 18 30 31 32 33 34 35 36 37 38";
-  EXPECT_EQ(target.load(fieldsOf(20)), kept);
-}
-
-TEST(DailySummary, AmountsAreHundredths) {
-  Record target;
-  Lines fields = fieldsOf(20);
-  fields.at(5) = L"123456";
-  target.load(fields);
-  EXPECT_EQ(target.record.values.ventasExentas, Currency::fromUnits(12345600));
+  EXPECT_EQ(target.load(distinctFields(20)), kept);
 }
 
 TEST(DailySummary, ElementThatIsNoTextEndsTheReading) {
   Record target;
-  target.record.loadFromResponse(FieldsWithHoles(fieldsOf(20), {2}));
+  target.record.loadFromResponse(FieldsWithHoles(distinctFields(20), {2}));
   EXPECT_EQ(originOf(target.record.values.fechaUltimoReporte), L"1");
   EXPECT_EQ(target.record.values.numeroUltimaFactura, 0);
 }
@@ -166,10 +143,10 @@ TEST(DailySummary, FailedReadingChangesNothingAndTheNextReplaces) {
   bench.printer().answers["U0Z"] = blockOf(reply);
   record.load(bench.session());
   EXPECT_EQ(record.values.numeroUltimoZ, 321);
-  for (const Answer& failure : {Answer{}, Answer{"\x15"}, Answer{"\x06"}, blockOf("")}) {
-    bench.printer().answers["U0Z"] = failure;
+  for (const FailedAnswer& failed : kFailedAnswers) {
+    bench.printer().answers["U0Z"] = failed.answer;
     record.Refresh(bench.session());
-    EXPECT_EQ(record.values.numeroUltimoZ, 321);
+    EXPECT_EQ(record.values.numeroUltimoZ, 321) << failed.reason;
   }
   bench.printer().answers["U0Z"] = blockOf(changed);
   record.Refresh(bench.session());

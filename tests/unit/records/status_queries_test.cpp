@@ -1,6 +1,8 @@
+// The queries for records, for single counters and for rates.
 #include "records/status_queries.h"
 
-#include "support/document_bench.h"
+#include "basic/format.h"
+#include "record_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -11,66 +13,63 @@ namespace corvid {
 namespace {
 
 using Sent = std::vector<std::string>;
+using S = PrinterFiscal;
 
-const char* const kShortS1 = "S112\n0012345\n3\n4\n5\n6\n7\n8\nJ-9\nZ7A10\n240517\n1030\n1\n2";
 constexpr const wchar_t* kFakeSection = L"Config\\NimbusPF\\Response1";
+const char* const kCounters = "S112\n0012345\n3\n4\n5\n6\n7\n8\nJ-9\nZ7A10\n240517\n1030\n1\n2";
+const char* const kState = "S2 0001500\n101\nx\n2.5\n104\n5\n6";
 
-// What a printer makes of a query, and whether a real record comes of it.
-struct Case {
+std::wstring first(S& session) {
+  const Response1Values values = Response1(session)->values;
+  return values.Serial + L" " + std::to_wstring(values.numeroCajero);
+}
+std::wstring second(S& session) { return std::to_wstring(Response2(session)->values.tipoTrans); }
+std::wstring state(S& session) {
+  return std::to_wstring(getEstadoDocumento(session)->values.estado);
+}
+std::wstring third(S& session) {
+  const auto record = Response3(session);
+  return toText(record->values.ValorTasa1, Locale{}) + L" " + std::to_wstring(record->Flag(21)) +
+         (record->values.isFake ? L" fake" : L"");
+}
+std::wstring fourth(S& session) {
+  const auto record = Response4(session);
+  return std::to_wstring(record->nMedios()) + (record->isFake ? L" fake" : L"");
+}
+
+struct Query {
+  std::wstring (*result)(S& session);
+  const char* command;
   Answer answer;
-  bool isReal;
-  const char* reason;
+  std::wstring read;
+  std::wstring failed;
+};
+const Query kQueries[] = {
+    {first, "S1", blockOf(kCounters), L"Z7A10 12", L"FAKE 0"},
+    {second, "S2", blockOf(kState), L"6", L"-1"},
+    {third, "S3", usualRates(), L"16 0", L"0 -1 fake"},
+    {fourth, "S4", blockOf("S4100\n200"), L"2", L"0 fake"},
+    {state, "S2", blockOf(kState), L"6", L"0"},
+    {[](S& s) { return std::to_wstring(numeroUltimaFactura(s)); }, "S1", blockOf(kCounters), L"3",
+     L"-1"},
+    {[](S& s) { return std::to_wstring(NumeroUltimoCierre(s)); }, "S1", blockOf(kCounters), L"7",
+     L"-1"},
+    {[](S& s) { return toText(tasa(s, Decimal::fromInteger(1)), Locale{}); }, "S3", usualRates(),
+     L"16", L"-1"},
 };
 
-TEST(StatusQuery, FirstRecordHoldsTheReplyOrTheSubstitute) {
-  const Case cases[] = {
-      {blockOf(kShortS1), true, "a whole reply"},
-      {{}, false, "silence"},
-      {{"\x15"}, false, "refused"},
-      {{"\x06"}, false, "merely acknowledged"},
-      {blockOf(""), false, "an empty block"},
-      {blockOf("pfError"), false, "the word for a failed reply"},
-      {blockOf("\n\n\n"), false, "empty fields"},
-  };
-  for (const Case& item : cases) {
+TEST(StatusQuery, GivesTheReplyOrTheSubstitute) {
+  for (const Query& query : kQueries) {
     DocumentBench bench;
     bench.world().settings.set(kFakeSection, L"Serial", L"FAKE");
-    bench.printer().answers["S1"] = item.answer;
-    const Response1Values values = Response1(bench.session())->values;
-    EXPECT_EQ(values.Serial, item.isReal ? L"Z7A10" : L"FAKE") << item.reason;
-    EXPECT_EQ(values.numeroCajero, item.isReal ? 12 : 0) << item.reason;
-    EXPECT_EQ(bench.commands(), Sent{"S1"}) << item.reason;
-  }
-}
-
-TEST(StatusQuery, ThirdRecordHoldsTheReplyOrTheSubstitute) {
-  const Case cases[] = {
-      {usualRates(), true, "a whole reply"},
-      {{}, false, "silence"},
-      {{"\x15"}, false, "refused"},
-      {{"\x06"}, false, "merely acknowledged"},
-      {blockOf(""), false, "an empty block"},
-      {blockOf("pfError"), false, "the word for a failed reply"},
-  };
-  for (const Case& item : cases) {
-    DocumentBench bench;
-    bench.printer().answers["S3"] = item.answer;
-    const auto record = Response3(bench.session());
-    EXPECT_EQ(record->values.isFake, !item.isReal) << item.reason;
-    EXPECT_EQ(record->values.ValorTasa1, item.isReal ? 16 : 0) << item.reason;
-    EXPECT_EQ(record->Flag(21), item.isReal ? 0 : -1) << item.reason;
-  }
-}
-
-TEST(StatusQuery, TestAndUncheckedModeGiveSubstitutesAndSendNothing) {
-  for (const wchar_t* mode : {L"TestMode", L"SkipChecks"}) {
-    DocumentBench bench({{mode, L"True"}});
-    bench.world().settings.set(kFakeSection, L"Serial", L"FAKE");
-    EXPECT_EQ(Response1(bench.session())->values.Serial, L"FAKE");
-    EXPECT_TRUE(Response3(bench.session())->values.isFake);
-    EXPECT_TRUE(bench.printer().commands.empty());
-    EXPECT_TRUE(bench.world().views.created.empty() ||
-                bench.world().views.created.front()->lines.empty());
+    bench.printer().answers[query.command] = query.answer;
+    EXPECT_EQ(query.result(bench.session()), query.read);
+    EXPECT_EQ(bench.printer().commands(), Sent{query.command});
+    for (const FailedAnswer& failed : kFailedAnswers) {
+      bench.printer().answers[query.command] = failed.answer;
+      EXPECT_EQ(query.result(bench.session()), query.failed) << failed.reason;
+      EXPECT_EQ(bench.printer().commands().back(), query.command) << failed.reason;
+    }
   }
 }
 
@@ -90,19 +89,127 @@ TEST(StatusQuery, ClosedSessionGivesSubstitutes) {
 
 TEST(StatusQuery, EachCallGivesAFreshRecord) {
   DocumentBench bench;
-  const auto first = Response3(bench.session());
-  first->values.ValorTasa1 = 99;
+  const auto record = Response3(bench.session());
+  record->values.ValorTasa1 = 99;
   EXPECT_EQ(Response3(bench.session())->values.ValorTasa1, 16);
 }
 
 TEST(StatusQuery, SessionReadsSerialAndRatesThroughTheRecords) {
   DocumentBench bench;
-  bench.printer().answers["S1"] = blockOf(kShortS1);
+  bench.printer().answers["S1"] = blockOf(kCounters);
   RecordStatusSource source;
   EXPECT_EQ(source.readSerial(bench.session()), L"Z7A10");
   const std::shared_ptr<RateRecord> rates = source.readRates(bench.session());
   EXPECT_EQ(rates->rate(3), 31);
   EXPECT_FALSE(rates->isSubstitute());
+}
+
+TEST(StatusQuery, ReplyThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
+  DocumentBench bench;
+  bench.printer().answers["S2"] = blockOf("S2 100\nx");
+  bench.printer().answers["S4"] = blockOf("S4x");
+  S& session = bench.session();
+  EXPECT_EQ(errorNumberOf([&] { second(session); }), 13);
+  EXPECT_EQ(errorNumberOf([&] { state(session); }), 13);
+  EXPECT_EQ(errorNumberOf([&] { fourth(session); }), 13);
+  bench.printer().answers["S2"] = blockOf(kState);
+  EXPECT_EQ(second(session), L"6");
+}
+
+// The number that a query gives, or "error" and the number that it raises.
+template <typename Call>
+std::wstring toldBy(Call call) {
+  double value = 0;
+  const std::int32_t error = errorNumberOf([&] { value = call(); });
+  return error == 0 ? toText(value, Locale{}) : L"error " + std::to_wstring(error);
+}
+
+TEST(CounterQuery, ReadsItsFieldInEveryLayout) {
+  const struct {
+    const char* reply;
+    std::wstring invoice;
+    std::wstring closure;
+    const char* reason;
+  } kCases[] = {
+      {"S101\n1\n102\n3\n4\n5\n106\n7\nJ\nZ\n240517\n1030", L"102", L"106", "the short layout"},
+      {"S101\n1\n202\n3\n4\n5\n206\n7\n8\n9\n10\n11\nJ\nZ\n1030\n240517", L"202", L"206",
+       "the long layout"},
+      {"S101\n1\n2.5\n3\n4\n5\n-3.5 ", L"2", L"-4", "rounded half to even"},
+      {"S101\n1\n2", L"2", L"error 9", "cut short"},
+      {"S101\n1", L"error 9", L"error 9", "shorter still"},
+      {"S101\n1\n\n3\n4\n5\nx", L"error 13", L"error 13", "no numbers"},
+      {"S101\n1\n2147483648\n3\n4\n5\n2147483647", L"error 6", L"2147483647", "beyond 32 bits"},
+  };
+  for (const auto& item : kCases) {
+    DocumentBench bench;
+    bench.printer().answers["S1"] = blockOf(item.reply);
+    S& session = bench.session();
+    EXPECT_EQ(toldBy([&] { return numeroUltimaFactura(session); }), item.invoice) << item.reason;
+    EXPECT_EQ(toldBy([&] { return NumeroUltimoCierre(session); }), item.closure) << item.reason;
+  }
+}
+
+TEST(RateQuery, IndexChoosesTheField) {
+  const struct {
+    double index;
+    double rate;
+    bool isSent;
+  } kCases[] = {{0, 0, false}, {0.99, 0, false}, {-1, 0, false},  {3.01, 0, false},
+                {4, 0, false}, {1e9, 0, false},  {1, 16, true},   {2, 8, true},
+                {3, 31, true}, {1.5, 16, true},  {2.5, 31, true}, {1.6, 8, true}};
+  for (const auto& item : kCases) {
+    DocumentBench bench;
+    EXPECT_EQ(tasa(bench.session(), Decimal::fromDouble(item.index)), item.rate) << item.index;
+    EXPECT_EQ(bench.printer().commands(), item.isSent ? Sent{"S3"} : Sent{}) << item.index;
+  }
+}
+
+TEST(RateQuery, RateIsTheLeadingNumberBehindTheKind) {
+  const struct {
+    const char* reply;
+    std::wstring rate;
+    const char* reason;
+  } kCases[] = {
+      {"1\n11600", L"16", "a kind and hundredths"},
+      {"1\n20825", L"8.25", "two decimals"},
+      {"1\nx12.5abc", L"0.125", "what follows is left"},
+      {"1\n2-100", L"-1", "negative"},
+      {"1\n2abc", L"0", "letters"},
+      {"1\n2", L"0", "a kind alone"},
+      {"1\n", L"0", "an empty field"},
+      {"1\n2\x01", L"0", "a control character"},
+      {"1\n21E999", L"error 6", "beyond a double"},
+      {"1\n2&H100000000", L"error 6", "beyond 32 bits"},
+      {"11600", L"error 9", "no second field"},
+  };
+  for (const auto& item : kCases) {
+    DocumentBench bench;
+    bench.printer().answers["S3"] = blockOf(item.reply);
+    const auto query = [&] { return tasa(bench.session(), Decimal::fromInteger(2)); };
+    EXPECT_EQ(toldBy(query), item.rate) << item.reason;
+  }
+}
+
+TEST(QueryWithoutPrinter, RecordsAreSubstitutesAndOnlyTestModePreviewsTheOthers) {
+  for (const std::wstring mode : {L"TestMode", L"SkipChecks"}) {
+    DocumentBench bench({{mode.c_str(), L"True"}});
+    bench.world().settings.set(kFakeSection, L"Serial", L"FAKE");
+    S& session = bench.session();
+    EXPECT_EQ(first(session), L"FAKE 0");
+    EXPECT_EQ(second(session), L"-1");
+    EXPECT_EQ(third(session), L"0 -1 fake");
+    EXPECT_EQ(fourth(session), L"0 fake");
+    const auto& views = bench.world().views.created;
+    EXPECT_TRUE(views.empty() || views.front()->lines.empty());
+    EXPECT_EQ(tasa(session, Decimal::fromInteger(1)), 0);
+    EXPECT_EQ(state(session), L"0");
+    EXPECT_TRUE(bench.printer().commands().empty());
+    if (mode == L"SkipChecks") continue;
+    EXPECT_EQ(errorNumberOf([&] { static_cast<void>(numeroUltimaFactura(session)); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { static_cast<void>(NumeroUltimoCierre(session)); }), 9);
+    EXPECT_EQ(views.front()->lines, (Lines{L"GET RESPONSE: S3", L"GET RESPONSE: S2",
+                                           L"GET RESPONSE: S1", L"GET RESPONSE: S1"}));
+  }
 }
 
 }  // namespace
