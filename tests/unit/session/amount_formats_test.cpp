@@ -7,21 +7,15 @@ namespace corvid {
 namespace {
 
 // An S3 reply whose flag 21 has the given value.
-std::string rateReply(const char* flag21) {
-  std::string flags;
-  for (int i = 0; i < 24; ++i) flags += i == 21 ? flag21 : "00";
-  return "\x02"
-         "21600\n20800\n23100\n20300\n" +
-         flags + "\x03#";
+Answer rateReply(const char* flag21) {
+  return blockOf("21600\n20800\n23100\n20300\n" + std::string(42, '0') + flag21 + "0000");
 }
 
-struct FlagCase {
-  const char* flag21;
-  std::wstring price, quantity, payment;
-};
-
 TEST(AmountFormats, WidthsFollowPrinterFlag21) {
-  const FlagCase cases[] = {
+  const struct {
+    const char* flag21;
+    std::wstring price, quantity, payment;
+  } kCases[] = {
       {"00", L"0000001250", L"00012500", L"000000001250"},
       {"02", L"0000012500", L"00012500", L"000000001250"},
       {"03", L"0000125000", L"00012500", L"000000001250"},
@@ -29,10 +23,9 @@ TEST(AmountFormats, WidthsFollowPrinterFlag21) {
       {"12", L"0000000013", L"00012500", L"000000000013"},
       {"30", L"0000000000001250", L"00000000000012500", L"00000000000001250"},
   };
-  for (const FlagCase& item : cases) {
-    SessionBench bench;
-    bench.open();
-    bench.printer().answersToBlock = {{rateReply(item.flag21)}};
+  for (const auto& item : kCases) {
+    OpenBench bench;
+    bench.printer().answersToBlock = {rateReply(item.flag21)};
     const Decimal amount = Decimal::fromDouble(12.5);
     EXPECT_EQ(bench.session().FormatPrecio(amount), item.price) << item.flag21;
     EXPECT_EQ(bench.session().FormatCantidad(amount), item.quantity) << item.flag21;
@@ -55,7 +48,7 @@ TEST(AmountFormats, SubstituteFlagsAreNotKept) {
   SessionBench bench;
   EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000100");
   bench.open();
-  bench.printer().answersToBlock = {{rateReply("12")}};
+  bench.printer().answersToBlock = {rateReply("12")};
   EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000001");
 }
 

@@ -1,14 +1,14 @@
 // What one exchange writes, waits for and leaves behind.
 #include "session_bench.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace corvid {
 namespace {
 
 TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
-  SessionBench bench;
-  bench.open();
+  OpenBench bench;
   bench.session().GetStatus();
   const Outcome& outcome = bench.outcome();
   EXPECT_EQ(outcome.STS1, 0x60);
@@ -20,8 +20,7 @@ TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
 }
 
 TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
-  SessionBench bench({{L"TimeOut", L"1"}});
-  bench.open();
+  OpenBench bench({{L"TimeOut", L"1"}});
   bench.world().clock.setSeconds(0);  // where single precision is finest
   bench.world().clock.restSeconds = 0.01;
   bench.printer().answersToStatus = {Answer{}};
@@ -30,101 +29,30 @@ TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
   EXPECT_NEAR(bench.world().clock.longRests, 75, 2) << "behind the first quarter of a second";
 }
 
-struct ReplyCase {
-  Answer reply;
-  std::wstring result;
-  std::int32_t flag;
-  std::int32_t error;
-  std::size_t acknowledged;  // ENQs of the printer answered with ACK
-  const char* reason;
-};
-
 TEST(Exchange, CollectsAReplyHoweverTheLineDeliversIt) {
-  const ReplyCase cases[] = {
-      {{"\x02"
-        "A\nB\x03\x0A"},
-       L"\x02"
-       L"A\nB\x03",
-       ETX,
-       pfOk,
-       0,
-       "the check byte is dropped"},
-      {{"\x02", "A", "\n", "B", "\x03"},
-       L"\x02"
-       L"A\nB\x03",
-       ETX,
-       pfOk,
-       0,
-       "byte by byte"},
-      {{"\x05\x02"
-        "A\x03"},
-       L"\x02"
-       L"A\x03",
-       ETX,
-       pfOk,
-       1,
-       "ENQ in front is not kept"},
-      {{"\x05",
-        "\x02"
-        "A\x03"},
-       L"\x02"
-       L"A\x03",
-       ETX,
-       pfOk,
-       1,
-       "ENQ in a chunk of its own"},
-      {{"\x05\x06"}, L"", ACK, pfOk, 1, "what follows a dropped ENQ is looked at again"},
-      {{"\x02"
-        "A\x04"},
-       L"\x02"
-       L"A\x04",
-       ETX,
-       pfOk,
-       0,
-       "EOT ends like ETX"},
-      {{"\x02"
-        "A\x17\x56"},
-       L"\x02"
-       L"A\x17",
-       ETB,
-       pfOk,
-       0,
-       "more blocks follow"},
-      {{"\x02"
-        "\x14\x17\x03"},
-       L"\x02\x14\x17",
-       ETB,
-       pfOk,
-       0,
-       "a check byte equal to ETX is no end"},
-      {{"\x02"
-        "A\x03\x17"},
-       L"\x02"
-       L"A\x03",
-       ETX,
-       pfOk,
-       0,
-       "a check byte equal to ETB neither"},
-      {{"\x06"
-        "noise"},
-       L"",
-       ACK,
-       pfOk,
-       0,
-       "the first byte decides"},
-      {{"~\x02"
-        "A\x03"},
-       L"~\x02"
-       L"A\x03",
-       ETX,
-       pfOk,
-       0,
-       "noise in front is kept"},
-      {{"\x02half"}, L"\x02half", ETX, pfCommError, 0, "half a block ends by time-out"},
+  const struct {
+    Answer reply;
+    std::wstring result;
+    std::int32_t flag;
+    std::int32_t error;
+    std::size_t acknowledged;  // ENQs of the printer answered with ACK
+    const char* reason;
+  } kCases[] = {
+      {{"\2A\nB\3\n"}, L"\2A\nB\3", ETX, pfOk, 0, "the check byte is dropped"},
+      {{"\2", "A", "\n", "B", "\3"}, L"\2A\nB\3", ETX, pfOk, 0, "byte by byte"},
+      {{"\5\2A\3"}, L"\2A\3", ETX, pfOk, 1, "ENQ in front is not kept"},
+      {{"\5", "\2A\3"}, L"\2A\3", ETX, pfOk, 1, "ENQ in a chunk of its own"},
+      {{"\5\6"}, L"", ACK, pfOk, 1, "what follows a dropped ENQ is looked at again"},
+      {{"\2A\4"}, L"\2A\4", ETX, pfOk, 0, "EOT ends like ETX"},
+      {{"\2A\x17V"}, L"\2A\x17", ETB, pfOk, 0, "more blocks follow"},
+      {{"\2\x14\x17\3"}, L"\2\x14\x17", ETB, pfOk, 0, "a check byte equal to ETX is no end"},
+      {{"\2A\3\x17"}, L"\2A\3", ETX, pfOk, 0, "a check byte equal to ETB neither"},
+      {{"\6noise"}, L"", ACK, pfOk, 0, "the first byte decides"},
+      {{"~\2A\3"}, L"~\2A\3", ETX, pfOk, 0, "noise in front is kept"},
+      {{"\2half"}, L"\2half", ETX, pfCommError, 0, "half a block ends by time-out"},
   };
-  for (const ReplyCase& item : cases) {
-    SessionBench bench;
-    bench.open();
+  for (const auto& item : kCases) {
+    OpenBench bench;
     bench.printer().answersToAck.push_back(item.reply);
     bench.session().SendAck();
     EXPECT_EQ(bench.outcome().result, item.result) << item.reason;
@@ -134,57 +62,39 @@ TEST(Exchange, CollectsAReplyHoweverTheLineDeliversIt) {
   }
 }
 
-TEST(Exchange, AcceptedCommandCostsOneStatusRequestAndOneBlock) {
-  SessionBench bench;
-  bench.open();
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().statusRequests, 1U);
-  EXPECT_EQ(bench.printer().blocks, (std::vector<std::string>{"\x02w\x03t"}));
-  EXPECT_EQ(bench.outcome().resultFlag, ACK);
-}
-
-TEST(Exchange, SevenRefusalsWriteSevenBlocksAndReturnTheStatusOutcome) {
-  SessionBench bench;
-  bench.open();
-  for (int i = 0; i < 9; ++i) bench.printer().answersToBlock.push_back({"\x15"});
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().blocks.size(), 7U);
-  EXPECT_EQ(bench.printer().statusRequests, 1U);
-  EXPECT_EQ(bench.outcome().resultFlag, NAK);
-}
-
-TEST(Exchange, SilenceAfterARefusalAsksForTheStatusAgain) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToBlock = {{"\x15"}, {}, {"\x06"}};
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().blocks.size(), 3U);
-  EXPECT_EQ(bench.printer().statusRequests, 2U);
-  EXPECT_EQ(bench.outcome().resultFlag, ACK);
-}
-
-TEST(Exchange, UnansweredCommandIsSentSevenTimesEachBehindItsOwnStatus) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToBlock.assign(7, {});
-  EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
-  EXPECT_EQ(bench.printer().blocks.size(), 7U);
-  EXPECT_EQ(bench.printer().statusRequests, 7U);
-  EXPECT_EQ(bench.outcome().DescripcionError, L"pfError de comunicacion");
-}
-
-TEST(Exchange, SilentStatusCostsNoAttempt) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToStatus.assign(20, {});
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().statusRequests, 21U);
-  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+TEST(Exchange, CommandIsTriedSevenTimesAndSilenceCostsAStatusRequest) {
+  using Answers = std::deque<Answer>;
+  const Answer refusal = {"\x15"};
+  const struct {
+    Answers toStatus;
+    Answers toBlock;
+    std::int32_t result;
+    std::int32_t flag;
+    std::size_t blocks;
+    std::size_t statusRequests;
+    std::wstring description;
+    const char* reason;
+  } kCases[] = {
+      {{}, {}, pfOk, ACK, 1, 1, L"Ok", "accepted"},
+      {{}, Answers(9, refusal), pfOk, NAK, 7, 1, L"Ok", "refused: the status' own outcome"},
+      {{}, {refusal, {}, {"\x06"}}, pfOk, ACK, 3, 2, L"Ok", "silence behind a refusal"},
+      {{}, Answers(7), pfCommError, ETX, 7, 7, L"pfError de comunicacion", "never answered"},
+      {Answers(20), {}, pfOk, ACK, 1, 21, L"Ok", "a silent status costs no attempt"},
+  };
+  for (const auto& item : kCases) {
+    OpenBench bench;
+    bench.printer().answersToStatus = item.toStatus;
+    bench.printer().answersToBlock = item.toBlock;
+    EXPECT_EQ(bench.session().Execute(L"w"), item.result) << item.reason;
+    EXPECT_EQ(bench.printer().blocks, std::vector<std::string>(item.blocks, "\x02w\x03t"));
+    EXPECT_EQ(bench.printer().statusRequests, item.statusRequests) << item.reason;
+    EXPECT_EQ(bench.outcome().resultFlag, item.flag) << item.reason;
+    EXPECT_EQ(bench.outcome().DescripcionError, item.description) << item.reason;
+  }
 }
 
 TEST(Exchange, WaitAcrossMidnightGoesOnUntilTheReplyCompletes) {
-  SessionBench bench;
-  bench.open();
+  OpenBench bench;
   bench.world().clock.setSeconds(86399.0F);
   bench.printer().delaySeconds = 120;  // far beyond the ten seconds of the time-out
   bench.session().GetStatus();
@@ -193,8 +103,7 @@ TEST(Exchange, WaitAcrossMidnightGoesOnUntilTheReplyCompletes) {
 }
 
 TEST(Exchange, WaitEndsAfterTheConfiguredSeconds) {
-  SessionBench bench({{L"TimeOut", L"3"}});
-  bench.open();
+  OpenBench bench({{L"TimeOut", L"3"}});
   bench.world().clock.setSeconds(100.0F);
   bench.printer().answersToStatus = {{}};
   bench.session().GetStatus();
@@ -203,8 +112,7 @@ TEST(Exchange, WaitEndsAfterTheConfiguredSeconds) {
 }
 
 TEST(Exchange, UncheckedModeWritesTheBlockAndReadsNothing) {
-  SessionBench bench({{L"SkipChecks", L"True"}});
-  bench.open();
+  OpenBench bench({{L"SkipChecks", L"True"}});
   bench.world().serial.clearLog();
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks, (std::vector<std::string>{"\x02w\x03t"}));
@@ -228,14 +136,12 @@ TEST(Exchange, ClosedSessionWritesNothing) {
   EXPECT_TRUE(bench.world().serial.written().empty());
 }
 
-struct VanishCase {
-  const char* call;
-  int nth;
-  const char* reason;
-};
-
 TEST(Exchange, PortThatVanishesEndsTheCommandAndOpensAgain) {
-  const VanishCase cases[] = {
+  const struct {
+    const char* call;
+    int nth;
+    const char* reason;
+  } kCases[] = {
       {"writeFile", 1, "before the status request"},
       {"clearCommError", 1, "in the wait for the status"},
       {"readFile", 1, "while the status is read"},
@@ -243,9 +149,8 @@ TEST(Exchange, PortThatVanishesEndsTheCommandAndOpensAgain) {
       {"clearCommError", 2, "in the wait for the answer"},
       {"readFile", 2, "while the answer is read"},
   };
-  for (const VanishCase& item : cases) {
-    SessionBench bench({{L"TimeOut", L"1"}});
-    bench.open();
+  for (const auto& item : kCases) {
+    OpenBench bench({{L"TimeOut", L"1"}});
     bench.world().serial.failFrom(item.call, item.nth, 2);
     // Reads that fail cannot tell a vanished port from a silent printer; the next write does.
     bench.atYield(60, [&] { bench.world().serial.failFrom("writeFile", 1, 2); });
@@ -258,8 +163,7 @@ TEST(Exchange, PortThatVanishesEndsTheCommandAndOpensAgain) {
 }
 
 TEST(Exchange, HostThatClosesTheSessionInAWaitEndsIt) {
-  SessionBench bench;
-  bench.open();
+  OpenBench bench;
   bench.printer().answersToStatus.assign(1000, {});
   bench.atYield(10, [&] { bench.session().Cerrar(); });
   EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
@@ -269,8 +173,7 @@ TEST(Exchange, HostThatClosesTheSessionInAWaitEndsIt) {
 }
 
 TEST(Exchange, CommandIsNotSentToAPortReopenedMeanwhile) {
-  SessionBench bench;
-  bench.open();
+  OpenBench bench;
   bench.atYield(1, [&] {
     bench.session().Cerrar();
     bench.session().Abrir(8);
@@ -280,21 +183,19 @@ TEST(Exchange, CommandIsNotSentToAPortReopenedMeanwhile) {
 }
 
 TEST(Exchange, ShortWriteIsTraced) {
-  SessionBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
-  bench.open();
+  OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
   bench.world().serial.shortenWrite(2, 1);
   bench.session().Execute(L"w");
-  EXPECT_TRUE(bench.traced(L"bytesWritten = 3; Expected = 4"));
+  EXPECT_THAT(bench.trace(), testing::Contains(L"bytesWritten = 3; Expected = 4"));
 }
 
 TEST(Exchange, TraceTellsEveryStepOfACommand) {
-  SessionBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
-  bench.open();
+  OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
   bench.world().clock.setSeconds(36000.5F);
   bench.clearTrace();
   bench.printer().answersToBlock = {{"\x15"}, {"\x06"}};
   bench.session().Execute(L"80 a");
-  EXPECT_EQ(bench.trace(), (std::vector<std::wstring>{
+  EXPECT_EQ(bench.trace(), (Lines{
                                L"Execute: -> 80[032]a",
                                L"GetStatus: -> [ENQ]",
                                L"WaitForReply t = 36000.5; timeout = 10",
@@ -314,23 +215,15 @@ TEST(Exchange, TraceTellsEveryStepOfACommand) {
 }
 
 TEST(Exchange, TraceTellsATimeOut) {
-  SessionBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}, {L"TimeOut", L"1"}});
-  bench.open();
+  OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}, {L"TimeOut", L"1"}});
   bench.clearTrace();
   bench.printer().answersToAck = {{"\x05", "x"}};
   bench.session().SendAck();
-  const std::vector<std::wstring> lines = bench.trace();
-  const std::vector<std::wstring> expected = {L"<-[ENQ]",
-                                              L" <- ENQ",
-                                              L" -> ACK",
-                                              L"WaitForReply (ready = False): <-",
-                                              L"<-x",
-                                              L"WaitForReply (ready = False): <-x",
-                                              L"TIMEOUT!",
-                                              L"ResponseComplete: x",
-                                              L"WaitForReply Failed... COMM ERROR?"};
-  ASSERT_EQ(lines.size(), expected.size() + 2);
-  EXPECT_EQ(std::vector<std::wstring>(lines.begin() + 2, lines.end()), expected);
+  Lines lines = bench.trace();
+  lines.erase(lines.begin(), lines.begin() + 2);  // the request
+  EXPECT_EQ(lines, (Lines{L"<-[ENQ]", L" <- ENQ", L" -> ACK", L"WaitForReply (ready = False): <-",
+                          L"<-x", L"WaitForReply (ready = False): <-x", L"TIMEOUT!",
+                          L"ResponseComplete: x", L"WaitForReply Failed... COMM ERROR?"}));
 }
 
 }  // namespace

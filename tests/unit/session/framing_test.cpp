@@ -1,6 +1,6 @@
 #include "session/framing.h"
 
-#include "basic/run_time_error.h"
+#include "unit/basic/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -9,28 +9,20 @@
 namespace corvid {
 namespace {
 
-struct BlockCase {
-  std::wstring command;
-  std::string bytes;
-  const char* reason;
-};
-
 TEST(Framing, BlockIsStxCommandEtxAndTheXorOfTheBytesSent) {
-  const BlockCase cases[] = {
+  const struct {
+    std::wstring command;
+    std::string bytes;
+    const char* reason;
+  } kCases[] = {
       {L"w", "\x02w\x03t", "STX is not part of the check byte"},
       {L"S1", "\x02S1\x03\x61", "two bytes"},
-      {L"", std::string("\x02\x03\x03", 3), "an empty command still frames"},
-      {L"80aÑ",
-       "\x02"
-       "80a\xD1\x03\xBB",
-       "a letter of the upper half is one byte in block and check"},
-      {L"80€",
-       "\x02"
-       "80\x80\x03\x8B",
-       "the check byte follows the code page, not the character's own code"},
-      {std::wstring(1, wchar_t{0xA1}), "\x02\xA1\x03\xA2", "a void line's rate byte"},
+      {L"", "\x02\x03\x03", "an empty command still frames"},
+      {L"80aÑ", "\00280a\xD1\x03\xBB", "the upper half is one byte in block and check"},
+      {L"80€", "\00280\x80\x03\x8B", "the check follows the code page, not the character's code"},
+      {L"\u00A1", "\x02\xA1\x03\xA2", "a void line's rate byte"},
   };
-  for (const BlockCase& item : cases) {
+  for (const auto& item : kCases) {
     const std::wstring block = BuildCommandBlock(item.command, windows1252());
     EXPECT_EQ(windows1252().encode(block), item.bytes) << item.reason;
     EXPECT_EQ(block.size(), item.bytes.size()) << item.reason;
@@ -38,12 +30,7 @@ TEST(Framing, BlockIsStxCommandEtxAndTheXorOfTheBytesSent) {
 }
 
 TEST(Framing, CheckOfNothingIsAnError) {
-  try {
-    static_cast<void>(CalcXOr(L"", windows1252()));
-    FAIL() << "an empty text has no first character";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number(), 5);
-  }
+  EXPECT_EQ(errorOf([] { return CalcXOr(L"", windows1252()); }), 5);
 }
 
 TEST(Framing, EscapeMakesControlBytesAndBlanksReadable) {

@@ -8,37 +8,22 @@ namespace {
 
 const Lines kFailed = {L"pfError"};
 
-struct ResponseCase {
-  Answer reply;
-  Lines fields;
-  const char* reason;
-};
-
 TEST(Retrieval, FieldsAreWhatStandsBetweenStxAndTheEnd) {
-  const ResponseCase cases[] = {
-      {{"\x02"
-        "A\nB\x03\x0A"},
-       {L"A", L"B"},
-       "two fields"},
-      {{"\x02"
-        "A\n\n\x03\x0A"},
-       {L"A", L"", L""},
-       "empty fields stay"},
-      {{"~~\x02"
-        "A\x03"},
-       {L"A"},
-       "noise in front is cut"},
-      {{"A\nB\x03"}, {L"A", L"B"}, "no STX at all"},
-      {{"\x02\x03\x03"}, {}, "an empty block has no field"},
-      {{"\x06"}, {}, "a merely acknowledged query"},
-      {{"\x02"
-        "A\x04"},
-       {L"A"},
-       "ended by EOT"},
+  const struct {
+    Answer reply;
+    Lines fields;
+    const char* reason;
+  } kCases[] = {
+      {{"\2A\nB\3\n"}, {L"A", L"B"}, "two fields"},
+      {{"\2A\n\n\3\n"}, {L"A", L"", L""}, "empty fields stay"},
+      {{"~~\2A\3"}, {L"A"}, "noise in front is cut"},
+      {{"A\nB\3"}, {L"A", L"B"}, "no STX at all"},
+      {{"\2\3\3"}, {}, "an empty block has no field"},
+      {{"\6"}, {}, "a merely acknowledged query"},
+      {{"\2A\4"}, {L"A"}, "ended by EOT"},
   };
-  for (const ResponseCase& item : cases) {
-    SessionBench bench;
-    bench.open();
+  for (const auto& item : kCases) {
+    OpenBench bench;
     bench.printer().answersToBlock = {item.reply};
     EXPECT_EQ(bench.session().GetResponse(L"S1"), item.fields) << item.reason;
   }
@@ -56,61 +41,41 @@ TEST(Retrieval, FailedExchangeIsOneField) {
 }
 
 TEST(Retrieval, UncheckedModeAsksNothing) {
-  SessionBench bench({{L"SkipChecks", L"True"}});
-  bench.open();
+  OpenBench bench({{L"SkipChecks", L"True"}});
   EXPECT_EQ(bench.session().GetResponse(L"S1"), (Lines{L"VOID"}));
   EXPECT_EQ(bench.session().GetMultipleResponses(L"U3A"), (std::vector<Lines>{{L"VOID"}}));
   EXPECT_TRUE(bench.world().serial.written().empty());
 }
 
 TEST(Retrieval, TextBeginsWithTheSeparator) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToBlock = {{"\x02"
-                                     "A\nB\x03"},
-                                    {"\x02"
-                                     "A\nB\x03"}};
+  OpenBench bench;
+  bench.printer().answers["S1"] = blockOf("A\nB");
   EXPECT_EQ(bench.session().GetResponseString(L"S1", L"|"), L"|A|B");
   EXPECT_EQ(bench.session().GetResponseString(L"S1", L""), L"\nA\nB");
 }
 
 TEST(Retrieval, EachFurtherBlockIsAcknowledgedOnce) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToBlock = {
-      {"\x02"
-       "A\nB\x17\x17"}};
-  bench.printer().answersToAck = {{"~\x02"
-                                   "C\x17\x03"},
-                                  {"\x02"
-                                   "D\nE\x03"}};
+  OpenBench bench;
+  bench.printer().answersToBlock = {{"\2A\nB\x17\x17"}};
+  bench.printer().answersToAck = {{"~\2C\x17\3"}, {"\2D\nE\3"}};
   EXPECT_EQ(bench.session().GetMultipleResponses(L"U3A"),
             (std::vector<Lines>{{L"A", L"B"}, {L"C"}, {L"D", L"E"}}));
   EXPECT_EQ(bench.printer().acks, 2U);
 }
 
 TEST(Retrieval, BlockThatDoesNotArriveEndsTheRows) {
-  const Answer broken[] = {{}, {"\x02half"}, {"\x15"}, {"\x06"}};
-  for (const Answer& answer : broken) {
-    SessionBench bench({{L"TimeOut", L"1"}});
-    bench.open();
-    bench.printer().answersToBlock = {
-        {"\x02"
-         "A\x17"}};
-    bench.printer().answersToAck = {answer,
-                                    {"\x02"
-                                     "late\x03"}};
+  for (const Answer& broken : {Answer{}, Answer{"\2half"}, Answer{"\x15"}, Answer{"\6"}}) {
+    OpenBench bench({{L"TimeOut", L"1"}});
+    bench.printer().answersToBlock = {blockOf("A", kEtb)};
+    bench.printer().answersToAck = {broken, blockOf("late")};
     EXPECT_EQ(bench.session().GetMultipleResponses(L"U3A"), (std::vector<Lines>{{L"A"}}));
     EXPECT_EQ(bench.printer().acks, 1U);
   }
 }
 
 TEST(Retrieval, EarlierBlockDoesNotStartALoop) {
-  SessionBench bench({{L"TimeOut", L"1"}});
-  bench.open();
-  bench.printer().answersToBlock = {
-      {"\x02"
-       "A\x17"}};
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.printer().answersToBlock = {blockOf("A", kEtb)};
   static_cast<void>(bench.session().GetResponse(L"U3A"));
   ASSERT_EQ(bench.outcome().resultFlag, ETB);
   bench.session().Cerrar();
@@ -118,33 +83,18 @@ TEST(Retrieval, EarlierBlockDoesNotStartALoop) {
 }
 
 TEST(Retrieval, PrinterThatNeverEndsIsLeft) {
-  SessionBench bench;
-  bench.open();
-  bench.printer().answersToBlock = {
-      {"\x02"
-       "A\x17"}};
-  bench.printer().answerToEveryAck = Answer{
-      "\x02"
-      "A\x17"};
+  OpenBench bench;
+  bench.printer().answersToBlock = {blockOf("A", kEtb)};
+  bench.printer().answerToEveryAck = blockOf("A", kEtb);
   EXPECT_EQ(bench.session().GetMultipleResponses(L"U3A").size(), 65536U);
 }
 
 TEST(Retrieval, RowsJoinWithSeparatorsBetweenNeighboursOnly) {
-  SessionBench bench;
-  bench.open();
-  const std::deque<Answer> first = {{"\x02"
-                                     "A\nB\x17"},
-                                    {"\x02"
-                                     "A\nB\x17"}};
-  bench.printer().answersToBlock = first;
-  bench.printer().answersToAck = {{"\x02"
-                                   "C\x03"},
-                                  {"\x02"
-                                   "C\x03"}};
+  OpenBench bench;
+  bench.printer().answers["U3A"] = blockOf("A\nB", kEtb);
+  bench.printer().answerToEveryAck = blockOf("C");
   EXPECT_EQ(bench.session().GetMultipleResponsesStr(L"U3A", std::nullopt, std::nullopt),
-            L"A\x1f"
-            L"B\x1e"
-            L"C");
+            L"A\37B\36C");
   EXPECT_EQ(bench.session().GetMultipleResponsesStr(L"U3A", L"", L"/"), L"AB/C")
       << "an empty separator that is given counts";
 }

@@ -6,7 +6,6 @@
 #include "support/scripted_printer.h"
 #include "support/world.h"
 
-#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -17,19 +16,16 @@
 namespace corvid {
 
 inline constexpr const wchar_t* kRates = L"Config\\NimbusPF\\Tasas";
-inline const std::string kShortS1 =
-    "\x02"
-    "S100\n0012345\n7\n2\n3\n1\n4\n5\nJ-1\nZ7A0000042\n260314\n1030\n0\n0\x03#";
 
 struct Setting {
   std::wstring key;
   std::wstring value;
 };
+using Entries = std::initializer_list<Setting>;
 
 class SessionBench {
  public:
-  SessionBench() : SessionBench(std::initializer_list<Setting>{}) {}
-  explicit SessionBench(std::initializer_list<Setting> settings) {
+  explicit SessionBench(Entries settings = {}) {
     for (const auto& [key, value] : settings) world_.settings.set(kSessionSection, key, value);
     world_.serial.connect(&printer_);
     library_ = std::make_unique<Library>(world_.surroundings());
@@ -63,19 +59,20 @@ class SessionBench {
   void clearTrace() {
     for (const auto& view : world_.views.created) view->lines.clear();
   }
-  [[nodiscard]] std::vector<std::wstring> trace() const {
-    return world_.views.created.empty() ? std::vector<std::wstring>{}
-                                        : world_.views.created.front()->lines;
+  [[nodiscard]] Lines trace() const {
+    return world_.views.created.empty() ? Lines{} : world_.views.created.front()->lines;
   }
-  [[nodiscard]] bool traced(const std::wstring& line) const {
-    const std::vector<std::wstring> lines = trace();
-    return std::ranges::find(lines, line) != lines.end();
+
+  // One more session of the library, with a known serial number.
+  [[nodiscard]] std::unique_ptr<PrinterFiscal> another() {
+    auto session = std::make_unique<PrinterFiscal>(library(), status_);
+    session->state().SerialPrinter = L"KNOWN";
+    return session;
   }
 
   World& world() { return world_; }
   ScriptedPrinter& printer() { return printer_; }
   Library& library() { return *library_; }
-  RecordStatusSource& status() { return status_; }
   PrinterFiscal& session() { return *session_; }
   Outcome& outcome() { return session_->state().outcome; }
 
@@ -85,6 +82,10 @@ class SessionBench {
   RecordStatusSource status_;
   std::unique_ptr<Library> library_;
   std::unique_ptr<PrinterFiscal> session_;
+};
+
+struct OpenBench : SessionBench {
+  explicit OpenBench(Entries settings = {}) : SessionBench(settings) { open(); }
 };
 
 }  // namespace corvid

@@ -19,51 +19,46 @@ TEST(SessionSettings, DefaultsHoldWithoutAnySetting) {
   EXPECT_EQ(bench.session().LineasDireccion(), 10);
 }
 
-struct TimeOutCase {
-  std::wstring text;
-  std::int16_t seconds;
-  const char* reason;
-};
-
 TEST(SessionSettings, TimeOutIsAWholeNumberOrItsDefault) {
-  const TimeOutCase cases[] = {
+  const struct {
+    std::wstring text;
+    std::int16_t seconds;
+    const char* reason;
+  } kCases[] = {
       {L"5", 5, "plain"},          {L"7,5", 8, "half to even"},
       {L"6.5", 6, "half to even"}, {L"99999", 10, "does not fit 16 bits"},
       {L"abc", 10, "no number"},   {L"3 s", 3, "leading number"},
   };
-  for (const TimeOutCase& item : cases) {
+  for (const auto& item : kCases) {
     SessionBench bench({{L"TimeOut", item.text}});
     EXPECT_EQ(bench.session().state().timeOut, item.seconds) << item.reason;
   }
 }
 
 TEST(SessionSettings, RateListEndsAtTheFirstGapAndAtSeven) {
-  SessionBench gap;
-  for (const wchar_t* key : {L"0", L"1", L"3"}) gap.world().settings.set(kRates, key, L"16.5");
-  PrinterFiscal two(gap.library(), gap.status());
-  EXPECT_EQ(two.state().numTasas, 2);
-  EXPECT_DOUBLE_EQ(two.state().tasas[1], 16.5);
-
-  SessionBench many;
-  for (int i = 0; i < 9; ++i) many.world().settings.set(kRates, std::to_wstring(i), L"8 %");
-  PrinterFiscal seven(many.library(), many.status());
-  EXPECT_EQ(seven.state().numTasas, 7);
-  EXPECT_DOUBLE_EQ(seven.state().tasas[6], 8);
+  SessionBench bench;
+  FakeSettings& settings = bench.world().settings;
+  for (const wchar_t* key : {L"0", L"1", L"3"}) settings.set(kRates, key, L"16.5");
+  const auto two = bench.another();
+  EXPECT_EQ(two->state().numTasas, 2);
+  EXPECT_DOUBLE_EQ(two->state().tasas[1], 16.5);
+  for (int i = 0; i < 9; ++i) settings.set(kRates, std::to_wstring(i), L"8 %");
+  const auto seven = bench.another();
+  EXPECT_EQ(seven->state().numTasas, 7);
+  EXPECT_DOUBLE_EQ(seven->state().tasas[6], 8);
 }
 
-struct ModelCase {
-  std::wstring setting;
-  std::wstring serial;
-  std::int32_t model;
-};
-
 TEST(SessionSettings, ModelComesFromTheSettingOrTheSerial) {
-  const ModelCase cases[] = {
+  const struct {
+    std::wstring setting;
+    std::wstring serial;
+    std::int32_t model;
+  } kCases[] = {
       {L"", L"Z6B1234567", DT230},   {L"", L"Z7A1", HKA112},  {L"", L"Z1F", SRP812},
       {L"", L"z6b1234567", SRP350},  {L"", L"", SRP350},      {L"7", L"Z6B1234567", 7},
       {L"0", L"Z6B1234567", SRP350}, {L"-2", L"Z1F", SRP812},
   };
-  for (const ModelCase& item : cases) {
+  for (const auto& item : kCases) {
     SessionBench bench({{L"TipoPrinter", item.setting}});
     bench.session().state().SerialPrinter = item.serial;
     EXPECT_EQ(bench.session().tipoPrinter(), item.model) << testing::PrintToString(item.serial);
