@@ -46,6 +46,23 @@ class HostWindow {
   HWND window_;
 };
 
+// The control key is down, meanwhile.
+class HeldControlKey {
+ public:
+  HeldControlKey() { set(0x80); }
+  HeldControlKey(const HeldControlKey&) = delete;
+  HeldControlKey& operator=(const HeldControlKey&) = delete;
+  ~HeldControlKey() { set(0); }
+
+ private:
+  static void set(BYTE state) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = state;
+    SetKeyboardState(keys);
+  }
+};
+
 inline void runPendingMessages() {
   MSG message{};
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);

@@ -282,7 +282,7 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   EXPECT_EQ(textOf(Control::Text2), L"12");
 }
 
-TEST_F(Form, PicturesChangeTheScreenFont) {
+TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
   form_->Show(false, nullptr);
   const auto size = [this] {
     CHARFORMATW format{};
@@ -300,6 +300,16 @@ TEST_F(Form, PicturesChangeTheScreenFont) {
   click(Control::imgFontShrink, STN_CLICKED);
   EXPECT_EQ(size(), before + 1);
   EXPECT_NE(SendMessageW(control(Control::imgFontGrow), STM_GETICON, 0, 0), 0);
+  press(control(Control::cbCerrar), VK_ADD);
+  EXPECT_EQ(size(), before + 1) << "only with Ctrl";
+  {
+    const HeldControlKey held;
+    press(control(Control::cbCerrar), VK_ADD);
+    EXPECT_EQ(size(), before + 2);
+    press(control(Control::Text1), VK_OEM_MINUS);
+    press(control(Control::Text1), VK_SUBTRACT);
+  }
+  EXPECT_EQ(size(), before);
 }
 
 TEST_F(Form, TextIsLockedUnlessTheSettingOpensIt) {
