@@ -46,6 +46,7 @@ UINT LateArguments::parameterOf(UINT place, const FUNCDESC& member) const {
 
 HRESULT LateArguments::fitOne(UINT place, const TYPEDESC& type) {
   if (type.vt == VT_BSTR) return passText(place);
+  if (type.vt == VT_DISPATCH) return passObject(place);
   if (type.vt != VT_PTR) return S_OK;
   // A reference to an interface is an object, not a place to write to.
   if (type.lptdesc->vt == VT_USERDEFINED) return checkObject(place, type.lptdesc->hreftype);
@@ -63,6 +64,16 @@ HRESULT LateArguments::checkObject(UINT place, HREFTYPE interfaceType) const {
   const bool fits = !reference || SUCCEEDED(reference->QueryInterface(
                                       interfaceOf(info_, interfaceType), wanted.putVoid()));
   return fits ? S_OK : DISP_E_TYPEMISMATCH;
+}
+
+// Null is Nothing: some script languages have no other word for it.
+HRESULT LateArguments::passObject(UINT place) {
+  Variant object;
+  const HRESULT result = copyWithoutReference(values_[place], object);
+  if (FAILED(result) || object.type() != VT_NULL) return result;
+  V_VT(&values_[place]) = VT_DISPATCH;
+  V_DISPATCH(&values_[place]) = nullptr;
+  return S_OK;
 }
 
 HRESULT LateArguments::passReference(UINT place, VARTYPE type) {

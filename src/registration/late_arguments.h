@@ -32,6 +32,7 @@ class LateArguments {
   [[nodiscard]] UINT parameterOf(UINT place, const FUNCDESC& member) const;
   [[nodiscard]] HRESULT fitOne(UINT place, const TYPEDESC& type);
   [[nodiscard]] HRESULT checkObject(UINT place, HREFTYPE interfaceType) const;
+  [[nodiscard]] HRESULT passObject(UINT place);
   [[nodiscard]] HRESULT passReference(UINT place, VARTYPE type);
   [[nodiscard]] HRESULT passTyped(UINT place);
   [[nodiscard]] HRESULT passText(UINT place);

@@ -17,7 +17,8 @@ struct LateCall {
 
 // Calls the member on the object's dual interface. A script's variable, which arrives as a
 // reference to a Variant, fits a typed reference, and what the member leaves there is written back
-// to the variable. Null fits a text and is an empty one.
+// to the variable. Null fits a text and is an empty
+// one, and fits an object and is Nothing.
 [[nodiscard]] HRESULT invoke(ITypeInfo& info, void* object, const LateCall& call);
 
 }  // namespace corvid
