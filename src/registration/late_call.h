@@ -17,8 +17,7 @@ struct LateCall {
 
 // Calls the member on the object's dual interface. A script's variable, which arrives as a
 // reference to a Variant, fits a typed reference, and what the member leaves there is written back
-// to the variable. Null fits a text and is an empty
-// one, and fits an object and is Nothing.
+// to the variable. Null fits a text, as an empty one, and an object, as Nothing.
 [[nodiscard]] HRESULT invoke(ITypeInfo& info, void* object, const LateCall& call);
 
 }  // namespace corvid
