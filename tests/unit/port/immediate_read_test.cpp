@@ -12,14 +12,12 @@
 namespace corvid {
 namespace {
 
-struct AnswerCase {
-  std::string_view bytes;
-  bool isWhole;
-  const char* reason;
-};
-
 TEST(WholeAnswer, IsOneControlByteOrABlockWithItsCheckByte) {
-  const AnswerCase cases[] = {
+  const struct {
+    std::string_view bytes;
+    bool isWhole;
+    const char* reason;
+  } kCases[] = {
       {"", false, "nothing yet"},
       {"\x06", true, "ACK"},
       {"\x15", true, "NAK"},
@@ -28,30 +26,17 @@ TEST(WholeAnswer, IsOneControlByteOrABlockWithItsCheckByte) {
       {"\x02", false, "a block begins"},
       {"\x02\x60\x40\x03", false, "its check byte is missing"},
       {"\x02\x60\x40\x03\x23", true, "a status block"},
-      {"\x02"
-       "A\x17\x56",
-       true, "more blocks follow"},
-      {"\x02"
-       "A\x04\x45",
-       true, "ended by EOT"},
+      {"\2A\x17V", true, "more blocks follow"},
+      {"\2A\4E", true, "ended by EOT"},
       {"\x02\x06\x15", false, "control bytes inside a block are no answer"},
-      {"\x02"
-       "A\x03\x03",
-       true, "check byte equal to ETX"},
-      {"\x02"
-       "A\x03\x06",
-       true, "check byte equal to ACK"},
-      {"\x02"
-       "A\x03\x02",
-       true, "check byte equal to STX"},
-      {"~~\x02"
-       "A\x03"
-       "B",
-       true, "noise in front"},
+      {"\2A\3\3", true, "check byte equal to ETX"},
+      {"\2A\3\6", true, "check byte equal to ACK"},
+      {"\2A\3\2", true, "check byte equal to STX"},
+      {"~~\2A\3B", true, "noise in front"},
       {"~\x06", false, "an ACK behind noise is noise too"},
       {"\x03", false, "an end without a beginning"},
   };
-  for (const AnswerCase& item : cases) {
+  for (const auto& item : kCases) {
     EXPECT_EQ(isWholeAnswer(item.bytes), item.isWhole) << item.reason;
   }
 }

@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace corvid {
 namespace {
 
 using Calls = std::vector<std::string>;
+using Port = std::int16_t;
 using Numbers = std::vector<std::uint32_t>;
 
 const Calls kOpening = {"createFile",   "setupComm",    "purgeComm",   "setCommTimeouts",
@@ -24,6 +26,12 @@ TEST(PortOpening, ConfiguresTheLineInOrder) {
   EXPECT_EQ(serial.opened(), (std::vector<std::wstring>{L"COM7"}));
   EXPECT_EQ(serial.numbersOf("setupComm"), (Numbers{1024, 1024}));
   EXPECT_EQ(serial.numbersOf("purgeComm"), (Numbers{15}));
+  const SerialTimeouts& timeouts = serial.timeouts();
+  EXPECT_EQ(timeouts.readInterval, 0xFFFFFFFFU);
+  EXPECT_EQ(timeouts.readTotalMultiplier, 0U);
+  EXPECT_EQ(timeouts.readTotalConstant, 1000U) << "milliseconds";
+  EXPECT_EQ(timeouts.writeTotalMultiplier, 1000U);
+  EXPECT_EQ(timeouts.writeTotalConstant, 0U);
   EXPECT_EQ(serial.lineSettings(), kLineSettings);
   EXPECT_EQ(serial.deviceState.bytes.front(), static_cast<std::byte>(kLineSettings.size()))
       << "the settings reach the device";
@@ -31,34 +39,18 @@ TEST(PortOpening, ConfiguresTheLineInOrder) {
   EXPECT_TRUE(bench.comm.isOpen(7));
 }
 
-TEST(PortOpening, SetsTheTimeOutsInMilliseconds) {
-  PortBench bench;
-  bench.open(7);
-  const SerialTimeouts& timeouts = bench.world.serial.timeouts();
-  EXPECT_EQ(timeouts.readInterval, 0xFFFFFFFFU);
-  EXPECT_EQ(timeouts.readTotalMultiplier, 0U);
-  EXPECT_EQ(timeouts.readTotalConstant, 1000U);
-  EXPECT_EQ(timeouts.writeTotalMultiplier, 1000U);
-  EXPECT_EQ(timeouts.writeTotalConstant, 0U);
-}
-
 TEST(PortOpening, PortsAboveNineGoByTheirDevicePath) {
   PortBench bench;
-  for (const std::int16_t port :
-       {std::int16_t{1}, std::int16_t{9}, std::int16_t{10}, std::int16_t{99}}) {
-    EXPECT_EQ(bench.open(port), 0) << port;
-  }
+  for (const Port port : {Port{1}, Port{9}, Port{10}, Port{99}}) EXPECT_EQ(bench.open(port), 0);
   EXPECT_EQ(bench.world.serial.opened(),
             (std::vector<std::wstring>{L"COM1", L"COM9", L"\\\\.\\COM10", L"\\\\.\\COM99"}));
 }
 
-struct OpeningFailure {
-  const char* call;
-  std::wstring source;
-};
-
 TEST(PortOpening, StopsAtTheFirstFailureAndKeepsIt) {
-  const OpeningFailure cases[] = {
+  const struct {
+    const char* call;
+    std::wstring source;
+  } kCases[] = {
       {"createFile", L"CommOpen (CreateFile)"},
       {"setupComm", L"CommOpen (SetupComm)"},
       {"purgeComm", L"CommOpen (PurgeComm)"},
@@ -67,7 +59,7 @@ TEST(PortOpening, StopsAtTheFirstFailureAndKeepsIt) {
       {"buildCommDcb", L"CommOpen (BuildCommDCB)"},
       {"setCommState", L"CommOpen (SetCommState)"},
   };
-  for (const OpeningFailure& item : cases) {
+  for (const auto& item : kCases) {
     PortBench bench;
     bench.world.serial.failNth(item.call, 1, 87);
     EXPECT_EQ(bench.open(7), 87) << item.call;
@@ -86,108 +78,90 @@ TEST(PortOpening, FailureWithoutANumberIsNoSuccess) {
 }
 
 TEST(PortOpening, OpenPortIsInUse) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   EXPECT_EQ(bench.open(7), -1);
   EXPECT_EQ(bench.error(), L"Error (-1): CommOpen - Port in use.");
   EXPECT_TRUE(bench.world.serial.calls().empty());
   EXPECT_TRUE(bench.comm.isOpen(7)) << "the first opening holds";
 }
 
-TEST(PortNumbers, OutsideTheTableAreAnErrorOfEveryOperation) {
-  PortBench bench;
+TEST(PortNumbers, OutsideTheTableOrOfAClosedPortFailEveryOperation) {
   std::wstring data;
   bool state = false;
-  for (const std::int16_t port : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{100}}) {
-    EXPECT_EQ(errorNumberOf([&] { bench.open(port); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommClose(port); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommRead(port, data, 10); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommWrite(port, L"a"); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommReadCD(port, 1, state); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommSetLine(port, CommLine::Dtr, 1); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommSet(port, kLineSettings); }), 9) << port;
-    EXPECT_EQ(errorNumberOf([&] { bench.comm.CommFlush(port); }), 9) << port;
+  const struct {
+    const char* name;
+    std::function<std::int32_t(modCOMM& comm, Port port)> call;
+    std::int32_t whenClosed;
+  } kOperations[] = {
+      {"open", [](modCOMM& c, Port port) { return c.CommOpen(port, L"COM", kLineSettings); }, 0},
+      {"close", [](modCOMM& c, Port port) { return c.CommClose(port); }, 0},
+      {"read", [&](modCOMM& c, Port port) { return c.CommRead(port, data, 10); }, -1},
+      {"write", [](modCOMM& c, Port port) { return c.CommWrite(port, L"a"); }, -1},
+      {"state", [&](modCOMM& c, Port port) { return c.CommReadCD(port, 1, state); }, 6},
+      {"line", [](modCOMM& c, Port port) { return c.CommSetLine(port, CommLine::Dtr, 1); }, 6},
+      {"settings", [](modCOMM& c, Port port) { return c.CommSet(port, kLineSettings); }, 6},
+      {"flush", [](modCOMM& c, Port port) { return c.CommFlush(port); }, 6},
+  };
+  for (const auto& item : kOperations) {
+    PortBench bench;
+    for (const Port port : {Port{0}, Port{-1}, Port{100}}) {
+      EXPECT_EQ(errorNumberOf([&] { item.call(bench.comm, port); }), 9) << item.name << port;
+    }
+    EXPECT_TRUE(bench.world.serial.calls().empty()) << item.name;
+    data = L"old";
+    EXPECT_EQ(item.call(bench.comm, 7), item.whenClosed) << item.name;
+    EXPECT_EQ(data.empty(), item.name == std::string("read")) << item.name;
   }
-  EXPECT_TRUE(bench.world.serial.calls().empty());
-}
-
-TEST(PortNumbers, ClosedPortFailsInEveryOperation) {
-  PortBench bench;
-  std::wstring data = L"old";
-  bool state = false;
-  EXPECT_EQ(bench.comm.CommRead(7, data, 10), -1);
-  EXPECT_EQ(bench.error(), L"Error (6): CommRead (ClearCommError) - system message 6");
-  EXPECT_EQ(data, L"");
-  EXPECT_EQ(bench.comm.CommWrite(7, L"a"), -1);
-  EXPECT_EQ(bench.comm.CommReadCD(7, 1, state), 6);
-  EXPECT_EQ(bench.comm.CommSetLine(7, CommLine::Dtr, 1), 6);
-  EXPECT_EQ(bench.comm.CommSet(7, kLineSettings), 6);
-  EXPECT_EQ(bench.comm.CommFlush(7), 6);
 }
 
 TEST(PortClosing, FailureKeepsThePortOpen) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.serial.failNth("closeHandle", 1, 6);
   EXPECT_EQ(bench.comm.CommClose(7), 6);
   EXPECT_EQ(bench.error(), L"Error (6): CommClose (CloseHandle) - system message 6");
   EXPECT_TRUE(bench.comm.isOpen(7));
   EXPECT_EQ(bench.comm.CommClose(7), 0);
   EXPECT_FALSE(bench.comm.isOpen(7));
-}
-
-TEST(PortClosing, ClosedPortIsNotClosedAgain) {
-  PortBench bench;
   EXPECT_EQ(bench.comm.CommClose(7), 0);
-  EXPECT_TRUE(bench.world.serial.calls().empty());
+  EXPECT_EQ(bench.world.serial.count("closeHandle"), 2U) << "a closed port is not closed again";
 }
 
 TEST(PortReading, NothingWaitingReadsNothing) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   std::wstring data = L"old";
   EXPECT_EQ(bench.comm.CommRead(7, data, 4096), 0);
   EXPECT_EQ(data, L"");
   EXPECT_EQ(bench.world.serial.calls(), Calls{"clearCommError"});
   EXPECT_EQ(bench.world.host.count, 1);
+  bench.comm.CommClose(7);
+  EXPECT_EQ(bench.comm.CommRead(7, data, 4096), -1);
+  EXPECT_EQ(bench.error(), L"Error (6): CommRead (ClearCommError) - system message 6");
 }
 
-struct AskedCase {
-  std::size_t waiting;
-  std::int32_t size;
-  std::uint32_t asked;
-  std::int32_t read;
-};
-
 TEST(PortReading, AsksForTheLargerCountUpToItsBuffer) {
-  const AskedCase cases[] = {
+  const struct {
+    std::size_t waiting;
+    std::int32_t size;
+    std::uint32_t asked;
+    std::int32_t read;
+  } kCases[] = {
       {3, 10, 10, 3},        {20, 10, 20, 20},         {3, -5, 3, 3},
       {4096, 1, 4096, 4096}, {5000, 4096, 4096, 4096}, {1, 2147483647, 4096, 1},
   };
-  for (const AskedCase& item : cases) {
-    PortBench bench;
-    bench.openSeven();
+  for (const auto& item : kCases) {
+    OpenPort bench;
     bench.world.serial.deliver(std::string(item.waiting, 'x'));
     std::wstring data;
     EXPECT_EQ(bench.comm.CommRead(7, data, item.size), item.read) << item.waiting;
-    EXPECT_EQ(data, std::wstring(static_cast<std::size_t>(item.read), L'x'));
     EXPECT_EQ(bench.world.serial.numbersOf("readFile"), Numbers{item.asked});
+    const auto read = static_cast<std::size_t>(item.read);
+    EXPECT_EQ(data, std::wstring(read, L'x'));
+    EXPECT_EQ(bench.comm.CommRead(7, data, 4096), item.waiting - read) << "the rest comes next";
   }
 }
 
-TEST(PortReading, BytesBeyondTheBufferComeWithTheNextRead) {
-  PortBench bench;
-  bench.openSeven();
-  bench.world.serial.deliver(std::string(4096, 'x') + "tail");
-  std::wstring data;
-  bench.comm.CommRead(7, data, 4096);
-  EXPECT_EQ(bench.comm.CommRead(7, data, 4096), 4);
-  EXPECT_EQ(data, L"tail");
-}
-
 TEST(PortReading, BytesBecomeCharactersOfTheCodePage) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.serial.deliver(std::string("\0\xD1\x80", 3));
   std::wstring data;
   EXPECT_EQ(bench.comm.CommRead(7, data, 1), 3);
@@ -208,8 +182,7 @@ TEST(PortReading, PortsDoNotMix) {
 }
 
 TEST(PortTransfers, PendingOnesAreWaitedForHoweverLongTheyAreIncomplete) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   SerialDouble& serial = bench.world.serial;
   for (int nth = 1; nth <= 3; ++nth) serial.failNth("getOverlappedResult", nth, 996);
   serial.failNth("readFile", 1, 997);
@@ -224,13 +197,6 @@ TEST(PortTransfers, PendingOnesAreWaitedForHoweverLongTheyAreIncomplete) {
   EXPECT_EQ(serial.written(), Calls{"abcd"});
 }
 
-struct TransferFailure {
-  const char* call;
-  bool pending;  // the transfer itself began
-  bool reads;
-  std::wstring source;
-};
-
 std::int32_t transfer(PortBench& bench, bool reads) {
   if (!reads) return bench.comm.CommWrite(7, L"abc");
   bench.world.serial.deliver("abc");
@@ -241,15 +207,19 @@ std::int32_t transfer(PortBench& bench, bool reads) {
 }
 
 TEST(PortTransfers, FailuresTellTheErrorFlagsOfTheLine) {
-  const TransferFailure cases[] = {
+  const struct {
+    const char* call;
+    bool pending;  // the transfer itself began
+    bool reads;
+    std::wstring source;
+  } kCases[] = {
       {"readFile", false, true, L"CommRead (ReadFile)"},
       {"getOverlappedResult", true, true, L"CommRead (GetOverlappedResult)"},
       {"writeFile", false, false, L"CommWrite (WriteFile)"},
       {"getOverlappedResult", true, false, L"CommWrite (GetOverlappedResult)"},
   };
-  for (const TransferFailure& item : cases) {
-    PortBench bench;
-    bench.openSeven();
+  for (const auto& item : kCases) {
+    OpenPort bench;
     SerialDouble& serial = bench.world.serial;
     serial.errorFlags = 0x101A;
     if (item.pending) serial.failNth(item.reads ? "readFile" : "writeFile", 1, 997);
@@ -262,8 +232,7 @@ TEST(PortTransfers, FailuresTellTheErrorFlagsOfTheLine) {
 
 TEST(PortTransfers, FailureKeepsItsNumberWhenTheFlagsCannotBeRead) {
   for (const bool reads : {true, false}) {
-    PortBench bench;
-    bench.openSeven();
+    OpenPort bench;
     bench.world.serial.failNth(reads ? "readFile" : "writeFile", 1, 1117);
     bench.world.serial.failNth("clearCommError", reads ? 2 : 1, 22);
     EXPECT_EQ(transfer(bench, reads), -1);
@@ -273,8 +242,7 @@ TEST(PortTransfers, FailureKeepsItsNumberWhenTheFlagsCannotBeRead) {
 }
 
 TEST(PortWriting, SendsOneBytePerCharacterAndYieldsBehindTheWrite) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   std::size_t writtenAtYield = 0;
   bench.world.host.whenYielded = [&] { writtenAtYield = bench.world.serial.written().size(); };
   EXPECT_EQ(bench.comm.CommWrite(7, std::wstring(L"\x02\0Ñ€\u4E2D", 5)), 5);
@@ -284,15 +252,13 @@ TEST(PortWriting, SendsOneBytePerCharacterAndYieldsBehindTheWrite) {
 }
 
 TEST(PortWriting, ShortWriteGivesItsCount) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.serial.shortenWrite(1, 2);
   EXPECT_EQ(bench.comm.CommWrite(7, L"abcd"), 2);
 }
 
 TEST(PortYields, HostThatClosesThePortMeanwhileMakesTheTransferFail) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.serial.deliver("abc");
   bench.world.host.whenYielded = [&] { bench.comm.CommClose(7); };
   std::wstring data;
@@ -307,37 +273,32 @@ TEST(PortYields, HostThatClosesThePortMeanwhileMakesTheTransferFail) {
 }
 
 TEST(PortYields, HostThatFailsElsewhereMeanwhileDoesNotChangeTheError) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.host.whenYielded = [&] { bench.comm.CommFlush(8); };
   bench.world.serial.failNth("writeFile", 1, 1117);
   EXPECT_EQ(bench.comm.CommWrite(7, L"abc"), -1);
   EXPECT_TRUE(bench.error().starts_with(L"Error (1117): CommWrite (WriteFile) - "));
 }
 
-struct LineCase {
-  CommLine line;
-  std::int16_t state;
-  Numbers functions;
-};
-
 TEST(PortLines, AnyStateButZeroSetsTheLine) {
-  const LineCase cases[] = {
+  const struct {
+    CommLine line;
+    std::int16_t state;
+    Numbers functions;
+  } kCases[] = {
       {CommLine::Break, 1, {8}}, {CommLine::Break, 0, {9}}, {CommLine::Dtr, -1, {5}},
       {CommLine::Dtr, 0, {6}},   {CommLine::Rts, 256, {3}}, {CommLine::Rts, 0, {4}},
       {CommLine{4}, 1, {}},
   };
-  for (const LineCase& item : cases) {
-    PortBench bench;
-    bench.openSeven();
+  for (const auto& item : kCases) {
+    OpenPort bench;
     EXPECT_EQ(bench.comm.CommSetLine(7, item.line, item.state), 0);
     EXPECT_EQ(bench.world.serial.numbersOf("escapeCommFunction"), item.functions);
   }
 }
 
 TEST(PortLines, StateIsAnyBitOfTheMask) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   bench.world.serial.modemStatus = 0x80;
   bool state = true;
   EXPECT_EQ(bench.comm.CommReadCD(7, 0x30, state), 0);
@@ -346,13 +307,11 @@ TEST(PortLines, StateIsAnyBitOfTheMask) {
   EXPECT_TRUE(state);
 }
 
-struct SettingFailure {
-  const char* call;
-  std::wstring source;
-};
-
 TEST(PortLines, FailuresAreReturnedAndKept) {
-  const SettingFailure cases[] = {
+  const struct {
+    const char* call;
+    std::wstring source;
+  } kCases[] = {
       {"getCommModemStatus", L"CommReadCD (GetCommModemStatus)"},
       {"escapeCommFunction", L"CommSetLine (EscapeCommFunction)"},
       {"getCommState", L"CommSet (GetCommState)"},
@@ -360,9 +319,8 @@ TEST(PortLines, FailuresAreReturnedAndKept) {
       {"setCommState", L"CommSet (SetCommState)"},
       {"purgeComm", L"CommFlush (PurgeComm)"},
   };
-  for (const SettingFailure& item : cases) {
-    PortBench bench;
-    bench.openSeven();
+  for (const auto& item : kCases) {
+    OpenPort bench;
     bench.world.serial.failNth(item.call, 1, 50);
     bool state = false;
     const std::int32_t results = bench.comm.CommReadCD(7, 1, state) +
@@ -374,8 +332,7 @@ TEST(PortLines, FailuresAreReturnedAndKept) {
 }
 
 TEST(PortLines, NewSettingsReachTheOpenDevice) {
-  PortBench bench;
-  bench.openSeven();
+  OpenPort bench;
   EXPECT_EQ(bench.comm.CommSet(7, L"baud=1200"), 0);
   EXPECT_EQ(bench.world.serial.calls(), (Calls{"getCommState", "buildCommDcb", "setCommState"}));
   EXPECT_EQ(bench.world.serial.deviceState.bytes.front(), std::byte{9});

@@ -39,4 +39,8 @@ struct PortBench {
   }
 };
 
+struct OpenPort : PortBench {
+  OpenPort() { openSeven(); }
+};
+
 }  // namespace corvid

@@ -7,14 +7,12 @@
 namespace corvid {
 namespace {
 
-struct DumpCase {
-  std::string bytes;
-  std::string lines;
-  const char* reason;
-};
-
 TEST(HexDump, LinesHoldSixteenBytesInTwoColumns) {
-  const DumpCase cases[] = {
+  const struct {
+    std::string bytes;
+    std::string lines;
+    const char* reason;
+  } kCases[] = {
       {"", "", "no byte, no line"},
       {std::string("\x02\x60\x40\x03\x23", 5),
        "02 60 40 03 23                                  .`@.#\r\n", "padded to 48 columns"},
@@ -28,14 +26,17 @@ TEST(HexDump, LinesHoldSixteenBytesInTwoColumns) {
        "00 1F 20 7F 80 FF                               .. \x7F\x80\xFF\r\n",
        "only what sorts below the blank is hidden"},
   };
-  for (const DumpCase& item : cases) EXPECT_EQ(hexDump(item.bytes), item.lines) << item.reason;
+  for (const auto& item : kCases) EXPECT_EQ(hexDump(item.bytes), item.lines) << item.reason;
 }
 
+struct DumpBench : PortBench {
+  TempFolder folder;
+  std::wstring file = folder.file(L"line.txt");
+  DumpBench() { dumpTo(file); }
+};
+
 TEST(PortDumpFile, TellsWhatWasSentAndRead) {
-  const TempFolder folder;
-  const std::wstring file = folder.file(L"line.txt");
-  PortBench bench;
-  bench.dumpTo(file);
+  DumpBench bench;
   bench.openSeven();
   bench.world.clock.setNow(*parseDate(L"2026-03-04 05:06:07"));
   bench.comm.CommWrite(7, L"\x05");
@@ -48,64 +49,56 @@ TEST(PortDumpFile, TellsWhatWasSentAndRead) {
       "05                                              .\r\n"
       "Read 04-03-2026 05:06:07\r\n"
       "02 60 40 03 23                                  .`@.#\r\n";
-  EXPECT_EQ(bytesOf(file), expected) << "complete while the port is still open";
+  EXPECT_EQ(bytesOf(bench.file), expected) << "complete while the port is still open";
 
   bench.comm.CommClose(7);
   EXPECT_FALSE(bench.dump.isOn());
   bench.open(7);
   bench.comm.CommWrite(7, L"\x06");
-  EXPECT_EQ(bytesOf(file), expected + "Send 04-03-2026 05:06:07\r\n" + hexDump("\x06"));
+  EXPECT_EQ(bytesOf(bench.file), expected + "Send 04-03-2026 05:06:07\r\n" + hexDump("\x06"));
 }
 
 TEST(PortDumpFile, OpensBehindAFailedOpeningToo) {
-  const TempFolder folder;
-  PortBench bench;
-  bench.dumpTo(folder.file(L"line.txt"));
+  DumpBench bench;
   bench.world.serial.failNth("createFile", 1, 2);
   bench.open(7);
   EXPECT_TRUE(bench.dump.isOn());
 }
 
 TEST(PortDumpFile, EveryOpeningReadsTheSettingsAnew) {
-  const TempFolder folder;
-  PortBench bench;
-  bench.dumpTo(folder.file(L"first.txt"));
+  DumpBench bench;
   bench.open(7);
-  bench.dumpTo(folder.file(L"second.txt"));
+  const std::wstring second = bench.folder.file(L"second.txt");
+  bench.dumpTo(second);
   bench.open(8);
   bench.comm.CommWrite(7, L"a");
-  EXPECT_EQ(bytesOf(folder.file(L"first.txt")), "");
-  EXPECT_NE(bytesOf(folder.file(L"second.txt")), "");
+  EXPECT_EQ(bytesOf(bench.file), "");
+  EXPECT_NE(bytesOf(second), "");
   bench.world.settings.set(kDumpSection, L"DEBUG", L"0");
   bench.open(8);
   EXPECT_FALSE(bench.dump.isOn());
 }
 
 TEST(PortDumpFile, FailedTransfersAreNotInIt) {
-  const TempFolder folder;
-  PortBench bench;
-  bench.dumpTo(folder.file(L"line.txt"));
+  DumpBench bench;
   bench.openSeven();
   bench.world.serial.failNth("writeFile", 1, 5);
   bench.comm.CommWrite(7, L"a");
-  EXPECT_EQ(bytesOf(folder.file(L"line.txt")), "");
+  EXPECT_EQ(bytesOf(bench.file), "");
 }
 
-struct SwitchCase {
-  std::wstring debug;
-  bool hasFile;
-  bool isOn;
-};
-
 TEST(PortDumpFile, IsOnForAnythingButZeroWhenItHasAFile) {
-  const SwitchCase cases[] = {
+  const struct {
+    std::wstring debug;
+    bool hasFile;
+    bool isOn;
+  } kCases[] = {
       {L"", true, false},     {L"0", true, false},  {L"1", true, true},
       {L"False", true, true}, {L"1", false, false},
   };
-  for (const SwitchCase& item : cases) {
-    const TempFolder folder;
-    PortBench bench;
-    bench.dumpTo(item.hasFile ? folder.file(L"line.txt") : L"");
+  for (const auto& item : kCases) {
+    DumpBench bench;
+    if (!item.hasFile) bench.dumpTo(L"");
     bench.world.settings.set(kDumpSection, L"DEBUG", item.debug);
     bench.open(7);
     EXPECT_EQ(bench.dump.isOn(), item.isOn) << testing::PrintToString(item.debug);
@@ -114,9 +107,8 @@ TEST(PortDumpFile, IsOnForAnythingButZeroWhenItHasAFile) {
 }
 
 TEST(PortDumpFile, ThatCannotBeOpenedIsToldAndTheDumpStaysOff) {
-  const TempFolder folder;
-  const std::wstring file = folder.file(L"missing") + L"/line.txt";
-  PortBench bench;
+  DumpBench bench;
+  const std::wstring file = bench.folder.file(L"missing") + L"/line.txt";
   bench.dumpTo(file);
   EXPECT_EQ(bench.open(7), 0) << "the port itself works";
   ASSERT_EQ(bench.world.dialog.shown.size(), 1U);

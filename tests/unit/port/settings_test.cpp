@@ -34,18 +34,16 @@ TEST(SettingText, ApplicationNamesTheFileAndThePlaceInTheStore) {
   EXPECT_EQ(bench.settings.text(L"Halewood", L"General", L"DataDir", L"none"), L"none");
 }
 
-struct BooleanCase {
-  std::wstring text;
-  bool ofTrue;   // with default True
-  bool ofFalse;  // with default False
-};
-
 TEST(SettingBoolean, IsAWordANumberOrTheDefault) {
-  const BooleanCase cases[] = {
+  const struct {
+    std::wstring text;
+    bool ofTrue;   // with default True
+    bool ofFalse;  // with default False
+  } kCases[] = {
       {L"True", true, true}, {L"false", false, false}, {L"-1", true, true}, {L"0", false, false},
       {L"0.5", true, true},  {L"abc", true, false},    {L"", true, false},  {L"yes", true, false},
   };
-  for (const BooleanCase& item : cases) {
+  for (const auto& item : kCases) {
     SettingsBench bench;
     bench.world.settings.set(L"S", L"k", item.text);
     const std::string words = testing::PrintToString(item.text);
@@ -54,15 +52,13 @@ TEST(SettingBoolean, IsAWordANumberOrTheDefault) {
   }
 }
 
-struct NumberCase {
-  std::wstring text;
-  std::int64_t units;
-  const char* reason;
-};
-
 TEST(SettingNumber, IsTheLeadingNumberWithEitherSeparator) {
   constexpr std::int64_t kDefault = 12345;  // 1.2345
-  const NumberCase cases[] = {
+  const struct {
+    std::wstring text;
+    std::int64_t units;
+    const char* reason;
+  } kCases[] = {
       {L"7,5", 75000, "comma"},
       {L"7.5", 75000, "point"},
       {L"1,5,3", 15000, "the second separator ends it"},
@@ -76,7 +72,7 @@ TEST(SettingNumber, IsTheLeadingNumberWithEitherSeparator) {
       {L"1E400", kDefault, "beyond every type"},
       {L"-922337203685477", -9223372036854770000, "near its lower end"},
   };
-  for (const NumberCase& item : cases) {
+  for (const auto& item : kCases) {
     SettingsBench bench;
     bench.world.settings.set(L"S", L"k", item.text);
     const Currency number =

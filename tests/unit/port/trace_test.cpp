@@ -24,32 +24,27 @@ struct TraceBench {
   }
 };
 
-struct SecondsCase {
-  double seconds;
-  std::string text;
-  const char* reason;
-};
-
 TEST(TraceFile, LineHoldsTheTimeAndTheSecondsRightAligned) {
-  const SecondsCase cases[] = {
+  const struct {
+    double seconds;
+    std::string text;
+    const char* reason;
+  } kCases[] = {
       {0, "        0", "eight blanks and no more"},
       {18367.25, "  18367.25", "single precision"},
       {86399.9921875, "  86399.99", "seven digits of a single"},
       {0.5, "       0.5", "a fraction alone"},
   };
-  for (const SecondsCase& item : cases) {
+  for (const auto& item : kCases) {
     TraceBench bench;
     bench.world.clock.setSeconds(item.seconds);
     bench.log.Trace(L"<- ACK");
     EXPECT_EQ(bytesOf(bench.file), "04/03 05:06:07 " + item.text + " <- ACK\r\n") << item.reason;
   }
-}
-
-TEST(TraceFile, SecondsFollowTheLocale) {
   TraceBench bench;
   bench.world.locale.locale = venezuelan();
   bench.log.Trace(L"x");
-  EXPECT_EQ(bytesOf(bench.file), "04/03 05:06:07   18367,25 x\r\n");
+  EXPECT_EQ(bytesOf(bench.file), "04/03 05:06:07   18367,25 x\r\n") << "in the user's locale";
 }
 
 TEST(TraceFile, LinesAreAppendedInTheCodePage) {
