@@ -4,19 +4,17 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
 
 TEST(ClickedLine, LineAndColumnAroundTheCaret) {
-  struct Case {
+  const struct {
     const wchar_t* text;
     std::int32_t caret;
     std::optional<ClickedLine> clicked;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {L"ab cd \r\nef \r\n", 4, ClickedLine{L"ab cd ", 4}, "inside the first line, blanks and all"},
       {L"ab cd \r\nef \r\n", 0, ClickedLine{L"ab cd ", 0}, "in front of the text"},
       {L"ab cd \r\nef \r\n", 6, ClickedLine{L"ab cd ", 6}, "at the end of a line"},
@@ -33,7 +31,7 @@ TEST(ClickedLine, LineAndColumnAroundTheCaret) {
       {L"", 0, ClickedLine{L"", 0}, "an empty text has an empty line"},
       {L"", 5, ClickedLine{L"", 0}, "a caret beyond the text is at its end"},
   };
-  for (const Case& c : cases) EXPECT_EQ(clickedLine(c.text, c.caret), c.clicked) << c.reason;
+  for (const auto& c : kCases) EXPECT_EQ(clickedLine(c.text, c.caret), c.clicked) << c.reason;
 }
 
 }  // namespace

@@ -3,21 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
 
 TEST(MarginEntry, WhatMayBeEnteredAndWhatItMeans) {
-  struct Case {
+  const struct {
     const wchar_t* entry;
     bool valid;
     const wchar_t* trimmed;
     const wchar_t* whole;
     int margin;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {L"12", true, L"12", L"12", 12, "digits"},
       {L"12.5", true, L"12.5", L"12", 12, "a half goes to the even margin"},
       {L"13.5", true, L"13.5", L"13", 14, "both ways"},
@@ -38,7 +36,7 @@ TEST(MarginEntry, WhatMayBeEnteredAndWhatItMeans) {
       {L"1234567", true, L"1234567", L"1234567", 0, "not grouped; beyond a margin's 16 bits"},
       {L"1E999", false, L"1E999", L"0", 0, "beyond a double"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     std::wstring entry = c.entry;
     EXPECT_EQ(IsValidNumber(entry), c.valid) << c.reason;
     EXPECT_EQ(entry, c.trimmed) << c.reason;
@@ -48,17 +46,16 @@ TEST(MarginEntry, WhatMayBeEnteredAndWhatItMeans) {
 }
 
 TEST(MarginEntry, StepsStayWithinTheMargins) {
-  struct Case {
+  const struct {
     const wchar_t* entry;
     int steps;
     const wchar_t* result;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {L"4", 1, L"5"},      {L"0", -1, L"0"},        {L"1", -5, L"0"},
       {L"-3", 1, L"0"},     {L"12.9", 1, L"13"},     {L"x", 1, L"1"},
       {L"999", 1, L"1000"}, {L"32767", 1, L"32767"}, {L"1E99", -1, L"32766"},
   };
-  for (const Case& c : cases) EXPECT_EQ(steppedMargin(c.entry, c.steps), c.result) << c.entry;
+  for (const auto& c : kCases) EXPECT_EQ(steppedMargin(c.entry, c.steps), c.result) << c.entry;
 }
 
 }  // namespace

@@ -2,23 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace corvid {
 namespace {
 
 TEST(QuickViewControls, SmallWindowsSnapToTheLeastSize) {
-  struct Case {
+  const struct {
     double width;
     double height;
     double resultWidth;
     double resultHeight;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {11895, 3500, 11895, 3500}, {11894, 9000, 11895, 9000}, {20000, 3499.5, 20000, 3500},
       {0, 0, 11895, 3500},        {15000, 9000, 15000, 9000},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     const QuickViewLayout layout = layoutQuickView(c.width, c.height);
     EXPECT_EQ(layout.width, c.resultWidth) << c.width;
     EXPECT_EQ(layout.height, c.resultHeight) << c.height;
@@ -27,18 +24,17 @@ TEST(QuickViewControls, SmallWindowsSnapToTheLeastSize) {
 
 TEST(QuickViewControls, ControlsFollowTheWindowsEdges) {
   const QuickViewLayout layout = layoutQuickView(15000, 9000.5);
-  struct Case {
+  const struct {
     Control control;
     double left;
     double top;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {Control::cbGuardar, 7980, 7920},
       {Control::Command1, 9690, 7920},
       {Control::cbImprimir, 11400, 7920},
       {Control::cbCerrar, 13110, 7920},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     EXPECT_EQ(layout.of(c.control).left, c.left);
     EXPECT_EQ(layout.of(c.control).top, c.top) << "7920.5 rounds to the even row";
   }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvid {
@@ -29,32 +30,31 @@ TEST(ReportMetrics, TextWidthIsMeasuredInLettersAndScaled) {
 }
 
 TEST(ReportFitting, WidthFindsItsFontAndLines) {
-  struct Case {
+  // 8 inches, of which 98 hundredths are 11289.6 twips; a letter takes 12 twips a point.
+  const struct {
     std::int16_t width;
-    const wchar_t* key;
-    const wchar_t* value;
+    std::vector<std::pair<const wchar_t*, const wchar_t*>> settings;
     double size;
     int linesPerPage;
     const char* reason;
+  } kCases[] = {
+      {120, {}, 7, 105, "126 letters fit at 7.466 points"},
+      {40, {}, 14, 51, "46 letters fit at once"},
+      {61, {}, 14, 51, "67 letters take 11256 twips"},
+      {62, {}, 13.5, 53, "68 letters take 11424, within the width but not its 98 hundredths"},
+      {40, {{L"MaxFontSize", L"20,9"}}, 20, 35, "a number leads up to the comma"},
+      {40, {{L"MaxFontSize", L"10.3"}}, 10.3, 70, "70.4 lines round down"},
+      {120, {{L"MaxFontSize", L"8.3"}}, 7.3, 101, "steps of half a point from any size"},
+      {40, {{L"FontOffset", L"2.5"}}, 16, 44, "2.5 rounds to 2"},
+      {120, {{L"FontOffset", L"-1"}}, 6, 123, "corrected after the fitting"},
+      {40, {{L"FontOffset", L"99999"}}, 14, 51, "no 16-bit number keeps the default"},
+      {40, {{L"FontFactor", L"0.5"}}, 7, 105, "scaled"},
+      {40, {{L"FontOffset", L"2"}, {L"FontFactor", L"0.5"}}, 8, 92, "offset, then factor"},
+      {40, {{L"FontFactor", L"1E39"}}, 14, 51, "no single keeps the default"},
   };
-  // 8 inches, of which 98 hundredths are 11289.6 twips; a letter takes 12 twips a point.
-  const std::vector<Case> cases = {
-      {120, L"", L"", 7, 105, "126 letters fit at 7.466 points"},
-      {40, L"", L"", 14, 51, "46 letters fit at once"},
-      {61, L"", L"", 14, 51, "67 letters take 11256 twips"},
-      {62, L"", L"", 13.5, 53, "68 letters take 11424, within the width but not its 98 hundredths"},
-      {40, L"MaxFontSize", L"20,9", 20, 35, "a number leads up to the comma"},
-      {40, L"MaxFontSize", L"10.3", 10.3, 70, "70.4 lines round down"},
-      {120, L"MaxFontSize", L"8.3", 7.3, 101, "steps of half a point from any size"},
-      {40, L"FontOffset", L"2.5", 16, 44, "2.5 rounds to 2"},
-      {120, L"FontOffset", L"-1", 6, 123, "corrected after the fitting"},
-      {40, L"FontOffset", L"99999", 14, 51, "no 16-bit number keeps the default"},
-      {40, L"FontFactor", L"0.5", 7, 105, "scaled"},
-      {40, L"FontFactor", L"1E39", 14, 51, "no single keeps the default"},
-  };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     ReportSurroundings world;
-    if (*c.key != L'\0') world.set(c.key, c.value);
+    for (const auto& [key, value] : c.settings) world.set(key, value);
     Report report = world.report();
     world.dialogs.shown.clear();  // the initial width may have been too much
     EXPECT_TRUE(report.SetReportWidth(c.width)) << c.reason;
@@ -64,15 +64,6 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
     EXPECT_FALSE(world.printer.bold) << c.reason;
     EXPECT_TRUE(world.dialogs.shown.empty()) << c.reason;
   }
-}
-
-TEST(ReportFitting, OffsetStandsBeforeFactor) {
-  ReportSurroundings world;
-  world.set(L"FontOffset", L"2");
-  world.set(L"FontFactor", L"0.5");
-  Report report = world.report();
-  report.SetReportWidth(40);
-  EXPECT_EQ(world.printer.size, 8);
 }
 
 TEST(ReportFitting, SmallFontWarnsAndOnlyNoGoesOn) {
@@ -136,20 +127,19 @@ TEST(ReportFitting, WhateverPrinterCallFailsTheMemberEndsQuietly) {
 }
 
 TEST(ReportFitting, RunTimeErrorsReachTheHostButNotCreation) {
-  struct Case {
+  const struct {
     double height;
     double lineHeight;
     std::int16_t width;
     int error;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {15120, 1, 32762, 6, "width and allowance"},
       {15120, 1, -7, 5, "no text of negative length"},
       {1e9, 1, 120, 6, "lines per page"},
       {15120, 0, 120, 11, "a font without height"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     ReportSurroundings world;
     world.printer.height = c.height;
     world.printer.lineHeight = c.lineHeight;

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
@@ -29,15 +28,14 @@ class ReportText : public testing::Test {
 };
 
 TEST_F(ReportText, LinesAreAlignedInTheWidth) {
-  struct Case {
+  const struct {
     std::int16_t width;
     const wchar_t* text;
     int alignment;
     int error;
     const wchar_t* line;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {8, L"abc", 0, 0, L"abc ", "left"},
       {2, L"abc", 0, 0, L"abc ", "left is never cut"},
       {8, L"abc", 1, 0, L"     abc ", "right"},
@@ -52,7 +50,7 @@ TEST_F(ReportText, LinesAreAlignedInTheWidth) {
       {8, L"abc", 3, 0, L" ", "unknown alignment"},
       {8, L"abc", -1, 0, L" ", "unknown alignment below 0"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     ReportSurroundings here;
     Report fresh = here.report();
     fresh.SetReportWidth(c.width);

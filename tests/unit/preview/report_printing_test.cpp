@@ -27,12 +27,11 @@ class ReportPrinting : public testing::Test {
 };
 
 TEST_F(ReportPrinting, LinesGoToTheirPages) {
-  struct Case {
+  const struct {
     const wchar_t* text;
     Pages pages;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {L"", {{L" |"}}, "an empty report is one blank line"},
       {L"a \r\nb \r\n", {{L" |", L"  a |", L"  b |"}}, "a closing break adds no line"},
       {L"a \r\nb ", {{L" |", L"  a |", L"  b |"}}, "a last line without a break"},
@@ -42,7 +41,7 @@ TEST_F(ReportPrinting, LinesGoToTheirPages) {
       {L"a\nb\rc", {{L" |", L"  a\nb\rc|"}}, "only both characters end a line"},
   };
   report.setLeftMargin(2);
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     EXPECT_EQ(print(c.text), c.pages) << c.reason;
     EXPECT_TRUE(world.printer.ended) << c.reason;
     EXPECT_FALSE(world.printer.aborted) << c.reason;
@@ -67,23 +66,20 @@ TEST_F(ReportPrinting, FontIsFittedAnewUnlessFixed) {
   EXPECT_EQ(world.printer.size, 9);
 }
 
-TEST_F(ReportPrinting, StopAbortsInFrontOfTheNextLine) {
-  int lines = 0;
-  world.printer.onLine = [&] {
-    if (++lines != 3) return;
-    EXPECT_TRUE(report.printing());
-    report.stopPrinting();
-  };
-  EXPECT_EQ(print(L"a\r\nb\r\nc\r\nd"), (Pages{{L" |", L"a|", L"b|"}}));
-  EXPECT_TRUE(world.printer.aborted);
-  EXPECT_FALSE(world.printer.ended);
-}
-
-TEST_F(ReportPrinting, StopDuringTheLastLineStillAborts) {
-  world.printer.onLine = [&] { report.stopPrinting(); };
-  print(L"a");
-  EXPECT_TRUE(world.printer.aborted);
-  EXPECT_FALSE(world.printer.ended);
+TEST_F(ReportPrinting, StopAbortsInFrontOfTheNextLineAndBehindTheLastOne) {
+  const Pages whole = {{L" |", L"a|", L"b|"}};
+  for (const wchar_t* text : {L"a\r\nb\r\nc\r\nd", L"a\r\nb"}) {
+    int lines = 0;
+    world.printer.onLine = [&] {
+      if (++lines != 3) return;
+      EXPECT_TRUE(report.printing());
+      report.stopPrinting();
+    };
+    world.printer.aborted = false;
+    EXPECT_EQ(print(text), whole);
+    EXPECT_TRUE(world.printer.aborted);
+    EXPECT_FALSE(world.printer.ended);
+  }
 }
 
 TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedQuietly) {

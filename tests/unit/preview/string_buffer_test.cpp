@@ -1,12 +1,11 @@
 #include "preview/string_buffer.h"
 
-#include "basic/run_time_error.h"
+#include "unit/basic/error_of.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cstdint>
-#include <functional>
 #include <string>
 
 namespace corvid {
@@ -19,15 +18,6 @@ CStringBuffer holding(const std::wstring& text) {
   CStringBuffer buffer;
   buffer.Append(text);
   return buffer;
-}
-
-int errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
 }
 
 // A store of NULs alone has its whole length as its value.
@@ -51,14 +41,13 @@ TEST(StringBuffer, StoreGrowsByWholeChunksAndNotBeforeItIsFull) {
 }
 
 TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
-  struct Case {
+  const struct {
     std::int32_t index;
     int error;
     std::wstring inserted;
     std::wstring result;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {1, 0, L"xy", L"xyabc", "in front"},
       {2, 0, L"xyz", L"axyzbc", "more characters than the rest has"},
       {3, 0, L"x", L"abxc", "before the last"},
@@ -68,30 +57,26 @@ TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
       {-1, 5, L"x", L"abc", "before the text"},
       {2, 0, L"", L"abc", "nothing to insert"},
   };
-  for (const Case& item : cases) {
+  for (const auto& item : kCases) {
     CStringBuffer buffer = holding(L"abc");
-    EXPECT_EQ(errorOf([&] { buffer.Insert(item.index, item.inserted); }), item.error)
+    EXPECT_EQ(errorOf([&] { return buffer.Insert(item.index, item.inserted), 0; }), item.error)
         << item.reason;
     EXPECT_EQ(buffer.Value(), item.result) << item.reason;
   }
-}
-
-TEST(StringBuffer, InsertGrowsTheStoreForTheMovedRest) {
-  CStringBuffer buffer = holding(std::wstring(kChunk, L'a'));
-  buffer.Insert(2, L"b");
-  EXPECT_EQ(buffer.Value(), L"ab" + std::wstring(kChunk - 1, L'a'));
+  CStringBuffer full = holding(std::wstring(kChunk, L'a'));
+  full.Insert(2, L"b");
+  EXPECT_EQ(full.Value(), L"ab" + std::wstring(kChunk - 1, L'a')) << "the store grows for the rest";
 }
 
 TEST(StringBuffer, RemoveCutsEverythingBehindWhenItReachesTheLastCharacter) {
-  struct Case {
+  const struct {
     std::int32_t index;
     std::int32_t length;
     std::wstring result;
     std::int32_t lengthAfter;
     int error;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {1, 3, L"def", 3, 0, "in front"},
       {2, 2, L"adef", 2, 0, "in the middle"},
       {4, 2, L"abc", 3, 0, "one character would survive: it goes too"},
@@ -107,10 +92,11 @@ TEST(StringBuffer, RemoveCutsEverythingBehindWhenItReachesTheLastCharacter) {
       {9, 0, L"abcdef", -2, 5, "behind the text"},
       {INT_MAX, 1, L"abcdef", 1, 6, "position and length do not fit 32 bits"},
   };
-  for (const Case& item : cases) {
+  for (const auto& item : kCases) {
     CStringBuffer buffer = holding(L"abcdef");
     std::int32_t length = item.length;
-    EXPECT_EQ(errorOf([&] { buffer.Remove(item.index, length); }), item.error) << item.reason;
+    EXPECT_EQ(errorOf([&] { return buffer.Remove(item.index, length), 0; }), item.error)
+        << item.reason;
     EXPECT_EQ(length, item.lengthAfter) << item.reason;
     if (item.length >= 0) {
       EXPECT_EQ(buffer.Value(), item.result) << item.reason;
@@ -137,30 +123,33 @@ TEST(StringBuffer, RemovedPlacesAreNulAgain) {
 }
 
 TEST(StringBuffer, ReplaceWorksOnTheWholeStoreAndEndsTheTextAtTheFirstNul) {
-  CStringBuffer longer = holding(L"one two one");
-  longer.Replace(L"one", L"three");
-  EXPECT_EQ(longer.Value(), L"three two three");
-  longer.Append(L"!");
-  EXPECT_EQ(longer.Value(), L"three two three!");
-
-  CStringBuffer cut = holding(L"abcdef");
-  cut.Replace(L"c", kNul);
-  EXPECT_EQ(cut.Value(), L"ab");
-
-  CStringBuffer empty;
-  empty.Replace(L"a", L"b");
-  EXPECT_EQ(empty.Value(), std::wstring(kChunk, L'\0')) << "no text counts as a full store";
-
-  CStringBuffer unchanged = holding(L"abc");
-  unchanged.Replace(L"", L"x");
-  EXPECT_EQ(unchanged.Value(), L"abc") << "an empty text stands nowhere";
+  const struct {
+    std::wstring text;
+    std::wstring old;
+    std::wstring replacement;
+    std::wstring result;
+    const char* reason;
+  } kCases[] = {
+      {L"one two one", L"one", L"three", L"three two three", "every place"},
+      {L"abcdef", L"c", kNul, L"ab", "a NUL ends the text"},
+      {L"", L"a", L"b", std::wstring(kChunk, L'\0'), "no text counts as a full store"},
+      {L"abc", L"", L"x", L"abc", "an empty text stands nowhere"},
+  };
+  for (const auto& item : kCases) {
+    CStringBuffer buffer = holding(item.text);
+    buffer.Replace(item.old, item.replacement);
+    EXPECT_EQ(buffer.Value(), item.result) << item.reason;
+    if (item.text.empty()) continue;
+    buffer.Append(L"!");
+    EXPECT_EQ(buffer.Value(), item.result + L"!") << item.reason;
+  }
 }
 
 TEST(StringBuffer, WithoutAnyNulTheTextHasNoEndUntilItIsSetAnew) {
   CStringBuffer buffer = holding(L"abc");
   buffer.Replace(kNul, L"");
-  EXPECT_EQ(errorOf([&] { static_cast<void>(buffer.Value()); }), 5);
-  EXPECT_EQ(errorOf([&] { buffer.Append(L"x"); }), 5);
+  EXPECT_EQ(errorOf([&] { return buffer.Value(); }), 5);
+  EXPECT_EQ(errorOf([&] { return buffer.Append(L"x"), 0; }), 5);
 
   // Its store is three characters long, and its capacity a chunk's.
   buffer.setValue(L"a text longer than the store");
