@@ -65,7 +65,9 @@ TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
   }
   CStringBuffer full = holding(std::wstring(kChunk, L'a'));
   full.Insert(2, L"b");
-  EXPECT_EQ(full.Value(), L"ab" + std::wstring(kChunk - 1, L'a')) << "the store grows for the rest";
+  const std::wstring text = L"ab" + std::wstring(kChunk - 1, L'a');
+  EXPECT_EQ(full.Value(), text);
+  EXPECT_EQ(storeLength(full, text), 2 * kChunk) << "the store grows for the moved rest";
 }
 
 TEST(StringBuffer, RemoveCutsEverythingBehindWhenItReachesTheLastCharacter) {
