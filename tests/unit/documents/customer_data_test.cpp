@@ -35,8 +35,19 @@ void expectSeries(const std::vector<SeriesCase>& cases, DocumentBench::Entries e
   }
 }
 
+using S = PrinterFiscal;
+
 Method withReferences(const Customer& customer, const AffectedInvoice& affected) {
-  return [=](PrinterFiscal& session) { return PasarDatosCliente(session, customer, affected); };
+  return [=](S& session) { return PasarDatosCliente(session, customer, affected); };
+}
+Method opening(const Customer& customer) {
+  return [=](S& session) { return IniciarFactura(session, customer); };
+}
+Method otherInvoice(const Customer& customer, const std::wstring& number) {
+  return [=](S& session) { return PasarDatosClientePA(session, customer, number); };
+}
+Method otherCreditNote(const Customer& customer, const std::wstring& number) {
+  return [=](S& session) { return PasarDatosClienteNCPA(session, customer, number); };
 }
 
 TEST(CustomerData, InvoiceLinesAreNumberedThroughout) {
@@ -81,10 +92,8 @@ TEST(CustomerData, CreditNoteFieldsAreTaggedAndTheAddressBeginsAtZero) {
 }
 
 TEST(CustomerData, InvoiceOpeningWrapsTheAddress) {
-  const auto open = [](const std::wstring& address) -> Method {
-    return [=](PrinterFiscal& session) {
-      return IniciarFactura(session, {kLongName, L"V-123", address});
-    };
+  const auto open = [](const std::wstring& address) {
+    return opening({kLongName, L"V-123", address});
   };
   expectSeries({{open(L"Calle 5, casa 3"),
                  {"iR*V-123", "iS*" + kCutName, "i01Calle 5,", "i02casa 3"},
@@ -109,26 +118,23 @@ TEST(CustomerData, InvoiceOpeningWithoutAWidthRaisesBehindTheNames) {
 }
 
 TEST(CustomerData, OtherFamilyPadsAndNumbersFromOne) {
-  const auto invoice = [](const Customer& customer, const std::wstring& number) -> Method {
-    return [=](PrinterFiscal& session) { return PasarDatosClientePA(session, customer, number); };
-  };
-  const auto creditNote = [](const Customer& customer, const std::wstring& number) -> Method {
-    return [=](PrinterFiscal& session) { return PasarDatosClienteNCPA(session, customer, number); };
-  };
   const std::string ana40 = "Ana" + std::string(37, ' ');
-  expectSeries({{invoice(kAna, L""), {"jRV-123", "jS" + ana40, "j1A", "j2B"}, "no reference"},
-                {invoice(kAna, L"123"),
+  expectSeries({{otherInvoice(kAna, L""), {"jRV-123", "jS" + ana40, "j1A", "j2B"}, "no reference"},
+                {otherInvoice(kAna, L"123"),
                  {"jRV-123", "jS" + ana40, "jF123", "j1A", "j2B"},
                  "with a reference"},
-                {invoice({kLongName, std::wstring(21, L'r'), kLongName}, L""),
+                {otherInvoice({kLongName, std::wstring(21, L'r'), kLongName}, L""),
                  {"jR" + std::string(20, 'r'), "jS" + kCutName, "j1" + kCutName},
                  "everything is cut"},
-                {creditNote(kAna, L"123"),
+                {otherCreditNote(kAna, L"123"),
                  {"jR*V-123", "jS*Ana", "jF*123" + std::string(19, ' '), "j1A", "j2B"},
                  "the invoice is padded to 22"},
-                {creditNote({kLongName, std::wstring(21, L'r'), L""}, std::wstring(23, L'1')),
+                {otherCreditNote({kLongName, std::wstring(21, L'r'), L""}, std::wstring(23, L'1')),
                  {"jR*" + std::string(21, 'r'), "jS*" + kCutName, "jF*" + std::string(22, '1')},
-                 "the tax id is not cut, the others are"}},
+                 "the tax id is not cut, the others are"},
+                {otherCreditNote({L"", L"", L""}, L""),
+                 {"jR*", "jS*", "jF*" + std::string(22, ' ')},
+                 "an empty invoice is all blanks"}},
                {});
 }
 
@@ -155,7 +161,7 @@ constexpr const wchar_t* kWords = L"pfError de comunicacion";
 TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
   const AffectedInvoice all = {L"9", L"Z", DateOrBlank(kMarch14)};
   const Method full = withReferences(kAna, all);
-  const Method opening = [](PrinterFiscal& session) { return IniciarFactura(session, kAna); };
+  const Method open = opening(kAna);
   const FailureCase cases[] = {
       {full, "i01Ana", 1, L"", "name"},
       {full, "i02RIF:V-123", 2, L"", "tax id"},
@@ -164,9 +170,9 @@ TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
       {full, "i05#Factura afectada: 9", 5, L"", "affected invoice"},
       {full, "i06Serial impresora: Z", 6, L"", "its printer"},
       {full, "i07Fecha factura: 14-03-2026", 7, L"", "its date"},
-      {opening, "iR*V-123", 1, L"", "opening: tax id"},
-      {opening, "iS*Ana", 2, L"", "opening: name"},
-      {opening, "i01A", 3, L"", "opening: address"},
+      {open, "iR*V-123", 1, L"", "opening: tax id"},
+      {open, "iS*Ana", 2, L"", "opening: name"},
+      {open, "i01A", 3, L"", "opening: address"},
   };
   for (const FailureCase& item : cases) {
     expectFailure(item, {kWords, L"", MessageIcon::None});
@@ -174,12 +180,8 @@ TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
 }
 
 TEST(CustomerDataFailure, OtherFamilyNamesTheStep) {
-  const Method invoice = [](PrinterFiscal& session) {
-    return PasarDatosClientePA(session, kAna, L"9");
-  };
-  const Method creditNote = [](PrinterFiscal& session) {
-    return PasarDatosClienteNCPA(session, kAna, L"9");
-  };
+  const Method invoice = otherInvoice(kAna, L"9");
+  const Method creditNote = otherCreditNote(kAna, L"9");
   const std::string padded = "jSAna" + std::string(37, ' ');
   const FailureCase cases[] = {
       {invoice, "jRV-123", 1, L"PasarDatosClientePA (1): ", "tax id"},

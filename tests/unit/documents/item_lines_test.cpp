@@ -15,18 +15,21 @@ using ClassicMethod = std::int16_t (*)(PrinterFiscal& session, const ItemLine& l
 
 const Lines kRates = {L"0", L"16", L"8", L"31"};
 
+struct RatedBench : DocumentBench {
+  explicit RatedBench(Entries entries = {}) : DocumentBench(entries) { configureRates(kRates); }
+};
+
 ItemLine line(const std::wstring& description, double price, double quantity, double rate) {
   return {description, Currency::fromDouble(price), quantity, rate};
 }
 
 TEST(ClassicItem, CommandIsRatePriceQuantityDescription) {
-  struct Case {
+  const struct {
     ClassicMethod method;
     ItemLine line;
     std::string command;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {PasarItem, line(L"PAN", 12.5, 2, 16), "!000000125000002000PAN", "sale at rate 1"},
       {PasarItem, line(L"PAN", 1, 1, 0), " 000000010000001000PAN", "exempt"},
       {PasarItem, line(L"PAN", 1, 1, 8), "\"000000010000001000PAN", "rate 2"},
@@ -35,65 +38,48 @@ TEST(ClassicItem, CommandIsRatePriceQuantityDescription) {
       {RefundItem, line(L"PAN", 1, 1, 0), "d0000000010000001000PAN", "exempt refund"},
       {RefundItem, line(L"PAN", 1, 1, 31), "d3000000010000001000PAN", "refund at rate 3"},
       {RefundItem, line(L"PAN", 1, 1, -5), "d4000000010000001000PAN", "refund of the levy"},
-      {AnularItem, line(L"PAN", 1, 1, 0),
-       "\xA0"
-       "000000010000001000PAN",
-       "exempt void"},
-      {AnularItem, line(L"PAN", 1, 1, 16),
-       "\xA1"
-       "000000010000001000PAN",
-       "void at rate 1"},
-      {AnularItem, line(L"PAN", 1, 1, -1),
-       "\xA4"
-       "000000010000001000PAN",
-       "void of the levy"},
+      {AnularItem, line(L"PAN", 1, 1, 0), "\240000000010000001000PAN", "exempt void"},
+      {AnularItem, line(L"PAN", 1, 1, 16), "\241000000010000001000PAN", "void at rate 1"},
+      {AnularItem, line(L"PAN", 1, 1, -1), "\244000000010000001000PAN", "void of the levy"},
       {PasarItem, line(L"", 1, 0, 0), " 000000010000000000", "no quantity and no description"},
       {PasarItem, line(L"X", 1.005, 1.0005, 0), " 000000010100001001X", "decimal, half up"},
       {PasarItem, line(L"X", -2.5, 1, 0), " -000000025000001000X", "a price may be negative"},
       {PasarItem, line(L"X", 123456789.5, 1, 0), " 1234567895000001000X",
        "a price fills its field"},
       {PasarItem, line(L"X", 1234567890.5, 1, 0), " 12345678905000001000X", "and is never cut"},
-      {PasarItem, line(L"Ca\u00F1a", 1, 1, 0),
-       " 000000010000001000Ca\xF1"
-       "a",
-       "one byte a letter"},
+      {PasarItem, line(L"Ca\u00F1a", 1, 1, 0), " 000000010000001000Ca\361a", "one byte a letter"},
   };
-  for (const Case& item : cases) {
-    DocumentBench bench;
-    bench.configureRates(kRates);
+  for (const auto& item : kCases) {
+    RatedBench bench;
     EXPECT_EQ(item.method(bench.session(), item.line), 0) << item.reason;
     EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
   }
 }
 
 TEST(ClassicItem, WidthsFollowTheSettings) {
-  DocumentBench bench({{L"DigitosPrecio", L"6"},
-                       {L"DecimalesPrecio", L"1"},
-                       {L"DigitosCantidad", L"5"},
-                       {L"DecimalesCantidad", L"2"},
-                       {L"ColumnasDescripcion", L"4"}});
-  bench.configureRates(kRates);
+  RatedBench bench({{L"DigitosPrecio", L"6"},
+                    {L"DecimalesPrecio", L"1"},
+                    {L"DigitosCantidad", L"5"},
+                    {L"DecimalesCantidad", L"2"},
+                    {L"ColumnasDescripcion", L"4"}});
   PasarItem(bench.session(), line(L"NARANJAS", 12.5, 2, 16));
   EXPECT_EQ(bench.commands(), Sent{"!00012500200NARA"});
 }
 
 TEST(ClassicItem, DescriptionIsCutAtTheUsualWidthAndNeverPadded) {
-  DocumentBench bench;
-  bench.configureRates(kRates);
+  RatedBench bench;
   PasarItem(bench.session(), line(std::wstring(30, L'x'), 1, 1, 0));
   EXPECT_EQ(bench.commands(), Sent{" 000000010000001000" + std::string(28, 'x')});
 }
 
 TEST(ClassicItem, NegativeQuantityIsRefusedWithTheMethodsName) {
-  struct Case {
+  const struct {
     ClassicMethod method;
     std::wstring name;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {PasarItem, L"PasarItem"}, {RefundItem, L"RefundItem"}, {AnularItem, L"AnularItem"}};
-  for (const Case& item : cases) {
-    DocumentBench bench;
-    bench.configureRates(kRates);
+  for (const auto& item : kCases) {
+    RatedBench bench;
     EXPECT_EQ(item.method(bench.session(), line(L"PAN", 1, -0.001, 16)), pfClientError);
     EXPECT_EQ(bench.outcome().pfError, pfClientError);
     EXPECT_EQ(bench.outcome().DescripcionError,
@@ -103,8 +89,7 @@ TEST(ClassicItem, NegativeQuantityIsRefusedWithTheMethodsName) {
 }
 
 TEST(ClassicItem, FailureOfThePrinterIsTheResult) {
-  DocumentBench bench;
-  bench.configureRates(kRates);
+  RatedBench bench;
   bench.silence("!000000010000001000PAN");
   EXPECT_EQ(PasarItem(bench.session(), line(L"PAN", 1, 1, 16)), pfCommError);
 }
@@ -118,14 +103,13 @@ TEST(ClassicItem, RateThatIsNoByteRaisesAndSendsNothing) {
 }
 
 TEST(GeneralItem, FieldsStandBetweenBarsWithDecimalCommas) {
-  struct Case {
+  const struct {
     const wchar_t* kind;
     ItemLine line;
     std::wstring code;
     std::string command;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {kInvoiceLine, line(L"PAN", 12.5, 2, 16), L"ABC", "F+112,50||2,000|||ABC|PAN", "with a code"},
       {kInvoiceLine, line(L"PAN", 12.5, 2, 16), L"", "F+112,50||2,000||PAN", "without a code"},
       {kInvoiceVoid, line(L"PAN", 1000, 1, 0), L"", "F-01000,00||1,000||PAN", "no grouping"},
@@ -134,9 +118,8 @@ TEST(GeneralItem, FieldsStandBetweenBarsWithDecimalCommas) {
       {L"Z9", line(L"P.A.N", 1, 1, 31), L"1.5", "Z931,00||1,000|||1.5|P.A.N", "texts keep points"},
       {kInvoiceLine, line(L"X", 0.125, 1.0005, 0), L"", "F+00,13||1,001||X", "half away from zero"},
   };
-  for (const Case& item : cases) {
-    DocumentBench bench;
-    bench.configureRates(kRates);
+  for (const auto& item : kCases) {
+    RatedBench bench;
     bench.world().locale.locale = venezuelan();
     EXPECT_EQ(detalleGeneral(bench.session(), item.kind, item.line, item.code), 0) << item.reason;
     EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
@@ -144,21 +127,19 @@ TEST(GeneralItem, FieldsStandBetweenBarsWithDecimalCommas) {
 }
 
 TEST(GeneralItem, DescriptionIsSentWhole) {
-  DocumentBench bench({{L"ColumnasDescripcion", L"4"}});
-  bench.configureRates(kRates);
+  RatedBench bench({{L"ColumnasDescripcion", L"4"}});
   detalleGeneral(bench.session(), kInvoiceLine, line(L"NARANJAS", 1, 1, 16), L"");
   EXPECT_EQ(bench.commands(), Sent{"F+11,00||1,000||NARANJAS"});
 }
 
 TEST(RateIndex, ConfiguredRatesComeBeforeThePrinters) {
-  struct Case {
+  const struct {
     Lines configured;
     double rate;
     std::int16_t index;
     std::size_t questions;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {{L"0", L"8", L"16"}, 8.05, 1, 0, "within a tenth"},
       {{L"0", L"8", L"16"}, 7.95, 1, 0, "from below"},
       {{L"0", L"9", L"12"}, 8.1, 0, 1, "8.1 and the printer's 8 lie a tenth apart, exactly"},
@@ -172,7 +153,7 @@ TEST(RateIndex, ConfiguredRatesComeBeforeThePrinters) {
       {{}, 99, 0, 1, "unknown to all"},
       {{L"0", L"8"}, -0.01, 4, 0, "any rate below zero is the levy"},
   };
-  for (const Case& item : cases) {
+  for (const auto& item : kCases) {
     DocumentBench bench;
     bench.configureRates(item.configured);
     EXPECT_EQ(IndiceTasa(bench.session(), item.rate), item.index) << item.reason;

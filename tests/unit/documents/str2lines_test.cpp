@@ -1,6 +1,6 @@
 #include "documents/str2lines.h"
 
-#include "basic/run_time_error.h"
+#include "unit/basic/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -8,13 +8,12 @@ namespace corvid {
 namespace {
 
 TEST(WordWrap, BreaksWhereALineEndsOrAWordDoes) {
-  struct Case {
+  const struct {
     std::wstring text;
     std::int32_t width;
     Lines lines;
     const char* reason;
-  };
-  const Case cases[] = {
+  } kCases[] = {
       {L"", 10, {}, "no text, no lines"},
       {L"Calle 5", 10, {L"Calle 5"}, "shorter than the width"},
       {L"Calle 5, casa 3", 10, {L"Calle 5,", L"casa 3"}, "the blank behind the comma is used up"},
@@ -38,19 +37,14 @@ TEST(WordWrap, BreaksWhereALineEndsOrAWordDoes) {
       {L"uno\r\n          dos", 4, {L"uno", L"dos"}, "blanks behind the chunk are used up too"},
       {L"abcd\r\nef", 4, {L"abcd", L"", L"ef"}, "a break behind the chunk is found later"},
   };
-  for (const Case& item : cases) {
+  for (const auto& item : kCases) {
     EXPECT_EQ(lmStr2Lines(item.text, item.width), item.lines) << item.reason;
   }
 }
 
 TEST(WordWrap, RefusesAWidthBelowOneEvenForNoText) {
   for (const std::int32_t width : {0, -1}) {
-    try {
-      static_cast<void>(lmStr2Lines(L"", width));
-      ADD_FAILURE() << width;
-    } catch (const RunTimeError& error) {
-      EXPECT_EQ(error.number(), 5);
-    }
+    EXPECT_EQ(errorOf([&] { return lmStr2Lines(L"", width); }), 5) << width;
   }
 }
 
