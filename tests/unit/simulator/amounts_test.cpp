@@ -9,13 +9,12 @@ namespace corvid::simulator {
 namespace {
 
 TEST(Amounts, LineAmountRoundsHalfUpToHundredths) {
-  struct Case {
+  const struct {
     Price price;
     Quantity quantity;
     std::optional<Amount> amount;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {125'000, 2000, 2500, "a whole product"},
       {33'300, 500, 167, "1.665 goes up"},
       {33'200, 500, 166, "exact hundredths stay"},
@@ -25,20 +24,17 @@ TEST(Amounts, LineAmountRoundsHalfUpToHundredths) {
       {1'000'000'000'000'000'000, 1000, std::nullopt, "the widest price overflows"},
       {9'200'000'000'000'000'000, 1, 92'000'000'000'000, "the largest product that fits"},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(lineAmount(c.price, c.quantity), c.amount) << c.reason;
-  }
+  for (const auto& c : kCases) EXPECT_EQ(lineAmount(c.price, c.quantity), c.amount) << c.reason;
 }
 
 TEST(Amounts, TaxIsAddedToOrTakenFromTheAmount) {
-  struct Case {
+  const struct {
     Amount amount;
     Rate rate;
     Amount base;
     Amount tax;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {2500, {false, 1600}, 2500, 400, "added, exact"},
       {3, {false, 1600}, 3, 0, "0.48 hundredths go down"},
       {25, {false, 1000}, 25, 3, "2.5 hundredths go up"},
@@ -46,7 +42,7 @@ TEST(Amounts, TaxIsAddedToOrTakenFromTheAmount) {
       {100, {true, 1600}, 86, 14, "13.79 hundredths go up, and the base is the rest"},
       {kMaxAmount, {false, 9999}, kMaxAmount, 99'989'999'999'999, "no overflow at the end"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     const TaxedAmount sum = taxed(c.amount, c.rate);
     EXPECT_EQ(sum.base, c.base) << c.reason;
     EXPECT_EQ(sum.tax, c.tax) << c.reason;
@@ -61,12 +57,11 @@ TEST(Amounts, ShareIsExactWhereTheProductDoesNotFit) {
 }
 
 TEST(Amounts, CommaNumbersAreReadStrictly) {
-  struct Case {
+  const struct {
     const char* text;
     std::optional<std::int64_t> number;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {"12,50", 1250, "two decimals"},
       {"12", 1200, "none"},
       {"0,5", 50, "fewer decimals than asked for"},
@@ -81,9 +76,7 @@ TEST(Amounts, CommaNumbersAreReadStrictly) {
       {"1,2,3", std::nullopt, "two commas"},
       {"", std::nullopt, "nothing"},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(commaNumber(c.text, 2), c.number) << c.reason;
-  }
+  for (const auto& c : kCases) EXPECT_EQ(commaNumber(c.text, 2), c.number) << c.reason;
 }
 
 TEST(Amounts, TextsForThePaper) {

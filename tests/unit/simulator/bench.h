@@ -4,6 +4,7 @@
 #include "simulator/bytes.h"
 #include "simulator/printer.h"
 
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,9 +21,7 @@ struct Bench {
   // The answer to raw bytes, its pieces joined.
   std::string raw(std::string_view bytes) {
     std::string answer;
-    for (const Chunk& chunk : printer.receive(bytes)) {
-      answer += chunk.bytes;
-    }
+    for (const Chunk& chunk : printer.receive(bytes)) answer += chunk.bytes;
     return answer;
   }
 
@@ -32,26 +31,17 @@ struct Bench {
   // answer.
   std::vector<std::string> fields(std::string_view query) {
     const std::string answer = command(query);
-    if (answer.size() < 3 || answer != framed(answer.substr(1, answer.size() - 3))) {
-      return {};
-    }
-    std::vector<std::string> all = {""};
-    for (const char byte : answer.substr(1, answer.size() - 3)) {
-      if (byte == '\n') {
-        all.emplace_back();
-      } else {
-        all.back() += byte;
-      }
-    }
+    if (answer.size() < 3 || answer != framed(answer.substr(1, answer.size() - 3))) return {};
+    std::vector<std::string> all;
+    std::istringstream text(answer.substr(1, answer.size() - 3) + '\n');
+    for (std::string field; std::getline(text, field);) all.push_back(field);
     return all;
   }
 
   // Sends commands until one is not acknowledged, and returns that one.
   std::string firstRefused(const std::vector<std::string>& commands) {
     for (const std::string& text : commands) {
-      if (command(text) != kAckAnswer) {
-        return text;
-      }
+      if (command(text) != kAckAnswer) return text;
     }
     return "";
   }

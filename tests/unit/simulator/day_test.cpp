@@ -11,9 +11,7 @@ using Fields = std::vector<std::string>;
 
 Fields joinedFields(const std::vector<Fields>& groups) {
   Fields all;
-  for (const Fields& group : groups) {
-    all.insert(all.end(), group.begin(), group.end());
-  }
+  for (const Fields& group : groups) all.insert(all.end(), group.begin(), group.end());
   return all;
 }
 
@@ -39,11 +37,10 @@ TEST(Summary, EachLayoutHasItsFieldsInItsOrder) {
   const auto first = [&](std::ptrdiff_t count) {
     return Fields(longest.begin(), longest.begin() + count);
   };
-  struct Case {
+  const struct {
     const char* model;
     Fields fields;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {"short",
        joinedFields({{"0000", "000101"}, invoice, kKnownSales, kKnownCredits, {"00000002"}})},
       {"short-29", joinedFields({notYet,
@@ -60,7 +57,7 @@ TEST(Summary, EachLayoutHasItsFieldsInItsOrder) {
       {"long-40", first(40)},
       {"long-41", longest},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     Bench bench(ofModel(c.model));
     ASSERT_EQ(bench.firstRefused(knownDay()), "");
     EXPECT_EQ(bench.fields("U0Z"), c.fields) << c.model;
@@ -142,14 +139,14 @@ TEST(Day, XLeavesTheDayAndZEndsIt) {
 TEST(Day, ClosuresAreFoundByNumberAndByDate) {
   Bench bench;
   ASSERT_EQ(bench.firstRefused({"I0Z", "PG150326", "I0Z", "PG170326", "I0Z"}), "");
-  struct Case {
+  const struct {
     const char* query;
     const char* firstNumber;  // empty: refused
-  };
-  for (const Case& c : {Case{"U3A000002000002", "0002"}, Case{"U3A000003000099", "0003"},
-                        Case{"U3A000003000001", ""}, Case{"U3A000004000009", ""},
-                        Case{"U2A260315260315", "0002"}, Case{"U2A260316260399", "0003"},
-                        Case{"U2A260316260316", ""}, Case{"U3A00000100000x", ""}}) {
+  } kCases[] = {{"U3A000002000002", "0002"}, {"U3A000003000099", "0003"},
+                {"U3A000003000001", ""},     {"U3A000004000009", ""},
+                {"U2A260315260315", "0002"}, {"U2A260316260399", "0003"},
+                {"U2A260316260316", ""},     {"U3A00000100000x", ""}};
+  for (const auto& c : kCases) {
     const Fields fields = bench.fields(c.query);
     EXPECT_EQ(fields.empty() ? "" : fields.front(), c.firstNumber) << c.query;
   }
@@ -165,11 +162,10 @@ TEST(Day, ClosuresAreFoundByNumberAndByDate) {
 
 TEST(DocumentState, FollowsTheSale) {
   Bench bench;
-  struct Step {
+  const struct {
     std::string command;
     const char* reply;
-  };
-  const std::vector<Step> steps = {
+  } kCases[] = {
       {item("!", 1000, 2500, "A"), "S2 0000002500\n0000000400\n0000002900\n2.5\n0000002900\n0\n1"},
       {item(" ", 1000, 1000, "B"), "S2 0000003500\n0000000400\n0000003900\n3.5\n0000003900\n0\n1"},
       {item("\xA1", 1000, 500, "A"), "S2 0000003000\n0000000320\n0000003320\n3\n0000003320\n0\n1"},
@@ -181,7 +177,7 @@ TEST(DocumentState, FollowsTheSale) {
       {"f01000000000000", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n0"},
       {"800TEXT", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n4"},
   };
-  for (const Step& step : steps) {
+  for (const auto& step : kCases) {
     ASSERT_EQ(bench.command(step.command), kAckAnswer) << step.command;
     EXPECT_EQ(bench.command("S2"), framed(step.reply)) << step.command;
   }

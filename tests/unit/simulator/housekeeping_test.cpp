@@ -21,9 +21,7 @@ TEST(Housekeeping, ProgrammedLinesStandOnDocumentsAsSent) {
                                 "PHB" + blanks(17) + "GRACIAS" + blanks(16)}),
             "");
   std::string enye;
-  for (int i = 0; i < 38; ++i) {
-    enye += "\xC3\x91";
-  }
+  for (int i = 0; i < 38; ++i) enye += "\xC3\x91";
   EXPECT_EQ(printedFor(bench, "810TEXT"),
             "           RIF: J-12345678-9\n"
             "               LA CASA ES\n"
@@ -40,27 +38,14 @@ TEST(Housekeeping, ProgrammedLinesStandOnDocumentsAsSent) {
 
 TEST(Housekeeping, WhatMakesNoSenseIsRefused) {
   const std::string line = blanks(40);
-  for (const std::string& command : {std::string("PH"),
-                                     "PH" + line,
-                                     "PH1" + blanks(39),
-                                     "PH0" + line,
-                                     "PH9" + line,
-                                     "PH001" + line,
-                                     "PH1x" + line,
-                                     "PH@" + line,
-                                     "PHI" + line,
-                                     "PHAA" + line,
-                                     "PHa" + line,
-                                     std::string("PG310226"),
-                                     std::string("PG000326"),
-                                     std::string("PG15032026"),
-                                     std::string("PF240000"),
-                                     std::string("PF106000"),
-                                     std::string("PF1030"),
-                                     std::string("I1X"),
-                                     std::string("I0"),
-                                     std::string("U0ZZ"),
-                                     std::string("S2 ")}) {
+  const std::vector<std::string> refused = {"PH",          "PH" + line,  "PH1" + blanks(39),
+                                            "PH0" + line,  "PH9" + line, "PH001" + line,
+                                            "PH1x" + line, "PH@" + line, "PHI" + line,
+                                            "PHAA" + line, "PHa" + line, "PG310226",
+                                            "PG000326",    "PG15032026", "PF240000",
+                                            "PF106000",    "PF1030",     "I1X",
+                                            "I0",          "U0ZZ",       "S2 "};
+  for (const std::string& command : refused) {
     Bench bench;
     EXPECT_EQ(bench.command(command), kNakAnswer) << command;
     EXPECT_EQ(bench.printer.machine().now().hour, 10) << command;
@@ -68,9 +53,9 @@ TEST(Housekeeping, WhatMakesNoSenseIsRefused) {
 }
 
 TEST(Housekeeping, IsRefusedInTheMiddleOfADocument) {
-  for (const std::string& command :
-       {"PHA" + blanks(40), std::string("PG150326"), std::string("PF103000"),
-        std::string("RF00000010000001"), std::string("I3A000001000001"), std::string("I0X")}) {
+  const std::vector<std::string> commands = {"PHA" + blanks(40), "PG150326",        "PF103000",
+                                             "RF00000010000001", "I3A000001000001", "I0X"};
+  for (const std::string& command : commands) {
     Bench bench;
     ASSERT_EQ(bench.firstRefused({"I0Z", item(" ", 100, 1000, "A"), "101"}), "");
     ASSERT_EQ(bench.command(item(" ", 100, 1000, "B")), kAckAnswer);
@@ -112,24 +97,21 @@ TEST(Reprint, FindsKindsByTheirLetter) {
   std::vector<std::string> day = knownDay();
   day.insert(day.end(), {"I0Z", "PG150326", item(" ", 100, 1000, "LATE"), "101"});
   ASSERT_EQ(bench.firstRefused(day), "");
-  struct Case {
-    const char* command;
-    const char* content;  // empty: refused
-  };
-  for (const Case& c :
-       {Case{"RF00000020000002", "\nF (G) "}, Case{"RD00000010000001", "\nL (P) "},
-        Case{"RC00000020000002", "\nR (E) "}, Case{"RN00000010000001", "\nTEXT\n"},
-        Case{"RZ00000010000001", "REPORTE Z"}, Case{"Rf02603150260316", "\nLATE (E) "},
-        Case{"Rz02603140260314", "REPORTE Z"}, Case{"RF00000050000009", ""},
-        Case{"RF00000020000001", ""}, Case{"RN00000020000002", ""}, Case{"RX00000010000001", ""},
-        Case{"Rf02603160260316", ""}, Case{"RF0000001000001", ""}, Case{"RF000000100000011", ""},
-        Case{"R", ""}}) {
+  using Pair = std::pair<const char*, const char*>;  // what it prints; empty: refused
+  for (const auto& [command, content] :
+       {Pair{"RF00000020000002", "\nF (G) "}, Pair{"RD00000010000001", "\nL (P) "},
+        Pair{"RC00000020000002", "\nR (E) "}, Pair{"RN00000010000001", "\nTEXT\n"},
+        Pair{"RZ00000010000001", "REPORTE Z"}, Pair{"Rf02603150260316", "\nLATE (E) "},
+        Pair{"Rz02603140260314", "REPORTE Z"}, Pair{"RF00000050000009", ""},
+        Pair{"RF00000020000001", ""}, Pair{"RN00000020000002", ""}, Pair{"RX00000010000001", ""},
+        Pair{"Rf02603160260316", ""}, Pair{"RF0000001000001", ""}, Pair{"RF000000100000011", ""},
+        Pair{"R", ""}}) {
     const std::size_t before = bench.paper().size();
-    const std::string answer = bench.command(c.command);
+    const std::string answer = bench.command(command);
     const std::string printed = bench.paper().substr(before);
-    EXPECT_EQ(answer, *c.content == '\0' ? kNakAnswer : kAckAnswer) << c.command;
-    EXPECT_EQ(printed.empty(), *c.content == '\0') << c.command;
-    EXPECT_NE(printed.find(c.content), std::string::npos) << c.command << printed;
+    EXPECT_EQ(answer, *content == '\0' ? kNakAnswer : kAckAnswer) << command;
+    EXPECT_EQ(printed.empty(), *content == '\0') << command;
+    EXPECT_NE(printed.find(content), std::string::npos) << command << printed;
   }
 }
 

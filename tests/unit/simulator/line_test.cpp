@@ -18,13 +18,12 @@ TEST(Line, StatusFollowsTheOpenDocument) {
 }
 
 TEST(Line, CommandsAreFoundInAnyPieces) {
-  struct Case {
+  const struct {
     const char* reason;
     std::vector<std::string> pieces;
     std::string answer;
     int drawers;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {"whole", {"\x02w\x03t"}, "\x06", 1},
       {"byte by byte", {"\x02", "w", "\x03", "t"}, "\x06", 1},
       {"wrong check byte", {"\x02w\x03u"}, "\x15", 0},
@@ -35,12 +34,10 @@ TEST(Line, CommandsAreFoundInAnyPieces) {
       {"nothing to acknowledge", {"\x06\x15\x04"}, "", 0},
       {"endless block", {"\x02", std::string(5000, 'w'), "\x03t"}, "\x15", 0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     Bench bench;
     std::string answer;
-    for (const std::string& piece : c.pieces) {
-      answer += bench.raw(piece);
-    }
+    for (const std::string& piece : c.pieces) answer += bench.raw(piece);
     EXPECT_EQ(answer, c.answer) << c.reason;
     EXPECT_EQ(bench.printer.machine().drawerOpenings, c.drawers) << c.reason;
   }
@@ -50,18 +47,14 @@ TEST(Line, CheckByteMayBeAControlByte) {
   Bench bench;
   // 4 XOR 6 cancels in "46": the check byte would be ETX XOR 2 = 1; with "11" it is ETX itself.
   EXPECT_EQ(checkByte("11\x03"), '\x03');
-  EXPECT_EQ(bench.raw("\x02"
-                      "11\x03\x03"),
-            kNakAnswer)
+  EXPECT_EQ(bench.raw("\00211\x03\x03"), kNakAnswer)
       << "understood as a block, refused as a command";
   EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40")) << "and nothing is left over";
 }
 
 std::string closures(Bench& bench, int count) {
   for (int i = 0; i < count; ++i) {
-    if (bench.command("I0Z") != kAckAnswer) {
-      return "refused";
-    }
+    if (bench.command("I0Z") != kAckAnswer) return "refused";
   }
   return "";
 }
@@ -70,15 +63,11 @@ TEST(Line, FurtherBlocksWaitForTheHostsAck) {
   Bench bench;
   ASSERT_EQ(closures(bench, 3), "");
   const std::string first = bench.command("U3A000001000003");
-  EXPECT_EQ(first.substr(0, 5),
-            "\x02"
-            "0001");
+  EXPECT_EQ(first.substr(0, 5), "\0020001");
   EXPECT_EQ(first.at(first.size() - 2), kEtb);
   EXPECT_EQ(first.back(), checkByte(std::string_view(first).substr(1, first.size() - 2)));
   const std::string second = bench.raw("\x06");
-  EXPECT_EQ(second.substr(0, 5),
-            "\x02"
-            "0002");
+  EXPECT_EQ(second.substr(0, 5), "\0020002");
   EXPECT_EQ(bench.raw("\x15"), second) << "refused, it comes again";
   const std::string third = bench.raw("\x06");
   EXPECT_EQ(third.at(third.size() - 2), kEtx);

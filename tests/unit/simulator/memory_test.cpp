@@ -1,6 +1,7 @@
 #include "known_day.h"
 #include "simulator/memory_text.h"
 #include "simulator/program.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -81,33 +82,32 @@ TEST(Memory, EveryChangedOrMissingByteIsFound) {
 TEST(Memory, LinesThatMakeNoSenseAreToldByNumber) {
   const std::string memory = fullMemory();
   ASSERT_EQ(damageOf(sealed(memory)), "");
-  struct Case {
+  const struct {
     const char* old;
     const char* changed;
     const char* damage;
+  } kCases[] = {
+      {"memory 1", "memory 2", "line 1: expected a number in its range"},
+      {"rate 1 1600\n", "", "line 4: expected rate"},
+      {"rate 2 800", "rate 0 800", "line 3: expected a rate's kind"},
+      {"rate 2 800", "rate 3 800", "line 3: expected a rate's kind"},
+      {"rate 2 800", "rate 2 10000", "line 3: expected a number in its range"},
+      {"rate 2 800", "rate 2 8x0", "line 3: expected a number"},
+      {"rate 2 800", "rate 2", "line 3: expected a number"},
+      {"rate 2 800", "rate 2 800 1", "line 3: expected the line's end"},
+      {"cashier 42", "cashier 100", "line 7: expected a number in its range"},
+      {"cashier 42", "cashier -1", "line 7: expected a number in its range"},
+      {"clock 86400", "clock 9999999999999", "line 8: expected a number in its range"},
+      {"header CARACAS\n", "header A\nheader B\nheader C\nheader D\nheader E\nheader F\nheader G\n",
+       "line 18: expected no more programmed lines"},
+      {"header CARACAS\n", "header A\\q\n", "line 11: expected an escaped text"},
+      {"last 4", "last 4294967296", "line 13: expected a number in its range"},
+      {"2026 3 15", "2026 2 31", "line 13: expected a time that exists"},
+      {"kind 1 100 ", "kind 4294967296 100 ", "line 15: expected a count of documents"},
+      {"kind 1 100 ", "kind 1 -100 ", "line 15: expected a number in its range"},
+      {"copy F", "copy X", "line 24: expected the end"},
   };
-  for (const Case& c : {
-           Case{"memory 1", "memory 2", "line 1: expected a number in its range"},
-           Case{"rate 1 1600\n", "", "line 4: expected rate"},
-           Case{"rate 2 800", "rate 0 800", "line 3: expected a rate's kind"},
-           Case{"rate 2 800", "rate 3 800", "line 3: expected a rate's kind"},
-           Case{"rate 2 800", "rate 2 10000", "line 3: expected a number in its range"},
-           Case{"rate 2 800", "rate 2 8x0", "line 3: expected a number"},
-           Case{"rate 2 800", "rate 2", "line 3: expected a number"},
-           Case{"rate 2 800", "rate 2 800 1", "line 3: expected the line's end"},
-           Case{"cashier 42", "cashier 100", "line 7: expected a number in its range"},
-           Case{"cashier 42", "cashier -1", "line 7: expected a number in its range"},
-           Case{"clock 86400", "clock 9999999999999", "line 8: expected a number in its range"},
-           Case{"header CARACAS\n",
-                "header A\nheader B\nheader C\nheader D\nheader E\nheader F\nheader G\n",
-                "line 18: expected no more programmed lines"},
-           Case{"header CARACAS\n", "header A\\q\n", "line 11: expected an escaped text"},
-           Case{"last 4", "last 4294967296", "line 13: expected a number in its range"},
-           Case{"2026 3 15", "2026 2 31", "line 13: expected a time that exists"},
-           Case{"kind 1 100 ", "kind 4294967296 100 ", "line 15: expected a count of documents"},
-           Case{"kind 1 100 ", "kind 1 -100 ", "line 15: expected a number in its range"},
-           Case{"copy F", "copy X", "line 24: expected the end"},
-       }) {
+  for (const auto& c : kCases) {
     std::string text = memory;
     ASSERT_NE(text.find(c.old), std::string::npos) << c.old;
     text.replace(text.find(c.old), std::string_view(c.old).size(), c.changed);
@@ -118,15 +118,9 @@ TEST(Memory, LinesThatMakeNoSenseAreToldByNumber) {
 class InFile : public testing::Test {
  protected:
   InFile() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ =
-        std::filesystem::temp_directory_path() / (std::string("corvid-memory-") + test->name());
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-    options_.memory = (folder_ / "printer.txt").string();
+    options_.memory = (folder_.path() / "printer.txt").string();
     options_.clock = LocalTime{2026, 3, 14, 10, 30, 15};
   }
-  ~InFile() override { std::filesystem::remove_all(folder_); }
 
   // What a printer of its own run answers to the last of the commands.
   std::string run(const std::vector<std::string>& commands) {
@@ -140,13 +134,10 @@ class InFile : public testing::Test {
   }
 
   [[nodiscard]] std::string content() const {
-    std::ifstream file(options_.memory, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return bytesOf(std::filesystem::path(options_.memory).wstring());
   }
 
-  std::filesystem::path folder_;
+  TempFolder folder_;
   Options options_;
 };
 
@@ -159,7 +150,7 @@ TEST_F(InFile, SecondRunGoesOnWithTheDay) {
   EXPECT_EQ(run({"U0Z"}), summary);
   EXPECT_NE(summary.find("\n00000002\n"), std::string::npos) << "the open document is lost";
   EXPECT_NE(summary.find("\n0000000300\n"), std::string::npos);
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1)
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1)
       << "no temporary file stays";
 }
 

@@ -28,13 +28,12 @@ struct SteeredBench : Bench {
 };
 
 TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
-  struct Case {
+  const std::string drawer = "\x02w\x03t";
+  const struct {
     const char* steering;
     std::string sent;
     std::vector<std::string> answers;  // to the same bytes, again and again
-  };
-  const std::string drawer = "\x02w\x03t";
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {"refuse 2", drawer, {"\x15", "\x15", "\x06"}},
       {"refuse 1", "\x05", {kStatus, kStatus}},
       {"silent 2", "\x05", {"", "", kStatus}},
@@ -46,12 +45,10 @@ TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
       {"corrupt-data 1 99", "\x05", {"\x02\x60\x40\x03\x22", kStatus}},
       {"noise 1 \\x00zz", drawer, {std::string("\0zz\x06", 4), "\x06"}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     SteeredBench bench;
     EXPECT_EQ(bench.steer(c.steering), "ok\n");
-    for (const std::string& answer : c.answers) {
-      EXPECT_EQ(bench.raw(c.sent), answer) << c.steering;
-    }
+    for (const std::string& answer : c.answers) EXPECT_EQ(bench.raw(c.sent), answer) << c.steering;
   }
 }
 
@@ -69,10 +66,7 @@ TEST(Misbehaviour, RefusedAndUnheardCommandsDoNothingButLostAnswersDo) {
 
 std::vector<std::string> pieces(const std::vector<Chunk>& chunks) {
   std::vector<std::string> bytes;
-  bytes.reserve(chunks.size());
-  for (const Chunk& chunk : chunks) {
-    bytes.push_back(chunk.bytes);
-  }
+  for (const Chunk& chunk : chunks) bytes.push_back(chunk.bytes);
   return bytes;
 }
 

@@ -14,11 +14,7 @@ const std::vector<std::string> kThreeItems = {item("!", 1250, 2000, "PAN DE TRIG
 
 TEST(Sale, SumsAreThoseOfTheHandComputedReceipt) {
   Bench bench;
-  EXPECT_EQ(bench.firstRefused({"iR*V-11111111",
-                                "iS*Ana Pe\xF1"
-                                "a",
-                                "i01Calle 5, casa 3"}),
-            "");
+  EXPECT_EQ(bench.firstRefused({"iR*V-11111111", "iS*Ana Pe\361a", "i01Calle 5, casa 3"}), "");
   EXPECT_EQ(bench.firstRefused(kThreeItems), "");
   EXPECT_EQ(bench.firstRefused({"3", "201000000005000"}), "");
 
@@ -36,8 +32,7 @@ TEST(Sale, SumsAreThoseOfTheHandComputedReceipt) {
             "         AV. PRINCIPAL, LOCAL 1\n"
             "                CARACAS\n"
             "RIF/C.I.: V-11111111\n"
-            "RAZON SOCIAL: Ana Pe\xC3\xB1"
-            "a\n"
+            "RAZON SOCIAL: Ana Pe\303\261a\n"
             "Calle 5, casa 3\n"
             "                FACTURA\n"
             "FACTURA:                        00000001\n"
@@ -64,12 +59,11 @@ TEST(Sale, SumsAreThoseOfTheHandComputedReceipt) {
 }
 
 TEST(Sale, TotalsFollowWhatWasDone) {
-  struct Case {
+  const struct {
     std::vector<std::string> commands;  // before "101"
     Amount total;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {{item("!", 3, 1000, "A"), item("!", 3, 1000, "B")}, 7, "tax of the rate, not of each line"},
       {{item("#", 100, 1000, "A")}, 131, "additional rate"},
       {{item("$", 100, 1000, "A")}, 100, "the collected levy bears no tax"},
@@ -95,7 +89,7 @@ TEST(Sale, TotalsFollowWhatWasDone) {
       {{"F+412,50||2,000||LEVY"}, 2500, "bars at the collected rate"},
       {{item(" ", 100, 1000, "A"), "201000000000030", "202000000000020"}, 100, "paid in parts"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     Bench bench;
     EXPECT_EQ(bench.firstRefused(c.commands), "") << c.reason;
     EXPECT_EQ(bench.command("101"), kAckAnswer) << c.reason;
@@ -115,13 +109,12 @@ TEST(Sale, IncludedTaxIsTakenOutOfThePrice) {
 }
 
 TEST(Sale, Flag21ChoosesTheFieldWidths) {
-  struct Case {
+  // Each sells 1.5 units at 20.00 and pays 30.00 exactly.
+  const struct {
     const char* flag;
     const char* item;
     const char* payment;
-  };
-  // Each sells 1.5 units at 20.00 and pays 30.00 exactly.
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {"PJ2100", " 000000200000001500A", "201000000003000"},
       {"PJ2102", " 000002000000001500A", "201000000003000"},
       {"PJ2103", " 000020000000001500A", "201000000003000"},
@@ -129,7 +122,7 @@ TEST(Sale, Flag21ChoosesTheFieldWidths) {
       {"PJ2112", " 000000002000001500A", "201000000000030"},
       {"PJ2130", " 000000000000200000000000000001500A", "20100000000000003000"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     Bench bench;
     EXPECT_EQ(bench.firstRefused({c.flag, c.item, c.payment}), "") << c.flag;
     EXPECT_EQ(today(bench).of(DocumentKind::Invoice).total, 3000) << c.flag;
@@ -172,9 +165,7 @@ TEST(Sale, TrainingPrintsButDoesNotCount) {
 TEST(Sale, ShortCustomerLinesKeepTheirNumbers) {
   Bench bench;
   std::vector<std::string> commands = {"jRV-1", "jSAna                                     "};
-  for (int i = 1; i <= 11; ++i) {
-    commands.push_back("j" + std::to_string(i) + "0 line");
-  }
+  for (int i = 1; i <= 11; ++i) commands.push_back("j" + std::to_string(i) + "0 line");
   commands.emplace_back("j2again");
   EXPECT_EQ(bench.firstRefused(commands), "");
   const Customer& customer = bench.printer.machine().customer;
@@ -187,12 +178,11 @@ TEST(Sale, ShortCustomerLinesKeepTheirNumbers) {
 
 TEST(Refusal, LeavesPaperAndDocumentAsTheyWere) {
   const std::string sold = item("!", 1000, 1000, "PAN");
-  struct Case {
+  const struct {
     std::vector<std::string> before;
     std::string command;
     const char* reason;
-  };
-  const std::vector<Case> cases = {
+  } kCases[] = {
       {{}, "", "no command at all"},
       {{}, "?", "unknown"},
       {{}, "101", "payment without a document"},
@@ -234,7 +224,7 @@ TEST(Refusal, LeavesPaperAndDocumentAsTheyWere) {
       {{"800TEXT"}, "101", "payment in a non-fiscal document"},
       {{"800TEXT"}, "7", "cancelling a non-fiscal document"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : kCases) {
     Bench bench;
     EXPECT_EQ(bench.firstRefused(c.before), "") << c.reason;
     const std::string paper = bench.paper();
