@@ -15,6 +15,8 @@
 
 namespace corvid {
 
+using Sent = std::vector<std::string>;  // commands without their frame
+
 // Three rates of 16, 8 and 31 percent on top of the price, the usual levy, all flags 0.
 [[nodiscard]] inline Answer usualRates() {
   return blockOf("21600\n20800\n23100\n" + std::string(60, '0'));
@@ -60,8 +62,8 @@ class DocumentBench {
 
   // What the printer received, each command once however often it was sent again, and without
   // the questions for its rates.
-  [[nodiscard]] std::vector<std::string> commands() const {
-    std::vector<std::string> result = printer_.commands();
+  [[nodiscard]] Sent commands() const {
+    Sent result = printer_.commands();
     std::erase(result, "S3");
     result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;

@@ -6,12 +6,9 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
-
-using Sent = std::vector<std::string>;
 
 Currency money(double value) { return Currency::fromDouble(value); }
 Decimal number(double value) { return Decimal::fromDouble(value); }
@@ -58,18 +55,12 @@ const Case kCases[] = {
     {[](S& s) { return CancelarTransaccion(s); }, "7", "cancellation"},
 };
 
-TEST(Closing, EachMethodSendsItsCommand) {
+TEST(Closing, EachMethodSendsItsCommandAndGivesOneForAFailureInEveryKindOfResult) {
   for (const Case& item : kCases) {
     DocumentBench bench;
     bench.world().locale.locale = venezuelan();
     EXPECT_EQ(item.method(bench.session()), 0) << item.reason;
     EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
-  }
-}
-
-TEST(Closing, FailureIsOneInEveryKindOfResult) {
-  for (const Case& item : kCases) {
-    DocumentBench bench;
     bench.silence(item.command);
     EXPECT_EQ(item.method(bench.session()), 1) << item.reason;  // True, or the outcome class
     EXPECT_EQ(bench.outcome().pfError, pfCommError) << item.reason;

@@ -12,7 +12,6 @@
 namespace corvid {
 namespace {
 
-using Sent = std::vector<std::string>;
 using Method = std::function<std::int32_t(PrinterFiscal& session)>;
 
 const std::wstring kLongName(45, L'n');

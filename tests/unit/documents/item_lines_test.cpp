@@ -5,12 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
 
-using Sent = std::vector<std::string>;
 using ClassicMethod = std::int16_t (*)(PrinterFiscal& session, const ItemLine& line);
 
 const Lines kRates = {L"0", L"16", L"8", L"31"};

@@ -12,8 +12,6 @@
 namespace corvid {
 namespace {
 
-using Sent = std::vector<std::string>;
-
 Decimal number(double value) { return Decimal::fromDouble(value); }
 
 ReprintLimit dateLimit(Date date) {
@@ -72,17 +70,11 @@ std::vector<Call> calls() {
   };
 }
 
-TEST(Housekeeping, SendsItsCommandOnce) {
+TEST(Housekeeping, SendsItsCommandOnceAndReturnsWhatBecameOfIt) {
   for (const Call& call : calls()) {
     DocumentBench bench;
     EXPECT_EQ(call.send(bench.session()), pfOk) << call.reason;
     EXPECT_EQ(bench.printer().commands(), Sent{call.command}) << call.reason;
-  }
-}
-
-TEST(Housekeeping, ReturnsWhatBecameOfTheCommand) {
-  for (const Call& call : calls()) {
-    DocumentBench bench;
     bench.silence(call.command);
     EXPECT_EQ(call.send(bench.session()), pfCommError) << call.reason;
   }
@@ -109,14 +101,10 @@ TEST(Reprint, CommandTellsDatesFromNumbers) {
   }
 }
 
-TEST(Reprint, OneInvoiceIsARangeOfItself) {
+TEST(Reprint, OneInvoiceIsARangeOfItselfAndAFailureShowsInTheOutcomeAlone) {
   DocumentBench bench;
   reimprimirFactura(bench.session(), number(125));
   EXPECT_EQ(bench.printer().commands(), Sent{"RF00001250000125"});
-}
-
-TEST(Reprint, FailureShowsInTheOutcomeAlone) {
-  DocumentBench bench;
   bench.silence("RF00001250000125");
   reimprimirFactura(bench.session(), number(125));
   EXPECT_EQ(bench.outcome().pfError, pfCommError);

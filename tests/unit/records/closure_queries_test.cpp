@@ -10,8 +10,6 @@
 namespace corvid {
 namespace {
 
-using Sent = std::vector<std::string>;
-
 Decimal number(int value) { return Decimal::fromInteger(value); }
 
 // A row of a closure; its invoice has the closure's number, and each amount one hundredth.

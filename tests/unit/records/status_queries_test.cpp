@@ -7,12 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace corvid {
 namespace {
 
-using Sent = std::vector<std::string>;
 using S = PrinterFiscal;
 
 constexpr const wchar_t* kFakeSection = L"Config\\NimbusPF\\Response1";
@@ -77,14 +75,6 @@ TEST(StatusQuery, BadSubstituteSettingIsNotRaised) {
   DocumentBench bench({{L"TestMode", L"True"}});
   bench.world().settings.set(kFakeSection, L"numeroCajero", L"none");
   EXPECT_EQ(Response1(bench.session())->values.RIF, L"");
-}
-
-TEST(StatusQuery, ClosedSessionGivesSubstitutes) {
-  DocumentBench bench;
-  bench.session().Cerrar();
-  EXPECT_TRUE(Response3(bench.session())->values.isFake);
-  EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
-  EXPECT_EQ(Response1(bench.session())->values.RIF, L"J-12345678-9");
 }
 
 TEST(StatusQuery, EachCallGivesAFreshRecord) {
