@@ -25,6 +25,7 @@ Answer firstOf(int closure) { return blockOf(row(closure), kEtb); }
 
 std::vector<int> numbersOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
   std::vector<int> numbers;
+  numbers.reserve(records.size());
   for (const auto& record : records) numbers.push_back(record->values.numeroCierre);
   return numbers;
 }

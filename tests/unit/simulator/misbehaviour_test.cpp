@@ -66,6 +66,7 @@ TEST(Misbehaviour, RefusedAndUnheardCommandsDoNothingButLostAnswersDo) {
 
 std::vector<std::string> pieces(const std::vector<Chunk>& chunks) {
   std::vector<std::string> bytes;
+  bytes.reserve(chunks.size());
   for (const Chunk& chunk : chunks) bytes.push_back(chunk.bytes);
   return bytes;
 }
