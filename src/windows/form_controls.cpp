@@ -1,5 +1,6 @@
 #include "windows/form_controls.h"
 
+#include "windows/font_description.h"
 #include "windows/font_icon.h"
 #include "windows/rich_edit_text_box.h"
 #include "windows/twips.h"
@@ -16,8 +17,7 @@
 namespace corvid {
 namespace {
 
-constexpr double kFontSize = 8;  // points
-constexpr double kPointsPerInch = 72;
+constexpr double kFontSize = 8;       // points
 constexpr double kPicture = 420;      // twips
 constexpr int kStepMiddle = 1 << 14;  // the up-down control's own position never moves
 constexpr int kStepRange = 2 * kStepMiddle - 1;

@@ -1,5 +1,6 @@
 #include "windows/host.h"
 
+#include "windows/message_box.h"
 #include "windows/owned_handle.h"
 
 #include <windows.h>
@@ -19,17 +20,6 @@ struct ItemListTraits {
   static constexpr Type none() { return nullptr; }
   static void release(Type list) { CoTaskMemFree(list); }
 };
-
-UINT iconFlag(MessageIcon icon) {
-  switch (icon) {
-    case MessageIcon::Critical:
-      return MB_ICONHAND;
-    case MessageIcon::Exclamation:
-      return MB_ICONEXCLAMATION;
-    default:
-      return 0;
-  }
-}
 
 }  // namespace
 
@@ -55,9 +45,7 @@ void WindowsHostYield::yield() {
 
 void WindowsMessageDialog::show(const std::wstring& text, const std::wstring& title,
                                 MessageIcon icon) {
-  if (!hasInteractiveDesktop()) return;
-  MessageBoxW(GetActiveWindow(), text.c_str(), title.empty() ? kLibraryTitle : title.c_str(),
-              MB_OK | MB_TASKMODAL | iconFlag(icon));
+  if (hasInteractiveDesktop()) showMessageBox(GetActiveWindow(), text, title, MB_OK, icon);
 }
 
 std::wstring WindowsShellFolders::SHgetFolder(int csidl) {

@@ -6,9 +6,6 @@
 
 namespace corvid {
 
-// Of boxes that are given none.
-inline constexpr const wchar_t* kLibraryTitle = L"PrinterFiscalCorvid";
-
 // Whether a person could see and answer a window of this process.
 [[nodiscard]] bool hasInteractiveDesktop();
 

@@ -1,5 +1,7 @@
 #include "windows/printer_device.h"
 
+#include "windows/font_description.h"
+
 #include <windows.h>
 // Needs windows.h in front of it.
 #include <winspool.h>
@@ -12,7 +14,6 @@ namespace corvid {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
-constexpr double kPointsPerInch = 72;
 
 std::wstring defaultPrinterName() {
   DWORD size = 0;
@@ -27,18 +28,6 @@ TEXTMETRICW metricsOf(HDC context) {
   TEXTMETRICW metrics{};
   if (GetTextMetricsW(context, &metrics) == FALSE) metrics.tmHeight = 0;
   return metrics;
-}
-
-Font createFont(const FontChoice& font, int pixelsPerInch) {
-  LOGFONTW description{};
-  const double height = std::round(font.size * pixelsPerInch / kPointsPerInch);
-  description.lfHeight = -std::max(static_cast<LONG>(height), LONG{1});
-  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  description.lfItalic = font.italic ? TRUE : FALSE;
-  description.lfCharSet = DEFAULT_CHARSET;
-  description.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
-  font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
-  return Font(CreateFontIndirectW(&description));
 }
 
 }  // namespace
@@ -101,7 +90,8 @@ double PrinterDevice::lineHeight() const {
 }
 
 double PrinterDevice::select(const FontChoice& font) {
-  Font created = createFont(font, GetDeviceCaps(context(), LOGPIXELSY));
+  const LOGFONTW description = describeFont(font, GetDeviceCaps(context(), LOGPIXELSY));
+  Font created(CreateFontIndirectW(&description));
   if (!created || SelectObject(context(), created.get()) == nullptr) {
     throw PrinterError("the printer refused the font");
   }

@@ -1,20 +1,20 @@
 #include "windows/report_dialogs.h"
 
+#include "windows/font_description.h"
 #include "windows/host.h"
 #include "windows/input_dialog.h"
+#include "windows/message_box.h"
 
 #include <windows.h>
 // Needs windows.h in front of it.
 #include <commdlg.h>
 
-#include <cmath>
 #include <utility>
 
 namespace corvid {
 namespace {
 
 constexpr std::size_t kLongestPath = 32768;
-constexpr double kPointsPerInch = 72;
 constexpr double kTenthsPerPoint = 10;
 
 // Printer fonts only, of fixed pitch only; the rest shows the font that is in use.
@@ -22,33 +22,10 @@ constexpr DWORD kFontFlags = CF_PRINTERFONTS | CF_FIXEDPITCHONLY | CF_INITTOLOGF
 constexpr DWORD kSaveFlags =
     OFN_LONGNAMES | OFN_PATHMUSTEXIST | OFN_NOCHANGEDIR | OFN_OVERWRITEPROMPT;
 
-UINT iconFlag(MessageIcon icon) {
-  switch (icon) {
-    case MessageIcon::Critical:
-      return MB_ICONHAND;
-    case MessageIcon::Exclamation:
-      return MB_ICONEXCLAMATION;
-    default:
-      return 0;
-  }
-}
-
-int showBox(HWND owner, const std::wstring& text, const std::wstring& title, UINT flags) {
-  return MessageBoxW(owner, text.c_str(), title.empty() ? kLibraryTitle : title.c_str(),
-                     flags | MB_TASKMODAL);
-}
-
 // The dialog reads heights in the screen's pixels, whatever device its fonts belong to.
 LOGFONTW describe(const FontChoice& font) {
-  LOGFONTW description{};
   const DeviceContext screen(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
-  const int pixelsPerInch = GetDeviceCaps(screen.get(), LOGPIXELSY);
-  description.lfHeight = -std::lround(font.size * pixelsPerInch / kPointsPerInch);
-  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  description.lfItalic = font.italic ? TRUE : FALSE;
-  description.lfCharSet = DEFAULT_CHARSET;
-  font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
-  return description;
+  return describeFont(font, GetDeviceCaps(screen.get(), LOGPIXELSY));
 }
 
 FontChoice chosenFont(const CHOOSEFONTW& dialog) {
@@ -75,12 +52,13 @@ HWND WindowsReportDialogs::owner() const {
 
 void WindowsReportDialogs::message(const std::wstring& text, const std::wstring& title,
                                    MessageIcon icon) {
-  if (hasInteractiveDesktop()) showBox(owner(), text, title, MB_OK | iconFlag(icon));
+  if (hasInteractiveDesktop()) showMessageBox(owner(), text, title, MB_OK, icon);
 }
 
 Answer WindowsReportDialogs::ask(const std::wstring& text, const std::wstring& title) {
   if (!hasInteractiveDesktop()) return Answer::Yes;
-  return showBox(owner(), text, title, MB_YESNO) == IDNO ? Answer::No : Answer::Yes;
+  return showMessageBox(owner(), text, title, MB_YESNO, MessageIcon::None) == IDNO ? Answer::No
+                                                                                   : Answer::Yes;
 }
 
 std::wstring WindowsReportDialogs::input(const std::wstring& prompt, const std::wstring& title,
