@@ -76,8 +76,6 @@ class Report {
   void fixPrintFont() { printFontFixed_ = true; }
   // Whether LoadText has run.
   [[nodiscard]] bool loaded() const { return loaded_; }
-  // Whether lines were added since LoadText ran last.
-  [[nodiscard]] bool hasNewLines() const { return textAdded_; }
 
  private:
   void readSettings(const Settings& settings);

@@ -15,8 +15,6 @@ constexpr DWORD kLongestPath = 32768;
 
 void keepModuleHandle(HINSTANCE handle) noexcept { theModule = handle; }
 
-HINSTANCE moduleHandle() noexcept { return theModule; }
-
 std::wstring modulePath() noexcept {
   try {
     std::wstring path(kLongestPath, L'\0');

@@ -9,7 +9,6 @@ namespace corvid {
 
 // Kept by the entry point; null in a program that has the library linked into it.
 void keepModuleHandle(HINSTANCE handle) noexcept;
-[[nodiscard]] HINSTANCE moduleHandle() noexcept;
 // The full path of the module's file; empty on failure, also for lack of memory.
 [[nodiscard]] std::wstring modulePath() noexcept;
 
