@@ -1,10 +1,10 @@
 // Everything around a library, in memory.
 #pragma once
 
-#include "basic/run_time_error.h"
 #include "port/host.h"
 #include "port/report_view.h"
 #include "session/library.h"
+#include "support/error_of.h"
 #include "support/fake_clock.h"
 #include "support/fake_settings.h"
 #include "support/serial_double.h"
@@ -92,16 +92,5 @@ struct World {
     return {settings, store, serial, host, dialog, folders, views, clock, windows1252(), locale};
   }
 };
-
-// The number of the run-time error that a call raises, 0 for none.
-template <typename Call>
-[[nodiscard]] std::int32_t errorNumberOf(Call call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 }  // namespace corvid

@@ -1,6 +1,6 @@
 #include "basic/conversions.h"
 
-#include "error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "basic/date.h"
 
 #include "basic/format.h"
-#include "error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "basic/decimal.h"
 
-#include "error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

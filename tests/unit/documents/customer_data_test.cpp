@@ -112,7 +112,7 @@ TEST(CustomerData, InvoiceOpeningWrapsTheAddress) {
 
 TEST(CustomerData, InvoiceOpeningWithoutAWidthRaisesBehindTheNames) {
   DocumentBench bench({{L"AnchoDireccion", L"0"}});
-  EXPECT_EQ(errorNumberOf([&] { IniciarFactura(bench.session(), kAna); }), 5);
+  EXPECT_EQ(errorOf([&] { IniciarFactura(bench.session(), kAna); }), 5);
   EXPECT_EQ(bench.commands(), (Sent{"iR*V-123", "iS*Ana"}));
 }
 

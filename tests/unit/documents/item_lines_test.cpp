@@ -95,7 +95,7 @@ TEST(ClassicItem, FailureOfThePrinterIsTheResult) {
 TEST(ClassicItem, RateThatIsNoByteRaisesAndSendsNothing) {
   for (const wchar_t* index : {L"-33", L"224"}) {
     DocumentBench bench({{L"IndicePercibido", index}});
-    EXPECT_EQ(errorNumberOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), 5);
+    EXPECT_EQ(errorOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), 5);
     EXPECT_TRUE(bench.printer().commands().empty());
   }
 }

@@ -132,7 +132,7 @@ TEST(Housekeeping, ValueThatCannotBeSentIsRaisedBeforeAnythingIs) {
   };
   for (const auto& item : kCases) {
     DocumentBench bench;
-    EXPECT_EQ(errorNumberOf([&] { item.send(bench.session()); }), item.error) << item.reason;
+    EXPECT_EQ(errorOf([&] { item.send(bench.session()); }), item.error) << item.reason;
     EXPECT_TRUE(bench.printer().commands().empty()) << item.reason;
   }
 }

@@ -1,6 +1,6 @@
 #include "documents/str2lines.h"
 
-#include "unit/basic/error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

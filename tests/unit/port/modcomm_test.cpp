@@ -105,7 +105,7 @@ TEST(PortNumbers, OutsideTheTableOrOfAClosedPortFailEveryOperation) {
   for (const auto& item : kOperations) {
     PortBench bench;
     for (const Port port : {Port{0}, Port{-1}, Port{100}}) {
-      EXPECT_EQ(errorNumberOf([&] { item.call(bench.comm, port); }), 9) << item.name << port;
+      EXPECT_EQ(errorOf([&] { item.call(bench.comm, port); }), 9) << item.name << port;
     }
     EXPECT_TRUE(bench.world.serial.calls().empty()) << item.name;
     data = L"old";

@@ -2,7 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "report_bench.h"
-#include "unit/basic/error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

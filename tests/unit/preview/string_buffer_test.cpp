@@ -1,6 +1,6 @@
 #include "preview/string_buffer.h"
 
-#include "unit/basic/error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

@@ -125,10 +125,10 @@ TEST(MemoryQuery, RowThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
   DocumentBench bench;
   bench.printer().answers[kRange] = firstOf(5);
   bench.printer().answersToAck = {blockOf("6\n240517")};
-  EXPECT_EQ(errorNumberOf([&] { closuresOfRange(bench); }), 9);
+  EXPECT_EQ(errorOf([&] { closuresOfRange(bench); }), 9);
   bench.printer().answers[kSeventh] = blockOf("40000");
   const auto load = [&] { static_cast<void>(loadReporteZMF(bench.session(), number(7))); };
-  EXPECT_EQ(errorNumberOf(load), 6);
+  EXPECT_EQ(errorOf(load), 6);
   bench.printer().answers[kRange] = blockOf(row(5));
   EXPECT_EQ(closuresOfRange(bench), std::vector<int>{5});
 }
@@ -139,7 +139,7 @@ TEST(MemoryQuery, RowsBeyondA16BitCountAreAnOverflow) {
     bench.printer().answers[kRange] = blockOf("x", kEtb);
     bench.printer().answersToAck.assign(count - 2, blockOf("x", kEtb));
     bench.printer().answersToAck.push_back(blockOf("x"));
-    const int error = errorNumberOf([&] { closuresOfRange(bench); });
+    const int error = errorOf([&] { closuresOfRange(bench); });
     EXPECT_EQ(error, count > 32767 ? 6 : 13) << count << " rows";
   }
 }
@@ -159,7 +159,7 @@ TEST(ClosureQueriesInTestMode, AllGoToThePreview) {
   const auto closed = CerrarZ(bench.session());
   ASSERT_NE(closed, nullptr);
   EXPECT_EQ(closed->values.numeroUltimoZ, -1);
-  EXPECT_EQ(errorNumberOf([&] { closuresOfRange(bench); }), 13) << "\"Ok\" is no closure";
+  EXPECT_EQ(errorOf([&] { closuresOfRange(bench); }), 13) << "\"Ok\" is no closure";
   const Lines previewed = {L"I0Z", L"GET RESPONSE: U0Z", L"GET RESPONSE: U3A000005000012"};
   EXPECT_EQ(bench.world().views.created.front()->lines, previewed);
 }

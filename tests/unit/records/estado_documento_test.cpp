@@ -50,7 +50,7 @@ TEST(DocumentState, ReplyFillsItUpToTheFirstBadField) {
   };
   for (const auto& item : kCases) {
     Record target;
-    const int error = errorNumberOf([&] { target.record.loadFromResponse(reply(item.fields)); });
+    const int error = errorOf([&] { target.record.loadFromResponse(reply(item.fields)); });
     EXPECT_EQ(error, item.error) << item.reason;
     EXPECT_EQ(image(target.record.values), item.values) << item.reason;
   }

@@ -128,7 +128,7 @@ TEST(FirstRecord, SubstitutesHaveTheirDefaults) {
 TEST(FirstRecord, BadSubstituteIsRaisedToAHostAndNotToALoad) {
   Record target;
   target.world.settings.set(kFakeSection, L"facturasDia", L"many");
-  EXPECT_EQ(errorNumberOf([&] { target.record.loadFake(); }), 13);
+  EXPECT_EQ(errorOf([&] { target.record.loadFake(); }), 13);
   const std::wstring partly = L"5 5 101 0 0 0 0 0   991230 000000 -1 -2 -3 -4 ";
   EXPECT_EQ(image(target.record.values), partly + L"True");
   target.record.loadFromResponse(L"bad");

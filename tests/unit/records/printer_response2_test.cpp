@@ -48,7 +48,7 @@ TEST(SecondRecord, ReplyFillsItUpToTheFirstBadField) {
   };
   for (const auto& item : kCases) {
     Record target;
-    const int error = errorNumberOf([&] { target.record.loadFromResponse(reply(item.fields)); });
+    const int error = errorOf([&] { target.record.loadFromResponse(reply(item.fields)); });
     EXPECT_EQ(error, item.error) << item.reason;
     EXPECT_EQ(image(target.record.values), item.values) << item.reason;
   }
@@ -60,14 +60,14 @@ TEST(SecondRecord, ElementsThatAreNoTextsFailWhereTheyAreRead) {
   target.record.loadFromResponse(FieldsWithHoles(fields, {2}));
   EXPECT_EQ(image(target.record.values), L"1 1 1 1 1 1");
   const FieldsWithHoles bad(fields, {4});
-  EXPECT_EQ(errorNumberOf([&] { target.record.loadFromResponse(bad); }), 13);
+  EXPECT_EQ(errorOf([&] { target.record.loadFromResponse(bad); }), 13);
 }
 
 TEST(SecondRecord, CountOfItemsMayBeBeyondItsType) {
   Record target;
   const std::wstring items(400, L'9');
   const ReplyFields fields = reply(L"S2 100|100|1|" + items + L"|1|1|1");
-  EXPECT_EQ(errorNumberOf([&] { target.record.loadFromResponse(fields); }), 6);
+  EXPECT_EQ(errorOf([&] { target.record.loadFromResponse(fields); }), 6);
 }
 
 TEST(SecondRecord, SubstituteTouchesTheKindAlone) {

@@ -64,7 +64,7 @@ TEST(FourthRecord, BadFieldIsRaisedAndLeavesNoMeansInView) {
     PrinterResponse4 record;
     record.loadFromResponse(reply(24));
     const ReplyFields fields(split(item.fields, L"|"));
-    EXPECT_EQ(errorNumberOf([&] { record.loadFromResponse(fields); }), item.error) << item.reason;
+    EXPECT_EQ(errorOf([&] { record.loadFromResponse(fields); }), item.error) << item.reason;
     EXPECT_EQ(image(record), imageOf(0)) << item.reason;
   }
 }

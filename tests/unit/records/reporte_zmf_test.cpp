@@ -56,7 +56,7 @@ TEST(MemoryClosure, RowFillsItUpToTheFirstBadField) {
     Record target;
     Lines row = distinctFields(item.count);
     if (item.text != nullptr) row.at(item.field) = item.text;
-    const int error = errorNumberOf([&] { target.record.loadFromResponse(ReplyFields(row)); });
+    const int error = errorOf([&] { target.record.loadFromResponse(ReplyFields(row)); });
     EXPECT_EQ(error, item.error) << item.reason;
     EXPECT_EQ(origins(target.record.values), item.origins) << item.reason;
   }

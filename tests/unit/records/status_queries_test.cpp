@@ -99,9 +99,9 @@ TEST(StatusQuery, ReplyThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
   bench.printer().answers["S2"] = blockOf("S2 100\nx");
   bench.printer().answers["S4"] = blockOf("S4x");
   S& session = bench.session();
-  EXPECT_EQ(errorNumberOf([&] { second(session); }), 13);
-  EXPECT_EQ(errorNumberOf([&] { state(session); }), 13);
-  EXPECT_EQ(errorNumberOf([&] { fourth(session); }), 13);
+  EXPECT_EQ(errorOf([&] { second(session); }), 13);
+  EXPECT_EQ(errorOf([&] { state(session); }), 13);
+  EXPECT_EQ(errorOf([&] { fourth(session); }), 13);
   bench.printer().answers["S2"] = blockOf(kState);
   EXPECT_EQ(second(session), L"6");
 }
@@ -110,7 +110,7 @@ TEST(StatusQuery, ReplyThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
 template <typename Call>
 std::wstring toldBy(Call call) {
   double value = 0;
-  const std::int32_t error = errorNumberOf([&] { value = call(); });
+  const std::int32_t error = errorOf([&] { value = call(); });
   return error == 0 ? toText(value, Locale{}) : L"error " + std::to_wstring(error);
 }
 
@@ -195,8 +195,8 @@ TEST(QueryWithoutPrinter, RecordsAreSubstitutesAndOnlyTestModePreviewsTheOthers)
     EXPECT_EQ(state(session), L"0");
     EXPECT_TRUE(bench.printer().commands().empty());
     if (mode == L"SkipChecks") continue;
-    EXPECT_EQ(errorNumberOf([&] { static_cast<void>(numeroUltimaFactura(session)); }), 9);
-    EXPECT_EQ(errorNumberOf([&] { static_cast<void>(NumeroUltimoCierre(session)); }), 9);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(numeroUltimaFactura(session)); }), 9);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(NumeroUltimoCierre(session)); }), 9);
     EXPECT_EQ(views.front()->lines, (Lines{L"GET RESPONSE: S3", L"GET RESPONSE: S2",
                                            L"GET RESPONSE: S1", L"GET RESPONSE: S1"}));
   }

@@ -1,7 +1,7 @@
 #include "registration/host_arrays.h"
 
-#include "basic/run_time_error.h"
 #include "registration/safe_array.h"
+#include "support/error_of.h"
 #include "unit/registration/automation_host.h"
 
 namespace corvid::testing {
@@ -10,12 +10,7 @@ namespace {
 using HostArrays = AutomationTest;
 
 int errorOf(const HostArray& array, std::int32_t index) {
-  try {
-    static_cast<void>(array.text(index));
-    return 0;
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
+  return corvid::errorOf([&] { return array.text(index); });
 }
 
 Variant typedArray(VARTYPE type, std::vector<SAFEARRAYBOUND> bounds) {

@@ -1,6 +1,6 @@
 #include "registration/variant_conversions.h"
 
-#include "basic/run_time_error.h"
+#include "support/error_of.h"
 #include "unit/registration/automation_host.h"
 
 namespace corvid::testing {
@@ -10,16 +10,6 @@ using VariantConversions = AutomationTest;
 
 constexpr int kMismatch = 13;
 constexpr int kOverflow = 6;
-
-template <class Convert>
-int errorOf(Convert&& convert) {
-  try {
-    static_cast<void>(convert());
-    return 0;
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-}
 
 Variant currency(std::int64_t units) {
   Variant variant;

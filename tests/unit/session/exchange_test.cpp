@@ -130,9 +130,9 @@ TEST(Exchange, ClosedSessionWritesNothing) {
   bench.session().GetStatus();
   EXPECT_EQ(bench.outcome().pfError, pfCommError);
   EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
-  EXPECT_EQ(errorNumberOf([&] { bench.session().SendDirect(L"w"); }), 9);
-  EXPECT_EQ(errorNumberOf([&] { bench.session().SendAck(); }), 9);
-  EXPECT_EQ(errorNumberOf([&] { bench.session().NextStatusBlock(); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.session().SendDirect(L"w"); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.session().SendAck(); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.session().NextStatusBlock(); }), 9);
   EXPECT_TRUE(bench.world().serial.written().empty());
 }
 

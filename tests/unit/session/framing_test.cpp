@@ -1,6 +1,6 @@
 #include "session/framing.h"
 
-#include "unit/basic/error_of.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 

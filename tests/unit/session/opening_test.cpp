@@ -31,7 +31,7 @@ TEST(Opening, KnownSerialIsNotAskedFor) {
 TEST(Opening, NumberOutsideTheTableChangesNothing) {
   OpenBench bench;
   for (const std::int16_t port : {std::int16_t{0}, std::int16_t{100}, std::int16_t{-1}}) {
-    EXPECT_EQ(errorNumberOf([&] { bench.session().Abrir(port); }), 9) << port;
+    EXPECT_EQ(errorOf([&] { bench.session().Abrir(port); }), 9) << port;
   }
   EXPECT_EQ(bench.session().Execute(L"w"), 0) << "the open port still serves";
 }
@@ -75,7 +75,7 @@ TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
   auto second = bench.another();
   EXPECT_EQ(errorOfOpening(*second).description(), L"Error (-1): CommOpen - Port in use.");
   EXPECT_EQ(second->Execute(L"w"), pfCommError);
-  EXPECT_EQ(errorNumberOf([&] { second->SendDirect(L"w"); }), 9);
+  EXPECT_EQ(errorOf([&] { second->SendDirect(L"w"); }), 9);
   second->Cerrar();
   EXPECT_EQ(errorOfOpening(*second).number(), 40001);
   second.reset();
