@@ -1,6 +1,6 @@
 # Checks of the sources themselves.
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
-add_test(NAME checks.rooms COMMAND ${scripts}/check-rooms)
+add_test(NAME checks.layers COMMAND ${scripts}/check-layers)
 add_test(NAME checks.format COMMAND ${scripts}/check-format)
 foreach(folder src/basic src/port src/preview src/session src/documents src/records simulator)
   string(REPLACE "src/" "" name ${folder})

@@ -5,7 +5,7 @@ import re
 import harness
 from harness import HostTest, LIBRARY, ROOT, register, registry, windows_path
 
-IDL = (ROOT / "src/registration/corvid.idl").read_text(encoding="utf-8")
+IDL = (ROOT / "src/com/corvid.idl").read_text(encoding="utf-8")
 COCLASS = re.compile(r"^ +(\[[^\]]*\])\s+coclass (\w+)", re.MULTILINE)
 CLASSES = [name for attributes, name in COCLASS.findall(IDL) if "noncreatable" not in attributes]
 PLACES = (r"HKLM\Software\Classes", r"HKCU\Software\Classes")

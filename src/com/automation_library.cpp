@@ -1,0 +1,67 @@
+#include "com/automation_library.h"
+
+#include "records/status_queries.h"
+#include "session/library.h"
+#include "windows/clock.h"
+#include "windows/host.h"
+#include "windows/locale.h"
+#include "windows/report_views.h"
+#include "windows/serial_calls.h"
+#include "windows/settings_sources.h"
+
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace corvid {
+
+// In the order of their needs.
+struct AutomationLibrary::Parts {
+  const DWORD thread = GetCurrentThreadId();
+  WindowsCodePage codePage;
+  WindowsLocale locale;
+  WindowsClock clock;
+  WindowsInitializationFile file{codePage};
+  WindowsUserSettings store;
+  WindowsSerialCalls serial;
+  WindowsHostYield host;
+  WindowsMessageDialog dialog;
+  WindowsShellFolders folders{codePage};
+  Settings settings{file, store};
+  WindowsReportViews views{settings};
+  RecordStatusSource status;
+  Library library{{file, store, serial, host, dialog, folders, views, clock, codePage, locale}};
+};
+
+namespace {
+
+std::mutex theGate;
+// No owner: at the end of a process that never asked whether to unload, windows and printers may
+// not be touched any more.
+AutomationLibrary* theInstance = nullptr;
+
+}  // namespace
+
+AutomationLibrary::AutomationLibrary() : parts_(std::make_unique<Parts>()) {}
+
+AutomationLibrary::~AutomationLibrary() = default;
+
+AutomationLibrary& AutomationLibrary::instance() {
+  const std::lock_guard lock(theGate);
+  if (theInstance == nullptr) theInstance = std::make_unique<AutomationLibrary>().release();
+  return *theInstance;
+}
+
+bool AutomationLibrary::discard() noexcept {
+  const std::lock_guard lock(theGate);
+  if (theInstance == nullptr) return true;
+  if (theInstance->parts_->thread != GetCurrentThreadId()) return false;
+  const std::unique_ptr<AutomationLibrary> gone(std::exchange(theInstance, nullptr));
+  return true;
+}
+
+Library& AutomationLibrary::library() { return parts_->library; }
+
+StatusSource& AutomationLibrary::statusSource() { return parts_->status; }
+
+}  // namespace corvid

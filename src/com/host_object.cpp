@@ -1,0 +1,57 @@
+#include "com/host_object.h"
+
+#include "basic/run_time_error.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
+
+#include <dispex.h>
+
+#include <algorithm>
+
+namespace corvid {
+namespace {
+
+constexpr std::int32_t kNoSuchMember = 438;
+
+// Objects of some script engines know their members by this way alone.
+bool findScriptMember(IDispatch& object, const wchar_t* name, DISPID& member) {
+  ComPtr<IDispatchEx> script;
+  const Bstr spelled(name);
+  return SUCCEEDED(object.QueryInterface(__uuidof(IDispatchEx), script.putVoid())) &&
+         SUCCEEDED(script->GetDispID(spelled.get(), fdexNameCaseInsensitive, &member));
+}
+
+DISPID memberOf(IDispatch& object, const wchar_t* name) {
+  auto* spelled = const_cast<LPOLESTR>(name);  // the system only reads it
+  DISPID member = DISPID_UNKNOWN;
+  if (FAILED(object.GetIDsOfNames(IID_NULL, &spelled, 1, LOCALE_USER_DEFAULT, &member)) &&
+      !findScriptMember(object, name, member)) {
+    throw RunTimeError(kNoSuchMember, {}, L"Object doesn't support this property or method");
+  }
+  return member;
+}
+
+Variant invokeMember(IDispatch& object, const wchar_t* name, WORD flags, DISPPARAMS arguments) {
+  Variant result;
+  const HRESULT outcome = object.Invoke(memberOf(object, name), IID_NULL, LOCALE_USER_DEFAULT,
+                                        flags, &arguments, result.put(), nullptr, nullptr);
+  if (FAILED(outcome)) throw RunTimeError(outcome, {}, L"The host's object failed");
+  return result;
+}
+
+}  // namespace
+
+Variant propertyOf(IDispatch& object, const wchar_t* name) {
+  return invokeMember(object, name, DISPATCH_PROPERTYGET, {});
+}
+
+void callMethod(IDispatch& object, const wchar_t* name, std::vector<Variant> arguments) {
+  std::vector<VARIANT> reversed;  // shallow copies: the arguments own what they hold
+  for (const Variant& argument : arguments) reversed.push_back(argument.value());
+  std::ranges::reverse(reversed);
+  static_cast<void>(
+      invokeMember(object, name, DISPATCH_METHOD,
+                   {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0}));
+}
+
+}  // namespace corvid

@@ -1,0 +1,27 @@
+#include "com/late_call.h"
+
+#include "com/late_arguments.h"
+#include "com/type_descriptions.h"
+
+namespace corvid {
+namespace {
+
+HRESULT pass(ITypeInfo& info, void* object, const LateCall& call, DISPPARAMS* arguments) {
+  return info.Invoke(object, call.member, call.flags, arguments, call.result, call.exception,
+                     call.badArgument);
+}
+
+}  // namespace
+
+HRESULT invoke(ITypeInfo& info, void* object, const LateCall& call) {
+  if (call.arguments->cArgs == 0) return pass(info, object, call, call.arguments);
+  const FunctionDescription member = findFunction(info, call.member, call.flags);
+  if (!member) return pass(info, object, call, call.arguments);
+
+  LateArguments arguments(info, *call.arguments);
+  HRESULT result = arguments.fit(*member, call.badArgument);
+  if (SUCCEEDED(result)) result = pass(info, object, call, arguments.get());
+  return SUCCEEDED(result) ? arguments.writeBack() : result;
+}
+
+}  // namespace corvid

@@ -1,6 +1,0 @@
-#include "registration/module.h"
-
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
-  if (reason == DLL_PROCESS_ATTACH) corvid::keepModuleHandle(module);
-  return TRUE;
-}

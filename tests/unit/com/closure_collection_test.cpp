@@ -1,0 +1,147 @@
+// The collection of closures: places, and the walks that hosts' loops make.
+#include "com/automation_library.h"
+#include "com/coleccion_zmf_object.h"
+#include "com/reporte_zmf_object.h"
+#include "records/reporte_zmf.h"
+#include "unit/registration/automation_host.h"
+
+namespace corvid::testing {
+namespace {
+
+ComPtr<IReporteZMF> closure(std::int16_t number) {
+  auto record = std::make_shared<ReporteZMF>(AutomationLibrary::instance().library());
+  record->values.numeroCierre = number;
+  return ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(std::move(record)).detach());
+}
+
+// Closures 11, 12 and 13.
+ComPtr<IColeccionZMF> threeClosures() {
+  std::vector<ComPtr<IReporteZMF>> closures = {closure(11), closure(12), closure(13)};
+  auto list = std::make_shared<const std::vector<ComPtr<IReporteZMF>>>(std::move(closures));
+  return ComPtr<IColeccionZMF>::adopt(makeObject<ColeccionZMFObject>(std::move(list)).detach());
+}
+
+ComPtr<IEnumVARIANT> walkOver(IColeccionZMF* collection) {
+  ComPtr<IUnknown> walk;
+  EXPECT_EQ(S_OK, collection->_NewEnum(walk.put()));
+  return walk.as<IEnumVARIANT>();
+}
+
+short numberOf(const VARIANT& item) {
+  short number = 0;
+  if (V_VT(&item) != VT_DISPATCH) return -1;
+  const ComPtr<IDispatch> object(V_DISPATCH(&item));
+  object.as<IReporteZMF>()->get_numeroCierre(&number);
+  return number;
+}
+
+// The numbers of the next closures, up to `count`; how the walk answered last stands behind them.
+std::vector<int> next(IEnumVARIANT* walk, ULONG count) {
+  std::vector<VARIANT> items(count);
+  ULONG fetched = 99;
+  const HRESULT outcome = walk->Next(count, items.data(), &fetched);
+  std::vector<int> numbers;
+  for (ULONG i = 0; i < fetched; ++i) {
+    numbers.push_back(numberOf(items[i]));
+    VariantClear(&items[i]);
+  }
+  numbers.push_back(outcome);
+  return numbers;
+}
+
+using ClosureCollection = AutomationTest;
+using Numbers = std::vector<int>;
+
+TEST_F(ClosureCollection, CountsItsPlacesFromOne) {
+  const auto collection = threeClosures();
+  LONG count = 0;
+  EXPECT_EQ(S_OK, collection->get_Count(&count));
+  EXPECT_EQ(3, count);
+  const struct {
+    Variant place;
+    HRESULT outcome;
+    short number;
+    const char* reason;
+  } cases[] = {
+      {Variant::ofInt16(1), S_OK, 11, "the first"},
+      {Variant::ofInt32(3), S_OK, 13, "the last"},
+      {text(L"2"), S_OK, 12, "a number as text"},
+      {number(1.5), S_OK, 12, "half to even"},
+      {Variant::ofInt16(0), static_cast<HRESULT>(0x800A0009), 0, "in front of the first"},
+      {Variant::ofInt16(4), static_cast<HRESULT>(0x800A0009), 0, "behind the last"},
+      {Variant::ofInt16(-1), static_cast<HRESULT>(0x800A0009), 0, "negative"},
+      {number(1e10), static_cast<HRESULT>(0x800A0006), 0, "no 32-bit number"},
+      {text(L"dos"), static_cast<HRESULT>(0x800A000D), 0, "no number"},
+  };
+  for (const auto& one : cases) {
+    ComPtr<IReporteZMF> item;
+    EXPECT_EQ(one.outcome, collection->get_Item(one.place.value(), item.put())) << one.reason;
+    short found = 0;
+    if (item) item->get_numeroCierre(&found);
+    EXPECT_EQ(one.number, found) << one.reason;
+  }
+}
+
+TEST_F(ClosureCollection, GivesTheSameObjectForAPlaceAndToAWalk) {
+  const auto collection = threeClosures();
+  Variant first = Variant::ofInt16(1);
+  DISPPARAMS arguments{first.get(), nullptr, 1, 0};
+  const LateResult byDefault =
+      invokeWith(collection.get(), DISPID_VALUE, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
+  ASSERT_EQ(VT_DISPATCH, byDefault.value.type());
+  ComPtr<IReporteZMF> item;
+  collection->get_Item(first.value(), item.put());
+  EXPECT_EQ(static_cast<IDispatch*>(item.get()), V_DISPATCH(&byDefault.value.value()));
+  Variant walked;
+  ASSERT_EQ(S_OK, walkOver(collection.get())->Next(1, walked.put(), nullptr));
+  EXPECT_EQ(static_cast<IDispatch*>(item.get()), V_DISPATCH(&walked.value()));
+}
+
+TEST_F(ClosureCollection, IsWalkedInItsOrderAndNoFurther) {
+  const auto walk = walkOver(threeClosures().get());  // which outlives its collection
+  EXPECT_EQ((Numbers{11, 12, S_OK}), next(walk.get(), 2));
+  EXPECT_EQ((Numbers{13, S_FALSE}), next(walk.get(), 2));
+  EXPECT_EQ((Numbers{S_FALSE}), next(walk.get(), 1));
+  EXPECT_EQ((Numbers{S_OK}), next(walk.get(), 0));
+  EXPECT_EQ(S_OK, walk->Reset());
+  EXPECT_EQ((Numbers{11, S_OK}), next(walk.get(), 1));
+  EXPECT_EQ(E_POINTER, walk->Next(1, nullptr, nullptr));
+}
+
+TEST_F(ClosureCollection, IsWalkedOverByTwoAtATime) {
+  const auto first = walkOver(threeClosures().get());
+  EXPECT_EQ(S_OK, first->Skip(1));
+  ComPtr<IEnumVARIANT> second;
+  ASSERT_EQ(S_OK, first->Clone(second.put()));
+  EXPECT_EQ((Numbers{12, 13, S_OK}), next(first.get(), 2));
+  EXPECT_EQ((Numbers{12, S_OK}), next(second.get(), 1));
+  EXPECT_EQ(S_FALSE, second->Skip(2));
+  EXPECT_EQ((Numbers{S_FALSE}), next(second.get(), 1));
+}
+
+TEST_F(ClosureCollection, GivesLateBoundHostsItsWalk) {
+  const auto collection = threeClosures();
+  for (const WORD more : {WORD{0}, WORD{DISPATCH_PROPERTYGET}}) {
+    DISPPARAMS none{};
+    const LateResult walk =
+        invokeWith(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | more, none);
+    ASSERT_EQ(VT_UNKNOWN, walk.value.type());
+    const ComPtr<IUnknown> object(V_UNKNOWN(&walk.value.value()));
+    EXPECT_TRUE(object.as<IEnumVARIANT>());
+    EXPECT_FALSE(object.as<IDispatch>());
+  }
+}
+
+TEST_F(ClosureCollection, KeepsTheModuleLoadedAsLongAsAnythingOfIt) {
+  auto walk = walkOver(threeClosures().get());
+  EXPECT_EQ(S_FALSE, DllCanUnloadNow());
+  Variant item;
+  walk->Next(1, item.put(), nullptr);
+  walk = {};
+  EXPECT_EQ(S_FALSE, DllCanUnloadNow());
+  static_cast<void>(item.put());
+  EXPECT_EQ(S_OK, DllCanUnloadNow());
+}
+
+}  // namespace
+}  // namespace corvid::testing

@@ -1,0 +1,189 @@
+// The records as hosts use them: properties, arrays of fields, and the session that they read from.
+#include "com/safe_array.h"
+#include "com/type_descriptions.h"
+#include "com/type_library.h"
+#include "unit/registration/automation_host.h"
+
+namespace corvid::testing {
+namespace {
+
+using RecordObjects = AutomationTest;
+
+constexpr auto kMismatch = static_cast<HRESULT>(0x800A000D);
+constexpr auto kNoElement = static_cast<HRESULT>(0x800A0009);
+
+const IID kRecords[] = {__uuidof(::PrinterResponse1), __uuidof(::PrinterResponse2),
+                        __uuidof(::EstadoDocumento),  __uuidof(::PrinterResponse3),
+                        __uuidof(::PrinterResponse4), __uuidof(::ResumenZ),
+                        __uuidof(::ReporteZMF)};
+
+std::vector<DISPID> writableProperties(IDispatch* object) {
+  ComPtr<ITypeInfo> info;
+  object->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put());
+  const TypeAttributes attributes = attributesOf(*info.get());
+  std::vector<DISPID> properties;
+  for (UINT i = 0; i < attributes->cFuncs; ++i) {
+    const FunctionDescription member = functionAt(*info.get(), i);
+    if (member->invkind == INVOKE_PROPERTYPUT) properties.push_back(member->memid);
+  }
+  return properties;
+}
+
+void put(IDispatch* object, DISPID property, const VARIANT& value) {
+  VARIANT argument = value;
+  DISPID isPut = DISPID_PROPERTYPUT;
+  DISPPARAMS arguments{&argument, &isPut, 1, 1};
+  EXPECT_EQ(S_OK, invokeWith(object, property, DISPATCH_PROPERTYPUT, arguments).outcome);
+}
+
+Variant get(IDispatch* object, DISPID property) {
+  DISPPARAMS none{};
+  return std::move(invokeWith(object, property, DISPATCH_PROPERTYGET, none).value);
+}
+
+// A property wired to its neighbour's value is found, whatever the record: no two values are alike,
+// but that Booleans are all True, one at a time.
+TEST_F(RecordObjects, KeepEveryPropertyByItself) {
+  for (const IID& id : kRecords) {
+    const auto object = create<IDispatch>(id);
+    const std::vector<DISPID> properties = writableProperties(object.get());
+    EXPECT_FALSE(properties.empty());
+    for (const DISPID property : properties) put(object.get(), property, number(property).value());
+    for (const DISPID property : properties) {
+      Variant found = get(object.get(), property);
+      if (found.type() == VT_BOOL) {
+        EXPECT_EQ(VARIANT_TRUE, V_BOOL(&found.value())) << property;
+        put(object.get(), property, boolean(false).value());
+        continue;
+      }
+      Variant asNumber;
+      ASSERT_EQ(S_OK, changeType(found.value(), VT_R8, asNumber)) << property;
+      EXPECT_EQ(property, V_R8(&asNumber.value()));
+    }
+  }
+}
+
+Variant arrayOf(std::vector<Variant> elements) {
+  SafeArray array(elements.size());
+  for (std::size_t i = 0; i < elements.size(); ++i) array.set(i, std::move(elements[i]));
+  return std::move(array).toVariant();
+}
+
+// The fields of a reply about the open document; the element that no record reads is no text.
+Variant documentFields() {
+  std::vector<Variant> fields;
+  fields.push_back(text(L"S2 0001500"));
+  fields.push_back(Variant::ofInt16(240));
+  fields.push_back(missing());
+  fields.push_back(text(L"2"));
+  fields.push_back(Variant::ofInt32(1740));
+  fields.push_back(number(1));
+  fields.push_back(text(L"3"));
+  return arrayOf(std::move(fields));
+}
+
+double amountOf(const wchar_t* property, IDispatch* record) {
+  const LateResult found = callLate(record, property);
+  return found.value.type() == VT_CY ? static_cast<double>(V_CY(&found.value.value()).int64) / 10000
+                                     : -1;
+}
+
+TEST_F(RecordObjects, TakeArraysInEveryWayThatHostsPassThem) {
+  Variant fields = documentFields();
+  VARIANT typed;
+  V_VT(&typed) = VT_BYREF | VT_ARRAY | VT_VARIANT;
+  V_ARRAYREF(&typed) = &V_ARRAY(fields.get());
+  VARIANT nested;
+  V_VT(&nested) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&nested) = &typed;
+  const struct {
+    VARIANT argument;
+    const char* way;
+  } cases[] = {{fields.value(), "an array"},
+               {variable(fields), "a script's variable"},
+               {typed, "an array variable"},
+               {nested, "a variable that refers to an array variable"}};
+  for (const auto& one : cases) {
+    const auto record = create<IPrinterResponse2>(__uuidof(::PrinterResponse2));
+    const auto state = create<IEstadoDocumento>(__uuidof(::EstadoDocumento));
+    EXPECT_EQ(S_OK, callLate(record.get(), L"loadFromResponse", {one.argument}).outcome) << one.way;
+    EXPECT_EQ(S_OK, callLate(state.get(), L"loadFromResponse", {one.argument}).outcome) << one.way;
+    EXPECT_EQ(15, amountOf(L"subTotalVenta", record.get())) << one.way;
+    EXPECT_EQ(17.4, amountOf(L"MontoPorPagar", state.get())) << one.way;
+  }
+  EXPECT_EQ(VT_ARRAY | VT_VARIANT, fields.type());
+}
+
+TEST_F(RecordObjects, RaiseForWhatIsNoArrayAndForMissingElements) {
+  for (const IID& id : {__uuidof(::PrinterResponse2), __uuidof(::EstadoDocumento),
+                        __uuidof(::PrinterResponse4), __uuidof(::ReporteZMF)}) {
+    const auto record = create<IDispatch>(id);
+    Variant words = text(L"S2 1");
+    EXPECT_EQ(kMismatch, callLate(record.get(), L"loadFromResponse", {variable(words)}).raised);
+  }
+  const auto record = create<IPrinterResponse2>(__uuidof(::PrinterResponse2));
+  std::vector<Variant> fields;
+  fields.push_back(text(L"S2 0001500"));
+  Variant cut = arrayOf(std::move(fields));
+  EXPECT_EQ(kNoElement, record->loadFromResponse(cut.get()));
+  EXPECT_EQ(15, amountOf(L"subTotalVenta", record.get()));
+  EXPECT_EQ(E_POINTER, record->loadFromResponse(nullptr));
+}
+
+TEST_F(RecordObjects, GiveTheAmountOfEachMeans) {
+  const auto record = create<IPrinterResponse4>(__uuidof(::PrinterResponse4));
+  std::vector<Variant> fields;
+  fields.push_back(text(L"S4150"));
+  fields.push_back(text(L"250"));
+  ASSERT_EQ(S_OK, record->loadFromResponse(arrayOf(std::move(fields)).value()));
+  short means = 0;
+  record->get_nMedios(&means);
+  EXPECT_EQ(2, means);
+  CURRENCY amount{};
+  EXPECT_EQ(S_OK, record->valor(text(L"2").value(), &amount));
+  EXPECT_EQ(25000, amount.int64);
+  EXPECT_EQ(kMismatch, record->valor(text(L"dos").value(), &amount));
+  EXPECT_EQ(0, amount.int64);
+}
+
+TEST_F(RecordObjects, ReadFromASessionAlone) {
+  const auto session = newSession();
+  const auto buffer = newBuffer();
+  const auto summary = create<IResumenZ>(__uuidof(::ResumenZ));
+  const auto closure = create<IReporteZMF>(__uuidof(::ReporteZMF));
+  // As an early-bound host may do it, whose compiler believed a cast.
+  auto* other = reinterpret_cast<IPrinterFiscal*>(buffer.get());
+  Variant seven = Variant::ofInt16(7);
+  VARIANT_BOOL loaded = VARIANT_TRUE;
+  EXPECT_EQ(kMismatch, summary->load(other));
+  EXPECT_EQ(kMismatch, summary->Refresh(nullptr));
+  EXPECT_EQ(kMismatch, closure->load(other, seven.get(), &loaded));
+  EXPECT_EQ(DISP_E_TYPEMISMATCH,
+            callLate(summary.get(), L"load", {objectValue(buffer.get()).value()}).outcome);
+
+  EXPECT_EQ(S_OK, callLate(summary.get(), L"load", {objectValue(session.get()).value()}).outcome);
+  short number = 0;
+  summary->get_numeroUltimoZ(&number);
+  EXPECT_EQ(-1, number);
+  const LateResult late =
+      callLate(closure.get(), L"load", {objectValue(session.get()).value(), variable(seven)});
+  EXPECT_EQ(VT_BOOL, late.value.type());
+  EXPECT_EQ(VARIANT_FALSE, V_BOOL(&late.value.value()));
+  EXPECT_EQ(VT_I2, seven.type());
+}
+
+TEST_F(RecordObjects, DescribeThemselves) {
+  for (const IID& id : kRecords) {
+    if (id == __uuidof(::PrinterResponse4)) continue;  // which has no words
+    const LateResult words = callLate(create<IDispatch>(id).get(), L"toString");
+    EXPECT_EQ(S_OK, words.outcome);
+    EXPECT_NE(std::wstring::npos, textIn(words.value).find(L"\r\n"));
+  }
+  // The one that gives a Variant, also to early-bound hosts.
+  Variant words;
+  EXPECT_EQ(S_OK, create<IReporteZMF>(__uuidof(::ReporteZMF))->toString(words.put()));
+  EXPECT_EQ(0U, textIn(words).find(L"NumeroCierre = 0\r\n"));
+}
+
+}  // namespace
+}  // namespace corvid::testing

@@ -1,0 +1,154 @@
+#include "com/variant_conversions.h"
+
+#include "support/error_of.h"
+#include "unit/registration/automation_host.h"
+
+namespace corvid::testing {
+namespace {
+
+using VariantConversions = AutomationTest;
+
+constexpr int kMismatch = 13;
+constexpr int kOverflow = 6;
+
+Variant currency(std::int64_t units) {
+  Variant variant;
+  V_VT(variant.get()) = VT_CY;
+  V_CY(variant.get()).int64 = units;
+  return variant;
+}
+
+Variant unsignedHuge(ULONGLONG value) {
+  Variant variant;
+  V_VT(variant.get()) = VT_UI8;
+  V_UI8(variant.get()) = value;
+  return variant;
+}
+
+Variant dateValue(double days) {
+  Variant variant = number(days);
+  V_VT(variant.get()) = VT_DATE;
+  return variant;
+}
+
+// 79228162514264337593543950335 / 10^28: more digits than 64 bits hold.
+Variant longDecimal() {
+  Variant variant;
+  DECIMAL value{};
+  value.scale = 28;
+  value.Hi32 = 0xFFFFFFFF;
+  value.Lo64 = 0xFFFFFFFFFFFFFFFF;
+  V_DECIMAL(variant.get()) = value;
+  V_VT(variant.get()) = VT_DECIMAL;
+  return variant;
+}
+
+TEST_F(VariantConversions, GiveTextsAsTheUserWritesThem) {
+  struct Case {
+    Variant value;
+    std::wstring text;
+  };
+  std::vector<Case> cases;
+  cases.push_back({text(L"PAN"), L"PAN"});
+  cases.push_back({Variant(), L""});
+  cases.push_back({nullValue(), L""});
+  cases.push_back({Variant::ofInt32(-12345678), L"-12345678"});
+  cases.push_back({boolean(true), L"True"});
+  cases.push_back({Variant(Bstr(std::wstring_view(L"a\0b", 3))), std::wstring(L"a\0b", 3)});
+  for (const Case& one : cases) EXPECT_EQ(one.text, toText(one.value.value()));
+  EXPECT_EQ(kMismatch, errorOf([] { return toText(missing().value()); }));
+  EXPECT_EQ(kMismatch, errorOf([] { return toTextNoNull(nullValue().value()); }));
+  EXPECT_EQ(L"", toTextNoNull(Variant().value()));
+}
+
+TEST_F(VariantConversions, GiveExactDecimals) {
+  struct Case {
+    Variant value;
+    const wchar_t* decimal;
+    const char* reason;
+  };
+  std::vector<Case> cases;
+  cases.push_back({number(1.005), L"1.005", "a double counts by its 15 digits"});
+  cases.push_back({number(0.1 + 0.2), L"0.3", "a double counts by its 15 digits"});
+  cases.push_back({currency(-10050), L"-1.005", "four decimals, no double between"});
+  cases.push_back({longDecimal(), L"7.9228162514264337593543950335", "96 bits"});
+  cases.push_back({boolean(true), L"-1", "True is -1"});
+  cases.push_back({Variant(), L"0", "Empty is zero"});
+  cases.push_back({text(L"12"), L"12", "a text"});
+  cases.push_back({text(L"922337203685477.5807"), L"922337203685477.5807", "no double between"});
+  cases.push_back({unsignedHuge(9223372036854775807U), L"9223372036854775807", "64 bits"});
+  for (const Case& one : cases) {
+    EXPECT_EQ(0, Decimal::parse(one.decimal)->compare(toDecimal(one.value.value()))) << one.reason;
+  }
+}
+
+TEST_F(VariantConversions, RoundHalfToEvenAtTheEdgeOfTheType) {
+  EXPECT_EQ(10002, toCurrency(number(1.00025).value()).units());
+  EXPECT_EQ(10004, toCurrency(text(L"1.00035").value()).units());
+  EXPECT_EQ(8, toInt16(number(7.5).value()));
+  EXPECT_EQ(8, toInt16(text(L" 8 ").value()));
+  EXPECT_EQ(32767, toInt16(Variant::ofInt32(32767).value()));
+}
+
+TEST_F(VariantConversions, RefuseWhatIsNoNumberOrTooLarge) {
+  struct Case {
+    Variant value;
+    int error;
+    const char* reason;
+  };
+  std::vector<Case> cases;
+  cases.push_back({text(L"siete"), kMismatch, "words"});
+  cases.push_back({text(L""), kMismatch, "no digits"});
+  cases.push_back({nullValue(), kMismatch, "Null is no number"});
+  cases.push_back({missing(), kMismatch, "a left-out argument"});
+  cases.push_back({objectValue(nullptr), kMismatch, "Nothing has no default property"});
+  cases.push_back({number(32768), kOverflow, "one above 16 bits"});
+  cases.push_back({text(L"32767.5"), kOverflow, "rounds to one above"});
+  cases.push_back({unsignedHuge(9223372036854775808U), kOverflow, "one above 64 bits"});
+  for (const Case& one : cases) {
+    EXPECT_EQ(one.error, errorOf([&] { return toInt16(one.value.value()); })) << one.reason;
+  }
+  EXPECT_EQ(kOverflow, errorOf([] { return toCurrency(number(1e15).value()); }));
+  EXPECT_EQ(kMismatch, errorOf([] { return toDouble(nullValue().value()); }));
+}
+
+TEST_F(VariantConversions, LookThroughVariablesAndObjects) {
+  Variant inner = number(2.5);
+  Variant outer;
+  *outer.get() = variable(inner);
+  EXPECT_EQ(2.5, toDouble(outer.value()));
+  EXPECT_EQ(2.5, toDouble(variable(inner)));
+  Variant left = missing();
+  EXPECT_TRUE(isMissing(variable(left)));
+  EXPECT_EQ(std::nullopt, toOptionalText(left.value()));
+  EXPECT_EQ(L"", toOptionalText(Variant().value()));
+
+  const auto buffer = newBuffer();
+  putLate(buffer.get(), L"Value", text(L"42").value());
+  EXPECT_EQ(42, toInt16(objectValue(buffer.get()).value()));
+  EXPECT_EQ(kMismatch, errorOf([] { return toText(objectValue(newSession().get()).value()); }));
+}
+
+TEST_F(VariantConversions, ReadBooleans) {
+  EXPECT_TRUE(toBoolean(boolean(true).value()));
+  EXPECT_TRUE(toBoolean(number(0.1).value()));
+  EXPECT_TRUE(toBoolean(text(L"true").value()));
+  EXPECT_FALSE(toBoolean(text(L"0").value()));
+  EXPECT_FALSE(toBoolean(Variant().value()));
+  EXPECT_EQ(kMismatch, errorOf([] { return toBoolean(text(L"si").value()); }));
+  EXPECT_EQ(kMismatch, errorOf([] { return toBoolean(nullValue().value()); }));
+}
+
+TEST_F(VariantConversions, ReadDatesOrBlanks) {
+  EXPECT_EQ(std::nullopt, toDateOrBlank(nullValue().value()));
+  EXPECT_EQ(std::nullopt, toDateOrBlank(Variant().value()));
+  EXPECT_EQ(std::nullopt, toDateOrBlank(text(L"").value()));
+  EXPECT_EQ(Date{46095.5}, toDateOrBlank(dateValue(46095.5).value()));
+  EXPECT_EQ(Date{46095}, toDateOrBlank(Variant::ofInt32(46095).value()));
+  EXPECT_EQ(Date{46095}, toDateOrBlank(text(L"2026-03-14").value()));
+  EXPECT_EQ(kMismatch, errorOf([] { return toDateOrBlank(text(L"ayer").value()); }));
+  EXPECT_EQ(kOverflow, errorOf([] { return toDateOrBlank(dateValue(1e9).value()); }));
+}
+
+}  // namespace
+}  // namespace corvid::testing
