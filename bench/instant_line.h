@@ -2,7 +2,7 @@
 // always idle and acknowledges everything.
 #pragma once
 
-#include "port/serial_calls.h"
+#include "transport/serial_calls.h"
 
 #include <cstddef>
 #include <string>

@@ -3,8 +3,10 @@
 #include "records/status_queries.h"
 #include "session/library.h"
 #include "windows/clock.h"
-#include "windows/host.h"
+#include "windows/folders.h"
 #include "windows/locale.h"
+#include "windows/message_box.h"
+#include "windows/message_pump.h"
 #include "windows/report_views.h"
 #include "windows/serial_calls.h"
 #include "windows/settings_sources.h"
@@ -24,13 +26,13 @@ struct AutomationLibrary::Parts {
   WindowsInitializationFile file{codePage};
   WindowsUserSettings store;
   WindowsSerialCalls serial;
-  WindowsHostYield host;
+  WindowsMessagePump pump;
   WindowsMessageDialog dialog;
-  WindowsShellFolders folders{codePage};
+  WindowsFolders folders{codePage};
   Settings settings{file, store};
   WindowsReportViews views{settings};
   RecordStatusSource status;
-  Library library{{file, store, serial, host, dialog, folders, views, clock, codePage, locale}};
+  Library library{{file, store, serial, pump, dialog, folders, views, clock, codePage, locale}};
 };
 
 namespace {

@@ -4,7 +4,7 @@
 #include "com/dispatch_object.h"
 #include "com/event_connections.h"
 #include "corvid_interfaces.h"
-#include "port/settings.h"
+#include "platform/settings.h"
 #include "windows/quick_view_form.h"
 
 #include <memory>

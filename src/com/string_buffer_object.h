@@ -1,9 +1,9 @@
 // CStringBuffer for hosts.
 #pragma once
 
+#include "basic/string_buffer.h"
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "preview/string_buffer.h"
 
 namespace corvid {
 

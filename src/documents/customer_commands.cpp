@@ -1,7 +1,7 @@
 #include "documents/customer_commands.h"
 
 #include "basic/format.h"
-#include "documents/text_lines.h"
+#include "basic/text_lines.h"
 
 namespace corvid {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/text.h"
-#include "documents/text_lines.h"
+#include "basic/text_lines.h"
 
 namespace corvid {
 namespace {

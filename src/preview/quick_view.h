@@ -1,7 +1,7 @@
 // lfQuickView: the behaviour of the preview window, with no window handle in it.
 #pragma once
 
-#include "port/settings.h"
+#include "platform/settings.h"
 #include "preview/quick_view_controls.h"
 #include "preview/quick_view_window.h"
 #include "preview/report.h"

@@ -1,11 +1,11 @@
 // The report of a preview window: its lines and pages, fitted to a printer and printed on it.
 #pragma once
 
-#include "port/settings.h"
+#include "basic/string_buffer.h"
+#include "platform/settings.h"
 #include "preview/report_dialogs.h"
 #include "preview/report_printer.h"
 #include "preview/report_text_box.h"
-#include "preview/string_buffer.h"
 
 #include <cstdint>
 #include <string>

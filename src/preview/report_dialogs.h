@@ -1,7 +1,7 @@
 // The seam to the boxes and dialogs that a report window shows its user.
 #pragma once
 
-#include "port/host.h"
+#include "platform/message_dialog.h"
 
 #include <optional>
 #include <string>

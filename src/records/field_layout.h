@@ -5,7 +5,7 @@
 #include "basic/currency.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "port/clock.h"
+#include "platform/clock.h"
 #include "records/field_array.h"
 #include "records/printer_date.h"
 

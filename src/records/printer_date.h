@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/date.h"
-#include "port/clock.h"
+#include "platform/clock.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // The text form of a record: one line per value.
 #pragma once
 
-#include "preview/string_buffer.h"
+#include "basic/string_buffer.h"
 
 #include <string>
 #include <string_view>

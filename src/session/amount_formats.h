@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/decimal.h"
-#include "port/settings.h"
+#include "platform/settings.h"
 
 #include <array>
 #include <cstdint>

@@ -6,7 +6,7 @@ Library::Library(const Surroundings& surroundings)
     : around_(surroundings),
       settings_(surroundings.file, surroundings.store),
       dump_(settings_, surroundings.clock, surroundings.dialog),
-      comm_({surroundings.serial, surroundings.host, settings_, surroundings.clock, dump_,
+      comm_({surroundings.serial, surroundings.pump, settings_, surroundings.clock, dump_,
              surroundings.codePage}),
       trace_({settings_, surroundings.clock, surroundings.folders, surroundings.views,
               surroundings.codePage, surroundings.locale}) {}

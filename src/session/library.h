@@ -3,14 +3,16 @@
 
 #include "basic/code_page.h"
 #include "basic/locale.h"
-#include "port/clock.h"
-#include "port/host.h"
-#include "port/modcomm.h"
-#include "port/port_dump.h"
-#include "port/report_view.h"
-#include "port/serial_calls.h"
-#include "port/settings.h"
-#include "port/trace.h"
+#include "platform/clock.h"
+#include "platform/folders.h"
+#include "platform/message_dialog.h"
+#include "platform/message_pump.h"
+#include "platform/report_view.h"
+#include "platform/settings.h"
+#include "platform/trace.h"
+#include "transport/modcomm.h"
+#include "transport/port_dump.h"
+#include "transport/serial_calls.h"
 
 #include <string>
 
@@ -21,9 +23,9 @@ struct Surroundings {
   InitializationFile& file;
   UserSettings& store;
   SerialCalls& serial;
-  HostYield& host;
+  MessagePump& pump;
   MessageDialog& dialog;
-  ShellFolders& folders;
+  Folders& folders;
   ReportViews& views;
   Clock& clock;
   const CodePage& codePage;

@@ -1,5 +1,5 @@
 // The members of PrinterFiscal that return a reply's fields.
-#include "preview/string_buffer.h"
+#include "basic/string_buffer.h"
 #include "session/framing.h"
 #include "session/printer_fiscal.h"
 

@@ -1,7 +1,7 @@
 // Whole-number settings of the session's section.
 #pragma once
 
-#include "port/settings.h"
+#include "platform/settings.h"
 
 #include <cstdint>
 

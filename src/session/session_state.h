@@ -1,7 +1,7 @@
 // The state of one session: what a host sees, and the settings read at creation.
 #pragma once
 
-#include "port/pending_view.h"
+#include "platform/pending_view.h"
 #include "session/protocol.h"
 #include "session/status_source.h"
 

@@ -1,7 +1,7 @@
 // The system's local time.
 #pragma once
 
-#include "port/clock.h"
+#include "platform/clock.h"
 
 namespace corvid {
 

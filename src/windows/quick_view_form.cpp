@@ -2,7 +2,7 @@
 #include "windows/quick_view_form.h"
 
 #include "basic/run_time_error.h"
-#include "windows/host.h"
+#include "windows/message_box.h"
 #include "windows/twips.h"
 
 #include <windows.h>

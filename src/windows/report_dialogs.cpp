@@ -1,7 +1,6 @@
 #include "windows/report_dialogs.h"
 
 #include "windows/font_description.h"
-#include "windows/host.h"
 #include "windows/input_dialog.h"
 #include "windows/message_box.h"
 

@@ -1,8 +1,8 @@
 // Report previews for test mode and the debug view.
 #pragma once
 
-#include "port/report_view.h"
-#include "port/settings.h"
+#include "platform/report_view.h"
+#include "platform/settings.h"
 #include "windows/printer_device.h"
 
 #include <memory>

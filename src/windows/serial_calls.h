@@ -1,7 +1,7 @@
 // The system's serial communication calls.
 #pragma once
 
-#include "port/serial_calls.h"
+#include "transport/serial_calls.h"
 
 #include <windows.h>
 

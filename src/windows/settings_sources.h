@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/code_page.h"
-#include "port/settings.h"
+#include "platform/settings.h"
 
 namespace corvid {
 

@@ -1,7 +1,7 @@
 // A clock that the test moves by hand.
 #pragma once
 
-#include "port/clock.h"
+#include "platform/clock.h"
 
 #include <cmath>
 

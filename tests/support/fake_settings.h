@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/text.h"
-#include "port/settings.h"
+#include "platform/settings.h"
 
 #include <map>
 #include <optional>

@@ -1,8 +1,8 @@
 // Serial lines in memory: what is written reaches a peer, what the peer queues is read.
 #pragma once
 
-#include "port/serial_calls.h"
 #include "support/fake_clock.h"
+#include "transport/serial_calls.h"
 
 #include <deque>
 #include <initializer_list>

@@ -1,8 +1,10 @@
 // Everything around a library, in memory.
 #pragma once
 
-#include "port/host.h"
-#include "port/report_view.h"
+#include "platform/folders.h"
+#include "platform/message_dialog.h"
+#include "platform/message_pump.h"
+#include "platform/report_view.h"
 #include "session/library.h"
 #include "support/error_of.h"
 #include "support/fake_clock.h"
@@ -31,7 +33,7 @@ class RecordingDialog : public MessageDialog {
   std::vector<ShownMessage> shown;
 };
 
-class CountingYield : public HostYield {
+class CountingYield : public MessagePump {
  public:
   void yield() override {
     ++count;
@@ -41,7 +43,7 @@ class CountingYield : public HostYield {
   std::function<void()> whenYielded;  // the host's own doings
 };
 
-class FakeFolders : public ShellFolders {
+class FakeFolders : public Folders {
  public:
   std::wstring SHgetFolder(int csidl) override {
     return csidl == kDocumentsFolder ? documents : L"";

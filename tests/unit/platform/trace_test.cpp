@@ -1,5 +1,5 @@
 // Where trace lines go, and how they look.
-#include "port/trace.h"
+#include "platform/trace.h"
 
 #include "support/temp_folder.h"
 #include "support/world.h"

@@ -1,4 +1,4 @@
-#include "documents/text_lines.h"
+#include "basic/text_lines.h"
 
 #include "basic/text.h"
 

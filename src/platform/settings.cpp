@@ -1,4 +1,4 @@
-#include "port/settings.h"
+#include "platform/settings.h"
 
 #include "basic/conversions.h"
 #include "basic/format.h"

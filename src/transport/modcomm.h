@@ -2,11 +2,11 @@
 #pragma once
 
 #include "basic/code_page.h"
-#include "port/clock.h"
-#include "port/host.h"
-#include "port/port_dump.h"
-#include "port/serial_calls.h"
-#include "port/settings.h"
+#include "platform/clock.h"
+#include "platform/message_pump.h"
+#include "platform/settings.h"
+#include "transport/port_dump.h"
+#include "transport/serial_calls.h"
 
 #include <array>
 #include <cstdint>
@@ -30,7 +30,7 @@ struct CommError {
 // What the port layer needs of the world around it; all outlive it.
 struct PortSurroundings {
   SerialCalls& calls;
-  HostYield& host;
+  MessagePump& pump;
   const Settings& settings;
   Clock& clock;
   PortDump& dump;

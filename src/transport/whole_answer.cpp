@@ -1,4 +1,4 @@
-#include "port/whole_answer.h"
+#include "transport/whole_answer.h"
 
 #include "basic/control_bytes.h"
 

@@ -1,4 +1,4 @@
-#include "preview/string_buffer.h"
+#include "basic/string_buffer.h"
 
 #include "basic/conversions.h"
 #include "basic/run_time_error.h"

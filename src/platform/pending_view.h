@@ -1,7 +1,7 @@
 // A report view, and whether it has lines that nobody was shown yet.
 #pragma once
 
-#include "port/report_view.h"
+#include "platform/report_view.h"
 
 #include <memory>
 #include <string>

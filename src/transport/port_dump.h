@@ -1,9 +1,9 @@
 // The port dump: the raw bytes of the line, as a hex dump appended to a file.
 #pragma once
 
-#include "port/clock.h"
-#include "port/host.h"
-#include "port/settings.h"
+#include "platform/clock.h"
+#include "platform/message_dialog.h"
+#include "platform/settings.h"
 
 #include <fstream>
 #include <string>

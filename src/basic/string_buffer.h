@@ -1,7 +1,7 @@
 // CStringBuffer: a growable text that appends in place.
 #pragma once
 
-#include "preview/character_store.h"
+#include "basic/character_store.h"
 
 #include <cstdint>
 #include <string>

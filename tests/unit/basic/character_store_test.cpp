@@ -1,5 +1,5 @@
 // Characters across the borders of blocks, and NULs that nobody wrote.
-#include "preview/character_store.h"
+#include "basic/character_store.h"
 
 #include <gtest/gtest.h>
 

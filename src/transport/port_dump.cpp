@@ -1,4 +1,4 @@
-#include "port/port_dump.h"
+#include "transport/port_dump.h"
 
 #include "basic/format.h"
 

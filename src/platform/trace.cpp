@@ -1,4 +1,4 @@
-#include "port/trace.h"
+#include "platform/trace.h"
 
 #include "basic/format.h"
 #include "basic/text.h"

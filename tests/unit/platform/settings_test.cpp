@@ -1,5 +1,5 @@
 // Where a setting comes from, and what its text is worth.
-#include "port/settings.h"
+#include "platform/settings.h"
 
 #include "support/world.h"
 

@@ -1,4 +1,4 @@
-#include "preview/character_store.h"
+#include "basic/character_store.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "port/modcomm.h"
+#include "transport/modcomm.h"
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "port/whole_answer.h"
+#include "transport/whole_answer.h"
 
 #include <algorithm>
 #include <string>
@@ -118,7 +118,7 @@ std::int32_t modCOMM::CommRead(std::int16_t port, std::wstring& data, std::int32
                                double patience) {
   const Record& record = this->record(port);
   data.clear();
-  around_.host.yield();
+  around_.pump.yield();
   std::string bytes;
   const auto wanted = static_cast<std::uint32_t>(std::max(size, 0));
   const bool isRead =
@@ -196,7 +196,7 @@ std::int32_t modCOMM::CommWrite(std::int16_t port, std::wstring_view data) {
   std::uint32_t count = 0;
   const bool written = around_.calls.writeFile(record.handle, bytes, count);
   const std::uint32_t error = written ? 0 : lastErrorNumber();
-  around_.host.yield();
+  around_.pump.yield();
   if (!written && !awaitTransfer(record, L"CommWrite (WriteFile)",
                                  L"CommWrite (GetOverlappedResult)", error, count)) {
     return -1;

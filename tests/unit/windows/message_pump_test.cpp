@@ -1,5 +1,8 @@
 // The message loop, the desktop and the shell's folders.
-#include "windows/host.h"
+#include "windows/message_pump.h"
+
+#include "windows/folders.h"
+#include "windows/message_box.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -49,7 +52,7 @@ TEST(HostMessages, PendingOnesAreRunOnce) {
   CountingWindow window;
   emptyTheQueue();
   for (int i = 0; i < 3; ++i) window.post();
-  WindowsHostYield yield;
+  WindowsMessagePump yield;
   yield.yield();
   EXPECT_EQ(window.count, 3);
   yield.yield();
@@ -60,7 +63,7 @@ TEST(HostMessages, FloodDoesNotHoldTheYieldForEver) {
   CountingWindow window;
   window.postsAgain = true;
   window.post();
-  WindowsHostYield().yield();
+  WindowsMessagePump().yield();
   EXPECT_GT(window.count, 1);
   window.postsAgain = false;
   emptyTheQueue();
@@ -69,8 +72,8 @@ TEST(HostMessages, FloodDoesNotHoldTheYieldForEver) {
 TEST(HostMessages, QuitIsLeftForTheHost) {
   emptyTheQueue();
   PostQuitMessage(42);
-  WindowsHostYield().yield();
-  WindowsHostYield().yield();
+  WindowsMessagePump().yield();
+  WindowsMessagePump().yield();
   MSG message{};
   ASSERT_NE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE), FALSE);
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
@@ -90,7 +93,7 @@ TEST(Desktop, BoxReturnsAtOnceWhereNobodySeesIt) {
 }
 
 TEST(Folders, DocumentsFolderExists) {
-  WindowsShellFolders folders(windows1252());
+  WindowsFolders folders(windows1252());
   const std::wstring documents = folders.SHgetFolder(kDocumentsFolder);
   EXPECT_TRUE(std::filesystem::is_directory(documents)) << testing::PrintToString(documents);
   EXPECT_EQ(folders.SHgetFolder(0x7FFF), L"") << "no such folder";

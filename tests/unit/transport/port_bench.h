@@ -1,10 +1,10 @@
 // The port layer over doubles.
 #pragma once
 
-#include "port/modcomm.h"
-#include "port/port_dump.h"
-#include "port/settings.h"
+#include "platform/settings.h"
 #include "support/world.h"
+#include "transport/modcomm.h"
+#include "transport/port_dump.h"
 
 #include <string>
 

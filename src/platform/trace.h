@@ -3,10 +3,10 @@
 
 #include "basic/code_page.h"
 #include "basic/locale.h"
-#include "port/clock.h"
-#include "port/host.h"
-#include "port/pending_view.h"
-#include "port/settings.h"
+#include "platform/clock.h"
+#include "platform/folders.h"
+#include "platform/pending_view.h"
+#include "platform/settings.h"
 
 #include <string>
 #include <string_view>
@@ -17,7 +17,7 @@ namespace corvid {
 struct TraceSurroundings {
   const Settings& settings;
   Clock& clock;
-  ShellFolders& folders;
+  Folders& folders;
   ReportViews& views;
   const CodePage& codePage;
   const LocaleSource& locale;
