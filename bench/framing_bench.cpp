@@ -1,7 +1,7 @@
 // A command on its way to the port: framed, and made readable for the trace.
 #include "basic/code_page.h"
 #include "counted.h"
-#include "session/framing.h"
+#include "protocol/framing.h"
 
 #include <string>
 

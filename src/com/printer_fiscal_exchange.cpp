@@ -2,7 +2,7 @@
 #include "com/host_arrays.h"
 #include "com/printer_fiscal_object.h"
 #include "com/variant_conversions.h"
-#include "session/explanations.h"
+#include "protocol/status_explanations.h"
 
 namespace corvid {
 namespace {

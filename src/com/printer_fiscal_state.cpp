@@ -1,7 +1,7 @@
 // State and framing.
 #include "com/printer_fiscal_object.h"
+#include "protocol/framing.h"
 #include "records/printer_response3.h"
-#include "session/framing.h"
 
 namespace corvid {
 

@@ -1,20 +1,18 @@
 #include "documents/closing.h"
 
-#include "documents/closing_commands.h"
+#include "protocol/closing_commands.h"
 
 namespace corvid {
 namespace {
 
-constexpr std::wstring_view kInvoicePayment = L"2";
-constexpr std::wstring_view kCreditNotePayment = L"f";
-constexpr const wchar_t* kCloseWithoutAmount = L"101";
-constexpr const wchar_t* kCancel = L"7";
+Decimal firstMethod() { return Decimal::fromInteger(1); }
 
-Decimal firstMeans() { return Decimal::fromInteger(1); }
+std::int16_t payInvoice(PrinterFiscal& session, const Decimal& method, Currency amount) {
+  return session.Execute(invoicePaymentCommand(method, session.FormatMedio(amount.toDecimal())));
+}
 
-std::int16_t pay(PrinterFiscal& session, std::wstring_view letter, const Decimal& means,
-                 Currency amount) {
-  return session.Execute(paymentCommand(letter, means, session.FormatMedio(amount.toDecimal())));
+std::int16_t payCreditNote(PrinterFiscal& session, const Decimal& method, Currency amount) {
+  return session.Execute(creditNotePaymentCommand(method, session.FormatMedio(amount.toDecimal())));
 }
 
 }  // namespace
@@ -38,22 +36,24 @@ std::int16_t descuentoGeneral(PrinterFiscal& session, bool isPercentage, bool is
 
 std::int16_t CerrarComprobante(PrinterFiscal& session, Currency amount) {
   if (amount == Currency{}) return session.Execute(kCloseWithoutAmount);
-  return pay(session, kInvoicePayment, firstMeans(), amount);
+  return payInvoice(session, firstMethod(), amount);
 }
 
-std::int16_t CerrarConMedio(PrinterFiscal& session, const Decimal& means, Currency amount) {
-  return pay(session, kInvoicePayment, means, amount);
+std::int16_t CerrarConMedio(PrinterFiscal& session, const Decimal& method, Currency amount) {
+  return payInvoice(session, method, amount);
 }
 
 std::int16_t CerrarNotaCredito(PrinterFiscal& session) {
-  return pay(session, kCreditNotePayment, firstMeans(), Currency{});
+  return payCreditNote(session, firstMethod(), Currency{});
 }
 
-std::int16_t CerrarNotaCreditoConMedio(PrinterFiscal& session, const Decimal& means,
+std::int16_t CerrarNotaCreditoConMedio(PrinterFiscal& session, const Decimal& method,
                                        Currency amount) {
-  return pay(session, kCreditNotePayment, means, amount);
+  return payCreditNote(session, method, amount);
 }
 
-std::int16_t CancelarTransaccion(PrinterFiscal& session) { return session.Execute(kCancel); }
+std::int16_t CancelarTransaccion(PrinterFiscal& session) {
+  return session.Execute(kCancelDocument);
+}
 
 }  // namespace corvid

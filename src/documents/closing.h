@@ -14,16 +14,16 @@ bool SubTotal(PrinterFiscal& session, bool print);
 bool PasarDescuento(PrinterFiscal& session, double percentage);  // cut to hundredths of a percent
 bool PasarMontoDescuento(PrinterFiscal& session, Currency amount);
 
-// The rest return Execute's result. Nothing is checked before sending; a means index (1 to 99)
-// is rounded half away from zero.
+// The rest return Execute's result. Nothing is checked before sending; a payment method (1 to
+// 99) is rounded half away from zero.
 std::int16_t descuentoGeneral(PrinterFiscal& session, bool isPercentage, bool isDiscount,
                               const Decimal& value);
 // 0 closes without an amount.
 std::int16_t CerrarComprobante(PrinterFiscal& session, Currency amount);
-std::int16_t CerrarConMedio(PrinterFiscal& session, const Decimal& means, Currency amount);
+std::int16_t CerrarConMedio(PrinterFiscal& session, const Decimal& method, Currency amount);
 std::int16_t CerrarNotaCredito(PrinterFiscal& session);
 // Also the way of CerrarDevolucion.
-std::int16_t CerrarNotaCreditoConMedio(PrinterFiscal& session, const Decimal& means,
+std::int16_t CerrarNotaCreditoConMedio(PrinterFiscal& session, const Decimal& method,
                                        Currency amount);
 std::int16_t CancelarTransaccion(PrinterFiscal& session);
 

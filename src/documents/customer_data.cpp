@@ -1,6 +1,5 @@
 #include "documents/customer_data.h"
 
-#include "documents/customer_commands.h"
 #include "documents/str2lines.h"
 
 namespace corvid {

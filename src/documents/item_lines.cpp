@@ -1,6 +1,5 @@
 #include "documents/item_lines.h"
 
-#include "documents/item_commands.h"
 #include "session/session_settings.h"
 
 #include <optional>

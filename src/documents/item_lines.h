@@ -2,6 +2,7 @@
 #pragma once
 
 #include "basic/currency.h"
+#include "protocol/item_commands.h"
 #include "session/printer_fiscal.h"
 
 #include <cstdint>
@@ -29,12 +30,6 @@ std::int16_t AnularItem(PrinterFiscal& session, const ItemLine& line);
 // comma, the code between bars unless it is empty, the whole description.
 std::int16_t detalleGeneral(PrinterFiscal& session, const std::wstring& kind, const ItemLine& line,
                             const std::wstring& code);
-
-// The kinds of the four general wrappers.
-inline constexpr const wchar_t* kInvoiceLine = L"F+";
-inline constexpr const wchar_t* kInvoiceVoid = L"F-";
-inline constexpr const wchar_t* kCreditLine = L"C+";
-inline constexpr const wchar_t* kCreditVoid = L"C-";
 
 // The rate index of a percentage: "IndicePercibido" (default 4) below 0; else the first configured
 // rate, and then the first of the printer's three, within less than 0.1; else 0. Reads the

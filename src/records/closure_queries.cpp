@@ -1,6 +1,7 @@
 #include "records/closure_queries.h"
 
 #include "basic/run_time_error.h"
+#include "protocol/housekeeping_commands.h"
 #include "records/closure_rows.h"
 
 #include <limits>
@@ -14,7 +15,7 @@ bool wasRefused(PrinterFiscal& session) { return session.state().outcome.resultF
 }  // namespace
 
 std::shared_ptr<ResumenZ> CerrarZ(PrinterFiscal& session) {
-  if (session.Execute(L"I0Z") != pfOk || wasRefused(session)) return nullptr;
+  if (session.Execute(kCloseDay) != pfOk || wasRefused(session)) return nullptr;
   return loadResumenZ(session);
 }
 

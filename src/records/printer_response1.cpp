@@ -4,9 +4,9 @@
 #include "basic/format.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "protocol/reply.h"
 #include "records/field_layout.h"
 #include "records/record_text.h"
-#include "session/protocol.h"
 
 namespace corvid {
 namespace {

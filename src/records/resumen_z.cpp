@@ -2,6 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
+#include "protocol/query_commands.h"
 #include "records/field_layout.h"
 #include "records/record_text.h"
 
@@ -103,7 +104,7 @@ constexpr LabelledAmount kShownAmounts[] = {
 }  // namespace
 
 void ResumenZ::load(PrinterFiscal& session) {
-  loadFromResponse(ReplyFields(session.GetResponse(L"U0Z")));
+  loadFromResponse(ReplyFields(session.GetResponse(kQueryDailySummary)));
 }
 
 void ResumenZ::loadFromResponse(const FieldArray& fields) {

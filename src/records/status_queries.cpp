@@ -2,16 +2,13 @@
 
 #include "basic/conversions.h"
 #include "basic/text.h"
+#include "protocol/query_commands.h"
+#include "protocol/reply.h"
 #include "records/field_layout.h"
 #include "records/query_reply.h"
 
 namespace corvid {
 namespace {
-
-constexpr const wchar_t* kQueryCounters = L"S1";
-constexpr const wchar_t* kQueryDocument = L"S2";
-constexpr const wchar_t* kQueryRates = L"S3";
-constexpr const wchar_t* kQueryPayments = L"S4";
 
 template <class Record>
 std::shared_ptr<Record> queryRecord(PrinterFiscal& session, const wchar_t* command,

@@ -3,7 +3,7 @@
 #include "basic/conversions.h"
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "session/framing.h"
+#include "protocol/framing.h"
 
 #include <optional>
 #include <utility>

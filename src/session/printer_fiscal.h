@@ -4,6 +4,7 @@
 #include "basic/currency.h"
 #include "basic/decimal.h"
 #include "basic/text.h"
+#include "protocol/housekeeping_commands.h"
 #include "session/amount_formats.h"
 #include "session/exchange.h"
 #include "session/library.h"
@@ -67,8 +68,8 @@ class PrinterFiscal {
   void GetStatus() { exchange_.GetStatus(); }
   Lines NextStatusBlock();
   // True when the drawer did NOT open without trouble: the command's outcome as a Boolean.
-  bool AbrirGaveta() { return Execute(L"w") != 0; }
-  std::int16_t Reset() { return Execute(L"e"); }
+  bool AbrirGaveta() { return Execute(kOpenDrawer) != 0; }
+  std::int16_t Reset() { return Execute(kReset); }
 
   // The reply's fields; the one field "pfError" when the exchange failed, "Ok" in test mode, "VOID"
   // in unchecked mode, no field at all when the printer refused or merely acknowledged.

@@ -1,6 +1,7 @@
 // The members of PrinterFiscal that return a reply's fields.
 #include "basic/string_buffer.h"
-#include "session/framing.h"
+#include "protocol/framing.h"
+#include "protocol/reply.h"
 #include "session/printer_fiscal.h"
 
 namespace corvid {

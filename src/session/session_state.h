@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/pending_view.h"
-#include "session/protocol.h"
+#include "session/outcome.h"
 #include "session/status_source.h"
 
 #include <array>

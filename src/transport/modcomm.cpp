@@ -2,7 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "transport/whole_answer.h"
+#include "protocol/whole_answer.h"
 
 #include <algorithm>
 #include <string>

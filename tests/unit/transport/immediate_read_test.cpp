@@ -1,6 +1,6 @@
 // Reads that do not wait out the port's read time-out.
 #include "port_bench.h"
-#include "transport/whole_answer.h"
+#include "protocol/whole_answer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,18 @@
-#include "documents/closing_commands.h"
+#include "protocol/closing_commands.h"
 
 #include "basic/format.h"
-#include "documents/decimal_comma.h"
+#include "protocol/decimal_comma.h"
 
 namespace corvid {
+namespace {
+
+std::wstring paymentCommand(std::wstring command, const Decimal& method, std::wstring_view amount) {
+  command += format(method, L"00");
+  command += amount;
+  return command;
+}
+
+}  // namespace
 
 std::wstring subtotalCommand(bool print) { return print ? L"3" : L"4"; }
 
@@ -22,12 +31,12 @@ std::wstring generalDiscountCommand(bool isPercentage, bool isDiscount, const De
   return command + L"*" + withDecimalComma(value, L"###0.00");
 }
 
-std::wstring paymentCommand(std::wstring_view letter, const Decimal& means,
-                            std::wstring_view amount) {
-  std::wstring command(letter);
-  command += format(means, L"00");
-  command += amount;
-  return command;
+std::wstring invoicePaymentCommand(const Decimal& method, std::wstring_view amount) {
+  return paymentCommand(L"2", method, amount);
+}
+
+std::wstring creditNotePaymentCommand(const Decimal& method, std::wstring_view amount) {
+  return paymentCommand(L"f", method, amount);
 }
 
 }  // namespace corvid

@@ -15,6 +15,12 @@ namespace corvid {
 [[nodiscard]] std::wstring refundPrefix(int index, const CodePage& codePage);
 [[nodiscard]] std::wstring voidPrefix(int index, const CodePage& codePage);
 
+// The kinds of general lines that have a member of their own; a host may name others.
+inline constexpr const wchar_t* kInvoiceLine = L"F+";
+inline constexpr const wchar_t* kInvoiceVoid = L"F-";
+inline constexpr const wchar_t* kCreditLine = L"C+";
+inline constexpr const wchar_t* kCreditVoid = L"C-";
+
 struct GeneralLine {
   std::wstring kind;
   std::int16_t index = 0;

@@ -1,4 +1,4 @@
-#include "session/framing.h"
+#include "protocol/framing.h"
 
 #include "support/error_of.h"
 

@@ -1,7 +1,7 @@
-// Outcome classes, printer variants and the shape of a reply.
+// Outcome classes and printer variants.
 #pragma once
 
-#include "basic/control_bytes.h"
+#include "protocol/control_bytes.h"
 
 #include <cstdint>
 
@@ -11,7 +11,5 @@ namespace corvid {
 enum pfErrors : std::int32_t { pfOk = 0, pfCommError = 1, pfPrinterError = 2, pfClientError = 3 };
 
 enum VariantesPF : std::int32_t { SRP350 = 0, DT230 = 1, HKA112 = 2, SRP812 = 3 };
-
-inline constexpr wchar_t kLineFeed = L'\n';  // separates the fields of a reply
 
 }  // namespace corvid

@@ -1,8 +1,8 @@
-#include "session/framing.h"
+#include "protocol/framing.h"
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "session/protocol.h"
+#include "protocol/control_bytes.h"
 
 #include <array>
 #include <utility>

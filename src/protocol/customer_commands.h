@@ -2,13 +2,30 @@
 // of sending, nothing sent.
 #pragma once
 
+#include "basic/date.h"
 #include "basic/text.h"
-#include "documents/customer_data.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace corvid {
+
+struct Customer {
+  std::wstring name;
+  std::wstring taxId;    // RIF
+  std::wstring address;  // lines separated by CR LF
+};
+
+// A date argument that may be blank, and then prints as an empty text.
+using DateOrBlank = std::optional<Date>;
+
+// The invoice that a credit note corrects; a field is there when the host gave it, even as "".
+struct AffectedInvoice {
+  std::optional<std::wstring> number;
+  std::optional<std::wstring> printerSerial;
+  std::optional<DateOrBlank> date;
+};
 
 // A command and the number under which its failure is reported.
 struct SeriesStep {

@@ -1,8 +1,8 @@
-#include "documents/item_commands.h"
+#include "protocol/item_commands.h"
 
 #include "basic/run_time_error.h"
 #include "basic/string_buffer.h"
-#include "documents/decimal_comma.h"
+#include "protocol/decimal_comma.h"
 
 namespace corvid {
 namespace {

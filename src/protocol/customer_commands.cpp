@@ -1,4 +1,4 @@
-#include "documents/customer_commands.h"
+#include "protocol/customer_commands.h"
 
 #include "basic/format.h"
 #include "basic/text_lines.h"

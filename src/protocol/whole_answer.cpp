@@ -1,6 +1,6 @@
-#include "transport/whole_answer.h"
+#include "protocol/whole_answer.h"
 
-#include "basic/control_bytes.h"
+#include "protocol/control_bytes.h"
 
 namespace corvid {
 namespace {

@@ -1,4 +1,4 @@
-#include "session/explanations.h"
+#include "protocol/status_explanations.h"
 
 #include "basic/format.h"
 
