@@ -2,7 +2,7 @@
 #include "counted.h"
 #include "instant_line.h"
 #include "records/status_queries.h"
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 #include "support/world.h"
 
 #include <string>
@@ -16,10 +16,9 @@ void exchange(benchmark::State& state, bool immediate) {
   World world;
   if (immediate) world.settings.set(L"Config\\ModComm", L"LecturaInmediata", L"True");
   InstantLine line;
-  Library library({world.settings, world.store, line, world.host, world.dialog, world.folders,
+  ProcessState process({world.settings, world.store, line, world.host, world.dialog, world.folders,
                    world.views, world.clock, windows1252(), world.locale});
-  RecordStatusSource status;
-  PrinterFiscal session(library, status);
+  PrinterSession session(process, status);
   session.state().SerialPrinter = L"KNOWN";
   session.Abrir(7);
   const std::size_t before = line.bytes();

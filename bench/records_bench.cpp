@@ -1,13 +1,13 @@
 // Replies turned into records, each with the number of fields of the longest layout.
 #include "basic/text.h"
 #include "counted.h"
-#include "records/estado_documento.h"
-#include "records/printer_response1.h"
-#include "records/printer_response2.h"
-#include "records/printer_response3.h"
-#include "records/printer_response4.h"
-#include "records/reporte_zmf.h"
-#include "records/resumen_z.h"
+#include "records/document_state_record.h"
+#include "records/counters_record.h"
+#include "records/transaction_record.h"
+#include "records/rates_record.h"
+#include "records/payments_record.h"
+#include "records/z_report_record.h"
+#include "records/daily_summary.h"
 #include "support/world.h"
 
 #include <cstddef>
@@ -37,13 +37,13 @@ const std::wstring kSummary =
 const std::wstring kClosure = kOfClosure + repeated(L"\n000000012345", 22);
 
 // The value that each record reads last: what the reply did not fill would be timed too short.
-bool isFilled(const PrinterResponse1& record) { return record.values.notasCreditoDia != 0; }
-bool isFilled(const PrinterResponse2& record) { return record.values.tipoTrans != 0; }
-bool isFilled(const PrinterResponse3& record) { return record.values.nFlags == 63; }
-bool isFilled(const PrinterResponse4& record) { return record.nMedios() == 24; }
-bool isFilled(const EstadoDocumento& record) { return record.values.estado != 0; }
-bool isFilled(const ResumenZ& record) { return record.values.IGTFNC != Currency{}; }
-bool isFilled(const ReporteZMF& record) { return record.values.impuestoNCIR != Currency{}; }
+bool isFilled(const CountersRecord& record) { return record.values.notasCreditoDia != 0; }
+bool isFilled(const TransactionRecord& record) { return record.values.tipoTrans != 0; }
+bool isFilled(const RatesRecord& record) { return record.values.nFlags == 63; }
+bool isFilled(const PaymentsRecord& record) { return record.nMedios() == 24; }
+bool isFilled(const DocumentStateRecord& record) { return record.values.estado != 0; }
+bool isFilled(const DailySummary& record) { return record.values.IGTFNC != Currency{}; }
+bool isFilled(const ZReportRecord& record) { return record.values.impuestoNCIR != Currency{}; }
 
 // Splits the reply, as the session does, and fills a record.
 template <typename Record>
@@ -51,23 +51,23 @@ void fill(Record& record, const std::wstring& reply) {
   record.loadFromResponse(ReplyFields(split(reply, L"\n")));
 }
 
-void fill(PrinterResponse1& record, const std::wstring& reply) { record.loadFromResponse(reply); }
+void fill(CountersRecord& record, const std::wstring& reply) { record.loadFromResponse(reply); }
 
 // This record alone needs no library.
 template <typename Record>
-Record made(Library& library) {
+Record made(ProcessState& process) {
   if constexpr (std::is_default_constructible_v<Record>) {
     return {};
   } else {
-    return Record(library);
+    return Record(process);
   }
 }
 
 template <typename Record, const std::wstring& reply>
 void parse(benchmark::State& state) {
   World world;
-  Library library(world.surroundings());
-  auto record = made<Record>(library);
+  ProcessState process(world.environment());
+  auto record = made<Record>(process);
   for (auto _ : state) {
     fill(record, reply);
     benchmark::DoNotOptimize(&record);
@@ -76,13 +76,13 @@ void parse(benchmark::State& state) {
   if (!isFilled(record)) state.SkipWithError("the reply was not read whole");
   countWire(state, reply.size() + kFrame);
 }
-BENCHMARK_TEMPLATE(parse, PrinterResponse1, kCounters)->Name("record/PrinterResponse1");
-BENCHMARK_TEMPLATE(parse, PrinterResponse2, kDocument)->Name("record/PrinterResponse2");
-BENCHMARK_TEMPLATE(parse, PrinterResponse3, kRates)->Name("record/PrinterResponse3");
-BENCHMARK_TEMPLATE(parse, PrinterResponse4, kMeans)->Name("record/PrinterResponse4");
-BENCHMARK_TEMPLATE(parse, EstadoDocumento, kDocument)->Name("record/EstadoDocumento");
-BENCHMARK_TEMPLATE(parse, ResumenZ, kSummary)->Name("record/ResumenZ");
-BENCHMARK_TEMPLATE(parse, ReporteZMF, kClosure)->Name("record/ReporteZMF");
+BENCHMARK_TEMPLATE(parse, CountersRecord, kCounters)->Name("record/PrinterResponse1");
+BENCHMARK_TEMPLATE(parse, TransactionRecord, kDocument)->Name("record/PrinterResponse2");
+BENCHMARK_TEMPLATE(parse, RatesRecord, kRates)->Name("record/PrinterResponse3");
+BENCHMARK_TEMPLATE(parse, PaymentsRecord, kMeans)->Name("record/PrinterResponse4");
+BENCHMARK_TEMPLATE(parse, DocumentStateRecord, kDocument)->Name("record/EstadoDocumento");
+BENCHMARK_TEMPLATE(parse, DailySummary, kSummary)->Name("record/ResumenZ");
+BENCHMARK_TEMPLATE(parse, ZReportRecord, kClosure)->Name("record/ReporteZMF");
 
 }  // namespace
 }  // namespace corvid

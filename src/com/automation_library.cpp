@@ -1,7 +1,6 @@
 #include "com/automation_library.h"
 
-#include "records/status_queries.h"
-#include "session/library.h"
+#include "exchange/process_state.h"
 #include "windows/clock.h"
 #include "windows/folders.h"
 #include "windows/locale.h"
@@ -31,8 +30,8 @@ struct AutomationLibrary::Parts {
   WindowsFolders folders{codePage};
   Settings settings{file, store};
   WindowsReportViews views{settings};
-  RecordStatusSource status;
-  Library library{{file, store, serial, pump, dialog, folders, views, clock, codePage, locale}};
+  ProcessState process{
+      {file, store, serial, pump, dialog, folders, views, clock, codePage, locale}};
 };
 
 namespace {
@@ -62,8 +61,6 @@ bool AutomationLibrary::discard() noexcept {
   return true;
 }
 
-Library& AutomationLibrary::library() { return parts_->library; }
-
-StatusSource& AutomationLibrary::statusSource() { return parts_->status; }
+ProcessState& AutomationLibrary::process() { return parts_->process; }
 
 }  // namespace corvid

@@ -5,8 +5,7 @@
 
 namespace corvid {
 
-class Library;
-class StatusSource;
+class ProcessState;
 
 // Process-wide, made when the first object needs it; never while the module is being loaded.
 class AutomationLibrary {
@@ -24,8 +23,7 @@ class AutomationLibrary {
   AutomationLibrary& operator=(AutomationLibrary&&) = delete;
   ~AutomationLibrary();
 
-  [[nodiscard]] Library& library();
-  [[nodiscard]] StatusSource& statusSource();
+  [[nodiscard]] ProcessState& process();
 
  private:
   struct Parts;

@@ -28,23 +28,23 @@ IUnknown* identityOf(ComPtr<Object> object) {
 
 IUnknown* createSession() {
   AutomationLibrary& automation = AutomationLibrary::instance();
-  auto session = std::make_shared<PrinterFiscal>(automation.library(), automation.statusSource());
+  auto session = std::make_shared<PrinterSession>(automation.process());
   return identityOf(makeObject<PrinterFiscalObject>(std::move(session)));
 }
 
 template <class Object, class Record>
 IUnknown* createRecord() {
-  Library& library = AutomationLibrary::instance().library();
-  return identityOf(makeObject<Object>(std::make_shared<Record>(library)));
+  ProcessState& process = AutomationLibrary::instance().process();
+  return identityOf(makeObject<Object>(std::make_shared<Record>(process)));
 }
 
 // The one record that needs nothing of the library.
 IUnknown* createResponse4() {
-  return identityOf(makeObject<PrinterResponse4Object>(std::make_shared<PrinterResponse4>()));
+  return identityOf(makeObject<PrinterResponse4Object>(std::make_shared<PaymentsRecord>()));
 }
 
 IUnknown* createQuickView() {
-  return identityOf(QuickViewObject::create(AutomationLibrary::instance().library().settings()));
+  return identityOf(QuickViewObject::create(AutomationLibrary::instance().process().settings()));
 }
 
 IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }
@@ -56,19 +56,19 @@ std::span<const PublicClass> publicClasses() noexcept {
       {__uuidof(::PrinterFiscal), L"PrinterFiscal", L"Corvid fiscal printer session",
        createSession},
       {__uuidof(::PrinterResponse1), L"PrinterResponse1", L"Corvid cashier and counters record",
-       createRecord<PrinterResponse1Object, PrinterResponse1>},
+       createRecord<PrinterResponse1Object, CountersRecord>},
       {__uuidof(::PrinterResponse2), L"PrinterResponse2", L"Corvid open document record",
-       createRecord<PrinterResponse2Object, PrinterResponse2>},
+       createRecord<PrinterResponse2Object, TransactionRecord>},
       {__uuidof(::EstadoDocumento), L"EstadoDocumento", L"Corvid document state record",
-       createRecord<EstadoDocumentoObject, EstadoDocumento>},
+       createRecord<EstadoDocumentoObject, DocumentStateRecord>},
       {__uuidof(::PrinterResponse3), L"PrinterResponse3", L"Corvid tax rate record",
-       createRecord<PrinterResponse3Object, PrinterResponse3>},
+       createRecord<PrinterResponse3Object, RatesRecord>},
       {__uuidof(::PrinterResponse4), L"PrinterResponse4", L"Corvid payment record",
        createResponse4},
       {__uuidof(::ResumenZ), L"ResumenZ", L"Corvid daily summary record",
-       createRecord<ResumenZObject, ResumenZ>},
+       createRecord<ResumenZObject, DailySummary>},
       {__uuidof(::ReporteZMF), L"ReporteZMF", L"Corvid fiscal memory closure record",
-       createRecord<ReporteZMFObject, ReporteZMF>},
+       createRecord<ReporteZMFObject, ZReportRecord>},
       {__uuidof(::CStringBuffer), L"CStringBuffer", L"Corvid text buffer", createStringBuffer},
       {__uuidof(::lfQuickView), L"lfQuickView", L"Corvid report preview", createQuickView},
   };

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/estado_documento.h"
+#include "records/document_state_record.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class EstadoDocumentoObject final : public DispatchObject<IEstadoDocumento, ::EstadoDocumento> {
  public:
-  explicit EstadoDocumentoObject(std::shared_ptr<EstadoDocumento> record)
+  explicit EstadoDocumentoObject(std::shared_ptr<DocumentStateRecord> record)
       : record_(std::move(record)) {}
 
   STDMETHODIMP get_subTotalBasesImponibles(CURRENCY* ret) override {
@@ -42,9 +42,9 @@ class EstadoDocumentoObject final : public DispatchObject<IEstadoDocumento, ::Es
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  [[nodiscard]] EstadoDocumentoValues& values() const noexcept { return record_->values; }
+  [[nodiscard]] DocumentStateValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<EstadoDocumento> record_;
+  std::shared_ptr<DocumentStateRecord> record_;
 };
 
 }  // namespace corvid

@@ -29,23 +29,23 @@ STDMETHODIMP PrinterFiscalObject::AbrirGaveta(VARIANT_BOOL* ret) {
 }
 
 STDMETHODIMP PrinterFiscalObject::SendDirect(BSTR sCommand) {
-  return call([&] { session_->SendDirect(std::wstring(viewOf(sCommand))); });
+  return call([&] { exchange().SendDirect(std::wstring(viewOf(sCommand))); });
 }
 
 STDMETHODIMP PrinterFiscalObject::Execute(BSTR sCmd, short* ret) {
-  return giveResult(ret, [&] { return session_->Execute(std::wstring(viewOf(sCmd))); });
+  return giveResult(ret, [&] { return exchange().Execute(std::wstring(viewOf(sCmd))); });
 }
 
 STDMETHODIMP PrinterFiscalObject::ExecuteNoCheck(BSTR sCmd) {
-  return call([&] { session_->ExecuteNoCheck(std::wstring(viewOf(sCmd))); });
+  return call([&] { exchange().ExecuteNoCheck(std::wstring(viewOf(sCmd))); });
 }
 
 STDMETHODIMP PrinterFiscalObject::SendAck() {
-  return call([&] { session_->SendAck(); });
+  return call([&] { exchange().SendAck(); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetStatus() {
-  return call([&] { session_->GetStatus(); });
+  return call([&] { exchange().GetStatus(); });
 }
 
 STDMETHODIMP PrinterFiscalObject::explainSTS1(VARIANT* ret) {
@@ -61,23 +61,23 @@ STDMETHODIMP PrinterFiscalObject::Reset(VARIANT* ret) {
 }
 
 STDMETHODIMP PrinterFiscalObject::NextStatusBlock(VARIANT* ret) {
-  return giveResult(ret, [&] { return toHostArray(session_->NextStatusBlock()); });
+  return giveResult(ret, [&] { return toHostArray(exchange().NextStatusBlock()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetResponse(BSTR cmd, VARIANT* ret) {
   return giveResult(ret,
-                    [&] { return toHostArray(session_->GetResponse(std::wstring(viewOf(cmd)))); });
+                    [&] { return toHostArray(exchange().GetResponse(std::wstring(viewOf(cmd)))); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetResponseString(BSTR cmd, BSTR sep, BSTR* ret) {
   return giveResult(ret, [&] {
-    return session_->GetResponseString(std::wstring(viewOf(cmd)), std::wstring(viewOf(sep)));
+    return exchange().GetResponseString(std::wstring(viewOf(cmd)), std::wstring(viewOf(sep)));
   });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetMultipleResponses(BSTR cmd, VARIANT* ret) {
   return giveResult(
-      ret, [&] { return toHostArray(session_->GetMultipleResponses(std::wstring(viewOf(cmd)))); });
+      ret, [&] { return toHostArray(exchange().GetMultipleResponses(std::wstring(viewOf(cmd)))); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetMultipleResponsesStr(BSTR cmd, VARIANT itemSep, VARIANT rowSep,
@@ -85,7 +85,7 @@ STDMETHODIMP PrinterFiscalObject::GetMultipleResponsesStr(BSTR cmd, VARIANT item
   return giveResult(ret, [&] {
     const std::optional<std::wstring> betweenItems = toOptionalText(itemSep);
     const std::optional<std::wstring> betweenRows = toOptionalText(rowSep);
-    return session_->GetMultipleResponsesStr(std::wstring(viewOf(cmd)), betweenItems, betweenRows);
+    return exchange().GetMultipleResponsesStr(std::wstring(viewOf(cmd)), betweenItems, betweenRows);
   });
 }
 

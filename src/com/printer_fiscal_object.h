@@ -5,7 +5,7 @@
 #include "com/printer_response3_object.h"
 #include "corvid_interfaces.h"
 #include "documents/item_lines.h"
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 
 #include <memory>
 
@@ -13,10 +13,10 @@ namespace corvid {
 
 class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::PrinterFiscal> {
  public:
-  explicit PrinterFiscalObject(std::shared_ptr<PrinterFiscal> session)
+  explicit PrinterFiscalObject(std::shared_ptr<PrinterSession> session)
       : session_(std::move(session)) {}
 
-  [[nodiscard]] PrinterFiscal& session() const noexcept { return *session_; }
+  [[nodiscard]] PrinterSession& session() const noexcept { return *session_; }
 
   // State.
   STDMETHODIMP get_result(BSTR* ret) override { return give(ret, outcome().result); }
@@ -169,7 +169,7 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
     const VARIANT& quantity;
     const VARIANT& rate;
   };
-  using ItemCommand = std::int16_t (*)(PrinterFiscal& session, const ItemLine& line);
+  using ItemCommand = std::int16_t (*)(PrinterSession& session, const ItemLine& line);
 
   [[nodiscard]] static ItemLine toLine(const HostLine& line);
   HRESULT sendLine(ItemCommand command, const HostLine& line, short* ret) noexcept;
@@ -178,11 +178,12 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
                           short* ret) noexcept;
 
   [[nodiscard]] SessionState& state() noexcept { return session_->state(); }
-  [[nodiscard]] Outcome& outcome() noexcept { return session_->state().outcome; }
+  [[nodiscard]] Exchange& exchange() noexcept { return session_->exchange(); }
+  [[nodiscard]] Outcome& outcome() noexcept { return session_->outcome(); }
   [[nodiscard]] ComPtr<PrinterResponse3Object> rates();
   void setRates(IUnknown* record);
 
-  std::shared_ptr<PrinterFiscal> session_;
+  std::shared_ptr<PrinterSession> session_;
   ComPtr<PrinterResponse3Object> rates_;  // the host's view of state().s3, once it asked for it
 };
 

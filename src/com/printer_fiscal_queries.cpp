@@ -8,8 +8,8 @@
 #include "com/reporte_zmf_object.h"
 #include "com/resumen_z_object.h"
 #include "com/variant_conversions.h"
-#include "records/closure_queries.h"
 #include "records/status_queries.h"
+#include "records/z_report_queries.h"
 
 namespace corvid {
 namespace {
@@ -21,7 +21,7 @@ ComPtr<Object> objectOf(std::shared_ptr<Record> record) {
   return makeObject<Object>(std::move(record));
 }
 
-ClosureList objectsOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
+ClosureList objectsOf(const std::vector<std::shared_ptr<ZReportRecord>>& records) {
   std::vector<ComPtr<IReporteZMF>> objects;
   objects.reserve(records.size());
   for (const auto& record : records) {
@@ -33,62 +33,62 @@ ClosureList objectsOf(const std::vector<std::shared_ptr<ReporteZMF>>& records) {
 }  // namespace
 
 STDMETHODIMP PrinterFiscalObject::numeroUltimaFactura(LONG* ret) {
-  return giveResult(ret, [&] { return corvid::numeroUltimaFactura(*session_); });
+  return giveResult(ret, [&] { return corvid::numeroUltimaFactura(exchange()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::NumeroUltimoCierre(LONG* ret) {
-  return giveResult(ret, [&] { return corvid::NumeroUltimoCierre(*session_); });
+  return giveResult(ret, [&] { return corvid::NumeroUltimoCierre(exchange()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::Response1(IPrinterResponse1** ret) {
-  return giveResult(ret,
-                    [&] { return objectOf<PrinterResponse1Object>(corvid::Response1(*session_)); });
+  return giveResult(
+      ret, [&] { return objectOf<PrinterResponse1Object>(corvid::Response1(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::Response2(IPrinterResponse2** ret) {
-  return giveResult(ret,
-                    [&] { return objectOf<PrinterResponse2Object>(corvid::Response2(*session_)); });
+  return giveResult(
+      ret, [&] { return objectOf<PrinterResponse2Object>(corvid::Response2(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::Response3(IPrinterResponse3** ret) {
-  return giveResult(ret,
-                    [&] { return objectOf<PrinterResponse3Object>(corvid::Response3(*session_)); });
+  return giveResult(
+      ret, [&] { return objectOf<PrinterResponse3Object>(corvid::Response3(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::Response4(IPrinterResponse4** ret) {
-  return giveResult(ret,
-                    [&] { return objectOf<PrinterResponse4Object>(corvid::Response4(*session_)); });
+  return giveResult(
+      ret, [&] { return objectOf<PrinterResponse4Object>(corvid::Response4(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::CerrarZ(IResumenZ** ret) {
-  return giveResult(ret, [&] { return objectOf<ResumenZObject>(corvid::CerrarZ(*session_)); });
+  return giveResult(ret, [&] { return objectOf<ResumenZObject>(corvid::CerrarZ(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::ResumenZ(IResumenZ** ret) {
-  return giveResult(ret, [&] { return objectOf<ResumenZObject>(loadResumenZ(*session_)); });
+  return giveResult(ret, [&] { return objectOf<ResumenZObject>(loadResumenZ(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::tasa(VARIANT Index, double* ret) {
-  return giveResult(ret, [&] { return corvid::tasa(*session_, toDecimal(Index)); });
+  return giveResult(ret, [&] { return corvid::tasa(exchange(), toDecimal(Index)); });
 }
 
 STDMETHODIMP PrinterFiscalObject::getEstadoDocumento(IEstadoDocumento** ret) {
   return giveResult(
-      ret, [&] { return objectOf<EstadoDocumentoObject>(corvid::getEstadoDocumento(*session_)); });
+      ret, [&] { return objectOf<EstadoDocumentoObject>(corvid::getEstadoDocumento(exchange())); });
 }
 
 STDMETHODIMP PrinterFiscalObject::reportesZMF(VARIANT* desde, VARIANT* hasta, IColeccionZMF** ret) {
   return giveResult(ret, [&] {
     const Decimal first = toDecimal(behind(desde));
     const Decimal last = toDecimal(behind(hasta));
-    return makeObject<ColeccionZMFObject>(objectsOf(corvid::reportesZMF(*session_, first, last)));
+    return makeObject<ColeccionZMFObject>(objectsOf(corvid::reportesZMF(exchange(), first, last)));
   });
 }
 
 STDMETHODIMP PrinterFiscalObject::loadReporteZMF(VARIANT* numero, IReporteZMF** ret) {
   return giveResult(ret, [&] {
     const Decimal number = toDecimal(behind(numero));
-    return objectOf<ReporteZMFObject>(corvid::loadReporteZMF(*session_, number));
+    return objectOf<ReporteZMFObject>(corvid::loadReporteZMF(exchange(), number));
   });
 }
 

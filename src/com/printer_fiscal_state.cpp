@@ -1,13 +1,13 @@
 // State and framing.
 #include "com/printer_fiscal_object.h"
 #include "protocol/framing.h"
-#include "records/printer_response3.h"
+#include "records/rates_record.h"
 
 namespace corvid {
 
 // The same record gives the same object, so that a host may compare references.
 ComPtr<PrinterResponse3Object> PrinterFiscalObject::rates() {
-  const auto record = std::dynamic_pointer_cast<PrinterResponse3>(state().s3);
+  const auto record = state().s3;
   if (!record) {
     rates_ = {};
   } else if (!rates_ || rates_->record() != record) {
@@ -36,7 +36,7 @@ STDMETHODIMP PrinterFiscalObject::get_lError(short* ret) {
 }
 
 STDMETHODIMP PrinterFiscalObject::get_lStatus(short* ret) {
-  return giveResult(ret, [] { return PrinterFiscal::lStatus(); });
+  return giveResult(ret, [] { return PrinterSession::lStatus(); });
 }
 
 STDMETHODIMP PrinterFiscalObject::tipoPrinter(::VariantesPF* ret) {
@@ -45,13 +45,13 @@ STDMETHODIMP PrinterFiscalObject::tipoPrinter(::VariantesPF* ret) {
 
 STDMETHODIMP PrinterFiscalObject::BuildCommandBlock(BSTR command, BSTR* ret) {
   return giveResult(ret, [&] {
-    return corvid::BuildCommandBlock(viewOf(command), session_->library().codePage());
+    return corvid::BuildCommandBlock(viewOf(command), session_->process().codePage());
   });
 }
 
 STDMETHODIMP PrinterFiscalObject::CalcXOr(BSTR s, short* ret) {
   return giveResult(ret,
-                    [&] { return corvid::CalcXOr(viewOf(s), session_->library().codePage()); });
+                    [&] { return corvid::CalcXOr(viewOf(s), session_->process().codePage()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::EscapeString(BSTR s, BSTR* ret) {

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/printer_response1.h"
+#include "records/counters_record.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class PrinterResponse1Object final : public DispatchObject<IPrinterResponse1, ::PrinterResponse1> {
  public:
-  explicit PrinterResponse1Object(std::shared_ptr<PrinterResponse1> record)
+  explicit PrinterResponse1Object(std::shared_ptr<CountersRecord> record)
       : record_(std::move(record)) {}
 
   STDMETHODIMP get_numeroCajero(short* ret) override { return give(ret, values().numeroCajero); }
@@ -69,9 +69,9 @@ class PrinterResponse1Object final : public DispatchObject<IPrinterResponse1, ::
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  [[nodiscard]] Response1Values& values() const noexcept { return record_->values; }
+  [[nodiscard]] CountersValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<PrinterResponse1> record_;
+  std::shared_ptr<CountersRecord> record_;
 };
 
 }  // namespace corvid

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/printer_response2.h"
+#include "records/transaction_record.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class PrinterResponse2Object final : public DispatchObject<IPrinterResponse2, ::PrinterResponse2> {
  public:
-  explicit PrinterResponse2Object(std::shared_ptr<PrinterResponse2> record)
+  explicit PrinterResponse2Object(std::shared_ptr<TransactionRecord> record)
       : record_(std::move(record)) {}
 
   STDMETHODIMP get_subTotalVenta(CURRENCY* ret) override {
@@ -39,9 +39,9 @@ class PrinterResponse2Object final : public DispatchObject<IPrinterResponse2, ::
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  [[nodiscard]] Response2Values& values() const noexcept { return record_->values; }
+  [[nodiscard]] TransactionValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<PrinterResponse2> record_;
+  std::shared_ptr<TransactionRecord> record_;
 };
 
 }  // namespace corvid

@@ -17,7 +17,7 @@ STDMETHODIMP PrinterResponse3Object::Flag(short n, short* ret) {
 }
 
 STDMETHODIMP PrinterResponse3Object::imagenIncluido(VARIANT t, BSTR* ret) {
-  return giveResult(ret, [&] { return PrinterResponse3::imagenIncluido(toBoolean(t)); });
+  return giveResult(ret, [&] { return RatesRecord::imagenIncluido(toBoolean(t)); });
 }
 
 STDMETHODIMP PrinterResponse3Object::toString(BSTR* ret) {

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/printer_response3.h"
+#include "records/rates_record.h"
 
 #include <memory>
 
@@ -11,10 +11,10 @@ namespace corvid {
 
 class PrinterResponse3Object final : public DispatchObject<IPrinterResponse3, ::PrinterResponse3> {
  public:
-  explicit PrinterResponse3Object(std::shared_ptr<PrinterResponse3> record)
+  explicit PrinterResponse3Object(std::shared_ptr<RatesRecord> record)
       : record_(std::move(record)) {}
 
-  [[nodiscard]] const std::shared_ptr<PrinterResponse3>& record() const noexcept { return record_; }
+  [[nodiscard]] const std::shared_ptr<RatesRecord>& record() const noexcept { return record_; }
 
   STDMETHODIMP get_TipoTasa1(VARIANT_BOOL* ret) override { return give(ret, values().TipoTasa1); }
   STDMETHODIMP put_TipoTasa1(VARIANT_BOOL rhs) override { return take(rhs, values().TipoTasa1); }
@@ -41,9 +41,9 @@ class PrinterResponse3Object final : public DispatchObject<IPrinterResponse3, ::
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  [[nodiscard]] Response3Values& values() const noexcept { return record_->values; }
+  [[nodiscard]] RatesValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<PrinterResponse3> record_;
+  std::shared_ptr<RatesRecord> record_;
 };
 
 }  // namespace corvid

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/printer_response4.h"
+#include "records/payments_record.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class PrinterResponse4Object final : public DispatchObject<IPrinterResponse4, ::PrinterResponse4> {
  public:
-  explicit PrinterResponse4Object(std::shared_ptr<PrinterResponse4> record)
+  explicit PrinterResponse4Object(std::shared_ptr<PaymentsRecord> record)
       : record_(std::move(record)) {}
 
   STDMETHODIMP get_isFake(VARIANT_BOOL* ret) override { return give(ret, record_->isFake); }
@@ -22,7 +22,7 @@ class PrinterResponse4Object final : public DispatchObject<IPrinterResponse4, ::
   STDMETHODIMP valor(VARIANT n, CURRENCY* ret) override;
 
  private:
-  std::shared_ptr<PrinterResponse4> record_;
+  std::shared_ptr<PaymentsRecord> record_;
 };
 
 }  // namespace corvid

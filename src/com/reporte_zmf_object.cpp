@@ -18,7 +18,7 @@ STDMETHODIMP ReporteZMFObject::toString(VARIANT* ret) {
 STDMETHODIMP ReporteZMFObject::load(IPrinterFiscal* printer, VARIANT* numero, VARIANT_BOOL* ret) {
   return giveResult(ret, [&] {
     const auto session = requireOwn<PrinterFiscalObject>(printer);
-    return record_->load(session->session(), toDecimal(behind(numero)));
+    return record_->load(session->session().exchange(), toDecimal(behind(numero)));
   });
 }
 

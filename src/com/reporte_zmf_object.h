@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/reporte_zmf.h"
+#include "records/z_report_record.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class ReporteZMFObject final : public DispatchObject<IReporteZMF, ::ReporteZMF> {
  public:
-  explicit ReporteZMFObject(std::shared_ptr<ReporteZMF> record) : record_(std::move(record)) {}
+  explicit ReporteZMFObject(std::shared_ptr<ZReportRecord> record) : record_(std::move(record)) {}
 
   STDMETHODIMP get_numeroCierre(short* ret) override { return give(ret, values().numeroCierre); }
   STDMETHODIMP put_numeroCierre(short rhs) override { return take(rhs, values().numeroCierre); }
@@ -66,9 +66,9 @@ class ReporteZMFObject final : public DispatchObject<IReporteZMF, ::ReporteZMF> 
   STDMETHODIMP load(IPrinterFiscal* printer, VARIANT* numero, VARIANT_BOOL* ret) override;
 
  private:
-  [[nodiscard]] ReporteZMFValues& values() const noexcept { return record_->values; }
+  [[nodiscard]] ZReportValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<ReporteZMF> record_;
+  std::shared_ptr<ZReportRecord> record_;
 };
 
 }  // namespace corvid

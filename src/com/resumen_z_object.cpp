@@ -6,7 +6,8 @@
 namespace corvid {
 
 STDMETHODIMP ResumenZObject::load(IPrinterFiscal* printer) {
-  return call([&] { record_->load(requireOwn<PrinterFiscalObject>(printer)->session()); });
+  return call(
+      [&] { record_->load(requireOwn<PrinterFiscalObject>(printer)->session().exchange()); });
 }
 
 STDMETHODIMP ResumenZObject::toString(BSTR* ret) {

@@ -3,7 +3,7 @@
 
 #include "com/dispatch_object.h"
 #include "corvid_interfaces.h"
-#include "records/resumen_z.h"
+#include "records/daily_summary.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace corvid {
 
 class ResumenZObject final : public DispatchObject<IResumenZ, ::ResumenZ> {
  public:
-  explicit ResumenZObject(std::shared_ptr<ResumenZ> record) : record_(std::move(record)) {}
+  explicit ResumenZObject(std::shared_ptr<DailySummary> record) : record_(std::move(record)) {}
 
   STDMETHODIMP get_numeroUltimoZ(short* ret) override { return give(ret, values().numeroUltimoZ); }
   STDMETHODIMP put_numeroUltimoZ(short rhs) override { return take(rhs, values().numeroUltimoZ); }
@@ -112,9 +112,9 @@ class ResumenZObject final : public DispatchObject<IResumenZ, ::ResumenZ> {
   STDMETHODIMP toString(BSTR* ret) override;
 
  private:
-  [[nodiscard]] ResumenZValues& values() const noexcept { return record_->values; }
+  [[nodiscard]] DailySummaryValues& values() const noexcept { return record_->values; }
 
-  std::shared_ptr<ResumenZ> record_;
+  std::shared_ptr<DailySummary> record_;
 };
 
 }  // namespace corvid

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "protocol/customer_commands.h"
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 
 #include <cstdint>
 #include <string>
@@ -11,16 +11,16 @@ namespace corvid {
 
 // Each sends its series through Execute and returns pfError as the last command left it. All but
 // PasarDatosClienteNC stop at the first failure and show a message box, modal on this thread.
-std::int32_t PasarDatosCliente(PrinterFiscal& session, const Customer& customer,
+std::int32_t PasarDatosCliente(PrinterSession& session, const Customer& customer,
                                const AffectedInvoice& affected);
-std::int32_t PasarDatosClienteNC(PrinterFiscal& session, const Customer& customer,
+std::int32_t PasarDatosClienteNC(PrinterSession& session, const Customer& customer,
                                  const std::wstring& invoice, const std::wstring& printerSerial,
                                  const DateOrBlank& invoiceDate);
-std::int32_t IniciarFactura(PrinterFiscal& session, const Customer& customer);
+std::int32_t IniciarFactura(PrinterSession& session, const Customer& customer);
 // An empty invoice number sends no reference.
-std::int32_t PasarDatosClientePA(PrinterFiscal& session, const Customer& customer,
+std::int32_t PasarDatosClientePA(PrinterSession& session, const Customer& customer,
                                  const std::wstring& invoice);
-std::int32_t PasarDatosClienteNCPA(PrinterFiscal& session, const Customer& customer,
+std::int32_t PasarDatosClienteNCPA(PrinterSession& session, const Customer& customer,
                                    const std::wstring& invoice);
 
 }  // namespace corvid

@@ -20,17 +20,17 @@ constexpr ClassicKind kSale = {L"PasarItem", salePrefix};
 constexpr ClassicKind kRefund = {L"RefundItem", refundPrefix};
 constexpr ClassicKind kVoid = {L"AnularItem", voidPrefix};
 
-std::int16_t refuseQuantity(PrinterFiscal& session, const ClassicKind& kind) {
-  Outcome& outcome = session.state().outcome;
+std::int16_t refuseQuantity(PrinterSession& session, const ClassicKind& kind) {
+  Outcome& outcome = session.outcome();
   outcome.pfError = pfClientError;
   outcome.DescripcionError =
       std::wstring(L"Argumento inv\u00E1lido (cantidad negativa) en ") + kind.name;
   return pfClientError;
 }
 
-std::int16_t sendClassic(PrinterFiscal& session, const ItemLine& line, const ClassicKind& kind) {
+std::int16_t sendClassic(PrinterSession& session, const ItemLine& line, const ClassicKind& kind) {
   if (line.quantity < 0) return refuseQuantity(session, kind);
-  std::wstring command = kind.prefix(IndiceTasa(session, line.rate), session.library().codePage());
+  std::wstring command = kind.prefix(IndiceTasa(session, line.rate), session.process().codePage());
   command += session.FormatPrecio(line.price.toDecimal());
   command += session.FormatCantidad(Decimal::fromDouble(line.quantity));
   command += left(line.description, session.state().columnasDescripcion);
@@ -50,9 +50,9 @@ std::optional<std::int16_t> configuredIndex(const SessionState& state, double ra
   return std::nullopt;
 }
 
-std::int16_t printerIndex(PrinterFiscal& session, double rate) {
+std::int16_t printerIndex(PrinterSession& session, double rate) {
   session.LoadFlag21();
-  const std::shared_ptr<RateRecord> record = session.state().s3;
+  const std::shared_ptr<RatesRecord> record = session.state().s3;
   if (!record || record->isSubstitute()) return 0;
   for (std::int16_t i = 1; i <= 3; ++i) {
     if (isSameRate(record->rate(i), rate)) return i;
@@ -62,28 +62,28 @@ std::int16_t printerIndex(PrinterFiscal& session, double rate) {
 
 }  // namespace
 
-std::int16_t PasarItem(PrinterFiscal& session, const ItemLine& line) {
+std::int16_t PasarItem(PrinterSession& session, const ItemLine& line) {
   return sendClassic(session, line, kSale);
 }
 
-std::int16_t RefundItem(PrinterFiscal& session, const ItemLine& line) {
+std::int16_t RefundItem(PrinterSession& session, const ItemLine& line) {
   return sendClassic(session, line, kRefund);
 }
 
-std::int16_t AnularItem(PrinterFiscal& session, const ItemLine& line) {
+std::int16_t AnularItem(PrinterSession& session, const ItemLine& line) {
   return sendClassic(session, line, kVoid);
 }
 
-std::int16_t detalleGeneral(PrinterFiscal& session, const std::wstring& kind, const ItemLine& line,
+std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind, const ItemLine& line,
                             const std::wstring& code) {
   const std::int16_t index = IndiceTasa(session, line.rate);
   return session.Execute(
       generalCommand({kind, index, line.price, line.quantity, code, line.description}));
 }
 
-std::int16_t IndiceTasa(PrinterFiscal& session, double rate) {
+std::int16_t IndiceTasa(PrinterSession& session, double rate) {
   if (rate < 0) {
-    return int16Setting(session.library().settings(), L"IndicePercibido", kUsualLevyIndex);
+    return int16Setting(session.process().settings(), L"IndicePercibido", kUsualLevyIndex);
   }
   const std::optional<std::int16_t> configured = configuredIndex(session.state(), rate);
   return configured ? *configured : printerIndex(session, rate);

@@ -3,7 +3,7 @@
 
 #include "basic/date.h"
 #include "basic/decimal.h"
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 
 #include <cstdint>
 #include <functional>
@@ -15,27 +15,27 @@ namespace corvid {
 // checked before sending; numbers are rounded half away from zero, zero-padded and never cut.
 
 // A line of a non-fiscal document, cut to 40 characters; `close` also ends the document.
-std::int16_t PrintNoFiscal(PrinterFiscal& session, const std::wstring& text, bool close);
+std::int16_t PrintNoFiscal(PrinterSession& session, const std::wstring& text, bool close);
 // A daily report: range and kind are the printer's own letters.
-std::int16_t ReporteDiario(PrinterFiscal& session, const std::wstring& range,
+std::int16_t ReporteDiario(PrinterSession& session, const std::wstring& range,
                            const std::wstring& kind);
 
 // Program a line above or below every document, centred to 40 characters. A header's line number
 // comes as its text; a footer's is sent as the character with the code number + 64, and error 5 is
 // raised where that is no byte.
-std::int16_t SetHeader(PrinterFiscal& session, const std::wstring& lineNumber,
+std::int16_t SetHeader(PrinterSession& session, const std::wstring& lineNumber,
                        const std::wstring& text);
-std::int16_t SetFooter(PrinterFiscal& session, std::int32_t lineNumber, const std::wstring& text);
+std::int16_t SetFooter(PrinterSession& session, std::int32_t lineNumber, const std::wstring& text);
 
 // Set the printer's clock. Error 5 outside the years 100 to 9999.
-std::int16_t SetDate(PrinterFiscal& session, Date date);
-std::int16_t SetTime(PrinterFiscal& session, Date time);
+std::int16_t SetDate(PrinterSession& session, Date date);
+std::int16_t SetTime(PrinterSession& session, Date time);
 
-std::int16_t Login(PrinterFiscal& session, const Decimal& cashier);
-std::int16_t Logoff(PrinterFiscal& session);
-std::int16_t StartTraining(PrinterFiscal& session);
-std::int16_t EndTraining(PrinterFiscal& session);
-std::int16_t setFlag(PrinterFiscal& session, const Decimal& flag, const Decimal& value);
+std::int16_t Login(PrinterSession& session, const Decimal& cashier);
+std::int16_t Logoff(PrinterSession& session);
+std::int16_t StartTraining(PrinterSession& session);
+std::int16_t EndTraining(PrinterSession& session);
+std::int16_t setFlag(PrinterSession& session, const Decimal& flag, const Decimal& value);
 
 // A limit of a range of documents, which the command tells to be a date or a number: only the one
 // that is needed is asked for, and what that raises crosses before anything is sent.
@@ -46,8 +46,8 @@ struct ReprintLimit {
 
 // Prints stored documents again, from limit to limit. Commands from "a" to "z" in the order of
 // character codes take dates, all others numbers. The session's outcome tells what came of it.
-void reimprimirDocumentos(PrinterFiscal& session, const std::wstring& command,
+void reimprimirDocumentos(PrinterSession& session, const std::wstring& command,
                           const ReprintLimit& first, const ReprintLimit& last);
-void reimprimirFactura(PrinterFiscal& session, const Decimal& number);
+void reimprimirFactura(PrinterSession& session, const Decimal& number);
 
 }  // namespace corvid

@@ -34,22 +34,22 @@ void TraceLog::Trace(std::wstring_view message) noexcept {
 }
 
 void TraceLog::addToView(std::wstring_view message) {
-  if (!debugView_.isMade()) debugView_.make(around_.views).SetReportWidth(kViewWidth);
+  if (!debugView_.isMade()) debugView_.make(environment_.views).SetReportWidth(kViewWidth);
   debugView_.Add(std::wstring(message));
 }
 
 void TraceLog::appendToFile(std::wstring_view message) {
   if (fileName_.empty()) {
-    fileName_ =
-        around_.settings.text(kApplication, kTraceSection, L"DEBUGFILE",
-                              around_.folders.SHgetFolder(kDocumentsFolder) + L"\\FPRINTER.LOG");
+    fileName_ = environment_.settings.text(
+        kApplication, kTraceSection, L"DEBUGFILE",
+        environment_.folders.SHgetFolder(kDocumentsFolder) + L"\\FPRINTER.LOG");
   }
-  const std::wstring line =
-      format(around_.clock.now(), L"dd/mm hh:nn:ss") + L" " +
-      rightAlignedSeconds(around_.clock.secondsSinceMidnight(), around_.locale.current()) + L" " +
-      std::wstring(message) + L"\r\n";
+  const std::wstring line = format(environment_.clock.now(), L"dd/mm hh:nn:ss") + L" " +
+                            rightAlignedSeconds(environment_.clock.secondsSinceMidnight(),
+                                                environment_.locale.current()) +
+                            L" " + std::wstring(message) + L"\r\n";
   std::ofstream file(std::filesystem::path(fileName_), std::ios::binary | std::ios::app);
-  file << around_.codePage.encode(line);
+  file << environment_.codePage.encode(line);
 }
 
 }  // namespace corvid

@@ -14,7 +14,7 @@
 namespace corvid {
 
 // What the trace needs of the world around it; all outlive it.
-struct TraceSurroundings {
+struct TraceEnvironment {
   const Settings& settings;
   Clock& clock;
   Folders& folders;
@@ -26,7 +26,7 @@ struct TraceSurroundings {
 // Process-wide. The flags are those of the session object created last.
 class TraceLog {
  public:
-  explicit TraceLog(const TraceSurroundings& surroundings) : around_(surroundings) {}
+  explicit TraceLog(const TraceEnvironment& environment) : environment_(environment) {}
 
   bool isDebug = false;         // setting "IsDebug": nothing is traced while it is off
   bool debugInmediato = false;  // setting "DebugInmediato": to the debug view instead of the file
@@ -44,7 +44,7 @@ class TraceLog {
   void addToView(std::wstring_view message);
   void appendToFile(std::wstring_view message);
 
-  TraceSurroundings around_;
+  TraceEnvironment environment_;
   PendingView debugView_;
   std::wstring fileName_;
 };

@@ -4,7 +4,7 @@
 
 namespace corvid {
 
-std::wstring closuresQuery(const Decimal& first, const Decimal& last) {
+std::wstring zReportsQuery(const Decimal& first, const Decimal& last) {
   return L"U3A" + format(first, L"000000") + format(last, L"000000");
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/text.h"
-#include "session/printer_fiscal.h"
+#include "exchange/exchange.h"
 
 namespace corvid {
 

@@ -11,9 +11,9 @@ namespace corvid {
 namespace {
 
 template <class Record>
-std::shared_ptr<Record> queryRecord(PrinterFiscal& session, const wchar_t* command,
+std::shared_ptr<Record> queryRecord(Exchange& exchange, const wchar_t* command,
                                     std::shared_ptr<Record> record) {
-  const Lines fields = session.answersWithSubstitutes() ? Lines{} : session.GetResponse(command);
+  const Lines fields = exchange.answersWithSubstitutes() ? Lines{} : exchange.GetResponse(command);
   if (isFailure(fields)) {
     record->loadFake();
   } else {
@@ -22,18 +22,18 @@ std::shared_ptr<Record> queryRecord(PrinterFiscal& session, const wchar_t* comma
   return record;
 }
 
-std::int32_t queryCounter(PrinterFiscal& session, std::int32_t field) {
-  const Lines fields = session.GetResponse(kQueryCounters);
+std::int32_t queryCounter(Exchange& exchange, std::int32_t field) {
+  const Lines fields = exchange.GetResponse(kQueryCounters);
   return isFailure(fields) ? -1 : readCounter(ReplyFields(fields).text(field));
 }
 
 }  // namespace
 
-std::shared_ptr<PrinterResponse1> Response1(PrinterFiscal& session) {
-  auto record = std::make_shared<PrinterResponse1>(session.library());
+std::shared_ptr<CountersRecord> Response1(Exchange& exchange) {
+  auto record = std::make_shared<CountersRecord>(exchange.process());
   std::wstring reply;
-  if (!session.answersWithSubstitutes()) {
-    reply = session.GetResponseString(kQueryCounters, std::wstring(1, kLineFeed));
+  if (!exchange.answersWithSubstitutes()) {
+    reply = exchange.GetResponseString(kQueryCounters, std::wstring(1, kLineFeed));
     reply.erase(0, 1);  // the separator in front of the first field
   }
   if (reply.empty() || reply == kFailedReply) {
@@ -44,45 +44,37 @@ std::shared_ptr<PrinterResponse1> Response1(PrinterFiscal& session) {
   return record;
 }
 
-std::shared_ptr<PrinterResponse2> Response2(PrinterFiscal& session) {
-  return queryRecord(session, kQueryDocument,
-                     std::make_shared<PrinterResponse2>(session.library()));
+std::shared_ptr<TransactionRecord> Response2(Exchange& exchange) {
+  return queryRecord(exchange, kQueryDocument,
+                     std::make_shared<TransactionRecord>(exchange.process()));
 }
 
-std::shared_ptr<PrinterResponse3> Response3(PrinterFiscal& session) {
-  return queryRecord(session, kQueryRates, std::make_shared<PrinterResponse3>(session.library()));
+std::shared_ptr<RatesRecord> Response3(Exchange& exchange) {
+  return queryRecord(exchange, kQueryRates, std::make_shared<RatesRecord>(exchange.process()));
 }
 
-std::shared_ptr<PrinterResponse4> Response4(PrinterFiscal& session) {
-  return queryRecord(session, kQueryPayments, std::make_shared<PrinterResponse4>());
+std::shared_ptr<PaymentsRecord> Response4(Exchange& exchange) {
+  return queryRecord(exchange, kQueryPayments, std::make_shared<PaymentsRecord>());
 }
 
-std::shared_ptr<EstadoDocumento> getEstadoDocumento(PrinterFiscal& session) {
-  auto record = std::make_shared<EstadoDocumento>(session.library());
-  const Lines fields = session.GetResponse(kQueryDocument);
+std::shared_ptr<DocumentStateRecord> getEstadoDocumento(Exchange& exchange) {
+  auto record = std::make_shared<DocumentStateRecord>(exchange.process());
+  const Lines fields = exchange.GetResponse(kQueryDocument);
   if (!isFailure(fields)) record->loadFromResponse(ReplyFields(fields));
   return record;
 }
 
-std::int32_t numeroUltimaFactura(PrinterFiscal& session) { return queryCounter(session, 2); }
+std::int32_t numeroUltimaFactura(Exchange& exchange) { return queryCounter(exchange, 2); }
 
-std::int32_t NumeroUltimoCierre(PrinterFiscal& session) { return queryCounter(session, 6); }
+std::int32_t NumeroUltimoCierre(Exchange& exchange) { return queryCounter(exchange, 6); }
 
-double tasa(PrinterFiscal& session, const Decimal& index) {
+double tasa(Exchange& exchange, const Decimal& index) {
   const Decimal first = Decimal::fromInteger(1);
   if (index.compare(first) < 0 || index.compare(Decimal::fromInteger(3)) > 0) return 0;
-  const Lines fields = session.GetResponse(kQueryRates);
+  const Lines fields = exchange.GetResponse(kQueryRates);
   if (isFailure(fields)) return -1;
   const std::wstring field = ReplyFields(fields).text(toInt32(index.minus(first)));
   return leadingNumberOrZero(mid(field, 2)) / 100;
-}
-
-std::wstring RecordStatusSource::readSerial(PrinterFiscal& session) {
-  return Response1(session)->values.Serial;
-}
-
-std::shared_ptr<RateRecord> RecordStatusSource::readRates(PrinterFiscal& session) {
-  return Response3(session);
 }
 
 }  // namespace corvid

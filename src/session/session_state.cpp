@@ -1,7 +1,7 @@
 #include "session/session_state.h"
 
 #include "basic/conversions.h"
-#include "session/library.h"
+#include "exchange/process_state.h"
 #include "session/session_settings.h"
 
 namespace corvid {
@@ -27,15 +27,15 @@ void readRates(SessionState& state, const Settings& settings) {
 
 }  // namespace
 
-void readSettings(SessionState& state, Library& library) {
-  const Settings& settings = library.settings();
-  state.timeOut = int16Setting(settings, L"TimeOut", state.timeOut);
+void readSettings(SessionState& state, ExchangeState& exchange, ProcessState& process) {
+  const Settings& settings = process.settings();
+  exchange.timeOut = int16Setting(settings, L"TimeOut", exchange.timeOut);
   state.retries = int16Setting(settings, L"Retries", state.retries);
-  state.skipChecks = flag(settings, L"SkipChecks");
-  library.testMode = flag(settings, L"TestMode");
-  state.testMode = library.testMode;
-  library.trace().isDebug = flag(settings, L"IsDebug");
-  library.trace().debugInmediato = flag(settings, L"DebugInmediato");
+  exchange.skipChecks = flag(settings, L"SkipChecks");
+  process.testMode = flag(settings, L"TestMode");
+  exchange.testMode = process.testMode;
+  process.trace().isDebug = flag(settings, L"IsDebug");
+  process.trace().debugInmediato = flag(settings, L"DebugInmediato");
   state.columnasDescripcion =
       int32Setting(settings, L"ColumnasDescripcion", state.columnasDescripcion);
   readRates(state, settings);

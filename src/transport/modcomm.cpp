@@ -57,7 +57,7 @@ bool modCOMM::isOpen(std::int16_t port) const { return record(port).open; }
 std::int32_t modCOMM::CommOpen(std::int16_t port, const std::wstring& name,
                                const std::wstring& settings) {
   const std::int32_t error = openRecord(record(port), devicePath(port, name), settings);
-  around_.dump.open();
+  environment_.dump.open();
   return error;
 }
 
@@ -67,20 +67,20 @@ std::int32_t modCOMM::openRecord(Record& record, const std::wstring& path,
     lastError_ = {kPortInUse, L"CommOpen", L"Port in use."};
     return kPortInUse;
   }
-  record.handle = around_.calls.createFile(path);
+  record.handle = environment_.calls.createFile(path);
   if (record.handle == kInvalidSerialHandle) return fail(L"CommOpen (CreateFile)");
   record.open = true;
   record.readsImmediately =
-      around_.settings.boolean(kApplication, kPortSection, L"LecturaInmediata", false);
+      environment_.settings.boolean(kApplication, kPortSection, L"LecturaInmediata", false);
   return configure(record, settings);
 }
 
 std::int32_t modCOMM::configure(Record& record, const std::wstring& settings) {
-  if (!around_.calls.setupComm(record.handle, kQueueSize, kQueueSize)) {
+  if (!environment_.calls.setupComm(record.handle, kQueueSize, kQueueSize)) {
     return fail(L"CommOpen (SetupComm)");
   }
-  if (!around_.calls.purgeComm(record.handle, kPurgeAll)) return fail(L"CommOpen (PurgeComm)");
-  if (!around_.calls.setCommTimeouts(record.handle, kTimeouts)) {
+  if (!environment_.calls.purgeComm(record.handle, kPurgeAll)) return fail(L"CommOpen (PurgeComm)");
+  if (!environment_.calls.setCommTimeouts(record.handle, kTimeouts)) {
     return fail(L"CommOpen (SetCommTimeouts)");
   }
   return applySettings(record, settings, L"CommOpen");
@@ -88,12 +88,12 @@ std::int32_t modCOMM::configure(Record& record, const std::wstring& settings) {
 
 std::int32_t modCOMM::applySettings(Record& record, const std::wstring& settings,
                                     const std::wstring& operation) {
-  if (!around_.calls.getCommState(record.handle, record.block)) {
+  if (!environment_.calls.getCommState(record.handle, record.block)) {
     return fail(operation + L" (GetCommState)");
   }
-  if (!around_.calls.buildCommDcb(settings, record.block))
+  if (!environment_.calls.buildCommDcb(settings, record.block))
     return fail(operation + L" (BuildCommDCB)");
-  if (!around_.calls.setCommState(record.handle, record.block)) {
+  if (!environment_.calls.setCommState(record.handle, record.block)) {
     return fail(operation + L" (SetCommState)");
   }
   return 0;
@@ -103,14 +103,14 @@ std::int32_t modCOMM::CommClose(std::int16_t port) {
   Record& record = this->record(port);
   std::int32_t error = 0;
   if (record.open) {
-    if (around_.calls.closeHandle(record.handle)) {
+    if (environment_.calls.closeHandle(record.handle)) {
       record.open = false;
       record.handle = kInvalidSerialHandle;
     } else {
       error = fail(L"CommClose (CloseHandle)");
     }
   }
-  around_.dump.close();
+  environment_.dump.close();
   return error;
 }
 
@@ -118,20 +118,20 @@ std::int32_t modCOMM::CommRead(std::int16_t port, std::wstring& data, std::int32
                                double patience) {
   const Record& record = this->record(port);
   data.clear();
-  around_.pump.yield();
+  environment_.pump.yield();
   std::string bytes;
   const auto wanted = static_cast<std::uint32_t>(std::max(size, 0));
   const bool isRead =
       record.readsImmediately ? gather(record, patience, bytes) : readOnce(record, wanted, bytes);
   if (!isRead) return -1;
-  data = around_.codePage.decode(bytes);
-  if (!bytes.empty()) around_.dump.write("Read ", bytes);
+  data = environment_.codePage.decode(bytes);
+  if (!bytes.empty()) environment_.dump.write("Read ", bytes);
   return static_cast<std::int32_t>(bytes.size());
 }
 
 bool modCOMM::countWaiting(const Record& record, std::uint32_t& waiting) {
   SerialQueue queue;
-  if (!around_.calls.clearCommError(record.handle, queue)) {
+  if (!environment_.calls.clearCommError(record.handle, queue)) {
     fail(L"CommRead (ClearCommError)");
     return false;
   }
@@ -150,7 +150,7 @@ bool modCOMM::readWaiting(const Record& record, std::uint32_t size, std::string&
   std::array<char, kReadBufferSize> buffer;
   const std::uint32_t asked = std::min(size, kReadBufferSize);
   std::uint32_t count = 0;
-  if (!around_.calls.readFile(record.handle, buffer.data(), asked, count) &&
+  if (!environment_.calls.readFile(record.handle, buffer.data(), asked, count) &&
       !awaitTransfer(record, L"CommRead (ReadFile)", L"CommRead (GetOverlappedResult)",
                      lastErrorNumber(), count)) {
     return false;
@@ -161,7 +161,7 @@ bool modCOMM::readWaiting(const Record& record, std::uint32_t size, std::string&
 
 // A failure behind the first bytes ends the gathering; the next read meets it again.
 bool modCOMM::gather(const Record& record, double patience, std::string& bytes) {
-  const double start = around_.clock.monotonicSeconds();
+  const double start = environment_.clock.monotonicSeconds();
   double lastByte = start;
   for (;;) {
     std::uint32_t waiting = 0;
@@ -175,10 +175,10 @@ bool modCOMM::gather(const Record& record, double patience, std::string& bytes) 
     }
     if (isWholeAnswer(bytes) || bytes.size() == kReadBufferSize) return true;
 
-    const double now = around_.clock.monotonicSeconds();
+    const double now = environment_.clock.monotonicSeconds();
     if (bytes.size() != before) lastByte = now;
     if (now - lastByte >= kQuietSeconds || now - start >= patience) return true;
-    around_.clock.rest();
+    environment_.clock.rest();
   }
 }
 
@@ -186,22 +186,22 @@ std::wstring modCOMM::CommDiscard(std::int16_t port) {
   const Record& record = this->record(port);
   std::string bytes;
   if (record.readsImmediately) readOnce(record, 0, bytes);
-  if (!bytes.empty()) around_.dump.write("Read ", bytes);
-  return around_.codePage.decode(bytes);
+  if (!bytes.empty()) environment_.dump.write("Read ", bytes);
+  return environment_.codePage.decode(bytes);
 }
 
 std::int32_t modCOMM::CommWrite(std::int16_t port, std::wstring_view data) {
   const Record& record = this->record(port);
-  const std::string bytes = around_.codePage.encode(data);
+  const std::string bytes = environment_.codePage.encode(data);
   std::uint32_t count = 0;
-  const bool written = around_.calls.writeFile(record.handle, bytes, count);
+  const bool written = environment_.calls.writeFile(record.handle, bytes, count);
   const std::uint32_t error = written ? 0 : lastErrorNumber();
-  around_.pump.yield();
+  environment_.pump.yield();
   if (!written && !awaitTransfer(record, L"CommWrite (WriteFile)",
                                  L"CommWrite (GetOverlappedResult)", error, count)) {
     return -1;
   }
-  around_.dump.write("Send ", bytes);
+  environment_.dump.write("Send ", bytes);
   return static_cast<std::int32_t>(count);
 }
 
@@ -212,7 +212,7 @@ bool modCOMM::awaitTransfer(const Record& record, const wchar_t* call, const wch
     failTransfer(record, call, error);
     return false;
   }
-  while (!around_.calls.getOverlappedResult(record.handle, count)) {
+  while (!environment_.calls.getOverlappedResult(record.handle, count)) {
     const std::uint32_t waitError = lastErrorNumber();
     if (waitError == kErrorIoIncomplete) continue;
     failTransfer(record, wait, waitError);
@@ -223,7 +223,7 @@ bool modCOMM::awaitTransfer(const Record& record, const wchar_t* call, const wch
 
 std::int32_t modCOMM::CommReadCD(std::int16_t port, std::int16_t mask, bool& state) {
   std::uint32_t status = 0;
-  if (!around_.calls.getCommModemStatus(record(port).handle, status)) {
+  if (!environment_.calls.getCommModemStatus(record(port).handle, status)) {
     return fail(L"CommReadCD (GetCommModemStatus)");
   }
   state = (status & static_cast<std::uint16_t>(mask)) != 0;
@@ -235,7 +235,7 @@ std::int32_t modCOMM::CommSetLine(std::int16_t port, CommLine line, std::int16_t
   for (const LineFunctions& functions : kLineFunctions) {
     if (functions.line != line) continue;
     const std::uint32_t function = state != 0 ? functions.set : functions.clear;
-    if (around_.calls.escapeCommFunction(record.handle, function)) return 0;
+    if (environment_.calls.escapeCommFunction(record.handle, function)) return 0;
     return fail(L"CommSetLine (EscapeCommFunction)");
   }
   return 0;
@@ -246,7 +246,7 @@ std::int32_t modCOMM::CommSet(std::int16_t port, const std::wstring& settings) {
 }
 
 std::int32_t modCOMM::CommFlush(std::int16_t port) {
-  if (around_.calls.purgeComm(record(port).handle, kPurgeAll)) return 0;
+  if (environment_.calls.purgeComm(record(port).handle, kPurgeAll)) return 0;
   return fail(L"CommFlush (PurgeComm)");
 }
 
@@ -258,21 +258,21 @@ std::int32_t modCOMM::CommGetError(std::wstring& text) const {
 
 std::int32_t modCOMM::fail(const std::wstring& source) {
   const std::uint32_t error = lastErrorNumber();
-  lastError_ = {static_cast<std::int32_t>(error), source, around_.calls.errorMessage(error)};
+  lastError_ = {static_cast<std::int32_t>(error), source, environment_.calls.errorMessage(error)};
   return lastError_.number;
 }
 
 // A driver may fail without a number, and 0 would pass for success.
 std::uint32_t modCOMM::lastErrorNumber() {
-  const std::uint32_t error = around_.calls.lastError();
+  const std::uint32_t error = environment_.calls.lastError();
   return error != 0 ? error : kErrorGenFailure;
 }
 
 void modCOMM::failTransfer(const Record& record, const std::wstring& source, std::uint32_t error) {
   SerialQueue queue;
-  around_.calls.clearCommError(record.handle, queue);
+  environment_.calls.clearCommError(record.handle, queue);
   lastError_ = {static_cast<std::int32_t>(error), source,
-                around_.calls.errorMessage(error) + L"  COMM Error Flags = " +
+                environment_.calls.errorMessage(error) + L"  COMM Error Flags = " +
                     toHex(static_cast<std::int32_t>(queue.errorFlags))};
 }
 

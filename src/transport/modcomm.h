@@ -28,7 +28,7 @@ struct CommError {
 };
 
 // What the port layer needs of the world around it; all outlive it.
-struct PortSurroundings {
+struct PortEnvironment {
   SerialCalls& calls;
   MessagePump& pump;
   const Settings& settings;
@@ -45,7 +45,7 @@ constexpr double kUnlimitedPatience = 1e9;
 // system's code page, one byte each.
 class modCOMM {
  public:
-  explicit modCOMM(const PortSurroundings& surroundings) : around_(surroundings) {}
+  explicit modCOMM(const PortEnvironment& environment) : environment_(environment) {}
 
   // 0, or the error number (-1 with "Port in use." when the record is already open). A failure
   // behind CreateFile leaves the record open, to be closed by CommClose. Opens the port dump.
@@ -101,7 +101,7 @@ class modCOMM {
   std::int32_t fail(const std::wstring& source);
   void failTransfer(const Record& record, const std::wstring& source, std::uint32_t error);
 
-  PortSurroundings around_;
+  PortEnvironment environment_;
   std::array<Record, kHighestPort> records_;
   CommError lastError_;
 };

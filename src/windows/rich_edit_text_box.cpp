@@ -35,9 +35,9 @@ std::wstring systemFolder() {
 }
 
 const wchar_t* loadRichEdit() {
-  for (const RichEditLibrary& library : kLibraries) {
-    if (LoadLibraryW((systemFolder() + library.file).c_str()) != nullptr) {
-      return library.windowClass;
+  for (const RichEditLibrary& process : kLibraries) {
+    if (LoadLibraryW((systemFolder() + process.file).c_str()) != nullptr) {
+      return process.windowClass;
     }
   }
   return nullptr;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "records/status_queries.h"
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 #include "support/scripted_printer.h"
 #include "support/world.h"
 
@@ -42,20 +42,21 @@ class DocumentBench {
 
   [[nodiscard]] World& world() { return world_; }
   [[nodiscard]] ScriptedPrinter& printer() { return printer_; }
-  [[nodiscard]] Library& library() {
-    if (!library_) library_ = std::make_unique<Library>(world_.surroundings());
-    return *library_;
+  [[nodiscard]] ProcessState& process() {
+    if (!process_) process_ = std::make_unique<ProcessState>(world_.environment());
+    return *process_;
   }
   // Created and opened on first use.
-  [[nodiscard]] PrinterFiscal& session() {
+  [[nodiscard]] PrinterSession& session() {
     if (!session_) {
-      session_ = std::make_unique<PrinterFiscal>(library(), source_);
+      session_ = std::make_unique<PrinterSession>(process());
       session_->state().SerialPrinter = L"KNOWN";  // so that opening it asks for no record
       session_->Abrir(1);
     }
     return *session_;
   }
-  [[nodiscard]] const Outcome& outcome() { return session().state().outcome; }
+  [[nodiscard]] Exchange& exchange() { return session().exchange(); }
+  [[nodiscard]] const Outcome& outcome() { return session().outcome(); }
 
   void silence(const std::string& command) { printer_.answers[command] = Answer{}; }
   void refuse(const std::string& command) { printer_.answers[command] = Answer{"\x15"}; }
@@ -72,9 +73,8 @@ class DocumentBench {
  private:
   World world_;
   ScriptedPrinter printer_;
-  RecordStatusSource source_;
-  std::unique_ptr<Library> library_;
-  std::unique_ptr<PrinterFiscal> session_;
+  std::unique_ptr<ProcessState> process_;
+  std::unique_ptr<PrinterSession> session_;
 };
 
 }  // namespace corvid

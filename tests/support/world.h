@@ -1,11 +1,11 @@
 // Everything around a library, in memory.
 #pragma once
 
+#include "exchange/process_state.h"
 #include "platform/folders.h"
 #include "platform/message_dialog.h"
 #include "platform/message_pump.h"
 #include "platform/report_view.h"
-#include "session/library.h"
 #include "support/error_of.h"
 #include "support/fake_clock.h"
 #include "support/fake_settings.h"
@@ -90,7 +90,7 @@ struct World {
   RecordingViews views;
   FixedLocale locale;
 
-  [[nodiscard]] Surroundings surroundings() {
+  [[nodiscard]] Environment environment() {
     return {settings, store, serial, host, dialog, folders, views, clock, windows1252(), locale};
   }
 };

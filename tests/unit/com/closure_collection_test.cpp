@@ -2,14 +2,14 @@
 #include "com/automation_library.h"
 #include "com/coleccion_zmf_object.h"
 #include "com/reporte_zmf_object.h"
-#include "records/reporte_zmf.h"
+#include "records/z_report_record.h"
 #include "unit/registration/automation_host.h"
 
 namespace corvid::testing {
 namespace {
 
 ComPtr<IReporteZMF> closure(std::int16_t number) {
-  auto record = std::make_shared<ReporteZMF>(AutomationLibrary::instance().library());
+  auto record = std::make_shared<ZReportRecord>(AutomationLibrary::instance().process());
   record->values.numeroCierre = number;
   return ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(std::move(record)).detach());
 }

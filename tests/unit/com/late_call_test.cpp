@@ -1,5 +1,5 @@
 // Late-bound calls as scripts make them.
-#include "session/printer_fiscal.h"
+#include "session/printer_session.h"
 #include "unit/registration/automation_host.h"
 
 namespace corvid::testing {

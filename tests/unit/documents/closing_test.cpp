@@ -14,12 +14,12 @@ Currency money(double value) { return Currency::fromDouble(value); }
 Decimal number(double value) { return Decimal::fromDouble(value); }
 
 struct Case {
-  std::function<int(PrinterFiscal& session)> method;
+  std::function<int(PrinterSession& session)> method;
   std::string command;
   const char* reason;
 };
 
-using S = PrinterFiscal;
+using S = PrinterSession;
 
 const Case kCases[] = {
     {[](S& s) { return SubTotal(s, true); }, "3", "printed subtotal"},

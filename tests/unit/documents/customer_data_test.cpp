@@ -12,7 +12,7 @@
 namespace corvid {
 namespace {
 
-using Method = std::function<std::int32_t(PrinterFiscal& session)>;
+using Method = std::function<std::int32_t(PrinterSession& session)>;
 
 const std::wstring kLongName(45, L'n');
 const std::string kCutName(40, 'n');
@@ -34,7 +34,7 @@ void expectSeries(const std::vector<SeriesCase>& cases, DocumentBench::Entries e
   }
 }
 
-using S = PrinterFiscal;
+using S = PrinterSession;
 
 Method withReferences(const Customer& customer, const AffectedInvoice& affected) {
   return [=](S& session) { return PasarDatosCliente(session, customer, affected); };
@@ -74,14 +74,14 @@ TEST(CustomerData, InvoiceLinesAreNumberedThroughout) {
 TEST(CustomerData, CreditNoteFieldsAreTaggedAndTheAddressBeginsAtZero) {
   expectSeries(
       {
-          {[](PrinterFiscal& session) {
+          {[](PrinterSession& session) {
              return PasarDatosClienteNC(session, {kLongName, L"V-123", L"A\r\n\r\nB"},
                                         std::wstring(41, L'1'), kLongName, kMarch14);
            },
            {"iS*" + kCutName, "iR*V-123", "iF*" + std::string(40, '1'),
             "iI*" + std::string(45, 'n'), "iD*14-03-2026", "i00A", "i01B"},
            "name and invoice are cut at 40"},
-          {[](PrinterFiscal& session) {
+          {[](PrinterSession& session) {
              return PasarDatosClienteNC(session, {L"Ana", L"", L""}, L"", L"", std::nullopt);
            },
            {"iS*Ana", "iR*", "iF*", "iI*", "iD*"},

@@ -9,7 +9,7 @@
 namespace corvid {
 namespace {
 
-using ClassicMethod = std::int16_t (*)(PrinterFiscal& session, const ItemLine& line);
+using ClassicMethod = std::int16_t (*)(PrinterSession& session, const ItemLine& line);
 
 const Lines kRates = {L"0", L"16", L"8", L"31"};
 

@@ -27,7 +27,7 @@ const std::string kBlanks(40, ' ');
 
 // One call, and the command that it sends.
 struct Call {
-  std::function<std::int16_t(PrinterFiscal&)> send;
+  std::function<std::int16_t(PrinterSession&)> send;
   std::string command;
   const char* reason;
 };
@@ -38,7 +38,7 @@ std::vector<Call> calls() {
   const std::wstring word = L"DIEZLETRAS";
   const std::string centred = std::string(15, ' ') + "DIEZLETRAS" + std::string(15, ' ');
   const std::string thirtyNine = forty.substr(0, 39);
-  using S = PrinterFiscal;
+  using S = PrinterSession;
   return {
       {[=](S& s) { return PrintNoFiscal(s, fifty, false); }, "800" + forty, "cut to 40"},
       {[=](S& s) { return PrintNoFiscal(s, L"A\u00d1O ", true); }, "810A\xD1O ", "not padded"},
@@ -111,7 +111,7 @@ TEST(Reprint, OneInvoiceIsARangeOfItselfAndAFailureShowsInTheOutcomeAlone) {
 }
 
 TEST(Housekeeping, ValueThatCannotBeSentIsRaisedBeforeAnythingIs) {
-  using S = PrinterFiscal;
+  using S = PrinterSession;
   const Date beyond{3e6};
   const struct {
     std::function<void(S&)> send;

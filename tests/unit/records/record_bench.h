@@ -13,8 +13,8 @@ namespace corvid {
 template <typename Made>
 struct RecordOf {
   World world;
-  Library library{world.surroundings()};
-  Made record{library};
+  ProcessState process{world.environment()};
+  Made record{process};
 };
 
 // Fields separated by bars.

@@ -11,14 +11,14 @@
 namespace corvid {
 namespace {
 
-using S = PrinterFiscal;
+using S = Exchange;
 
 constexpr const wchar_t* kFakeSection = L"Config\\NimbusPF\\Response1";
 const char* const kCounters = "S112\n0012345\n3\n4\n5\n6\n7\n8\nJ-9\nZ7A10\n240517\n1030\n1\n2";
 const char* const kState = "S2 0001500\n101\nx\n2.5\n104\n5\n6";
 
 std::wstring first(S& session) {
-  const Response1Values values = Response1(session)->values;
+  const CountersValues values = Response1(session)->values;
   return values.Serial + L" " + std::to_wstring(values.numeroCajero);
 }
 std::wstring second(S& session) { return std::to_wstring(Response2(session)->values.tipoTrans); }
@@ -61,11 +61,11 @@ TEST(StatusQuery, GivesTheReplyOrTheSubstitute) {
     DocumentBench bench;
     bench.world().settings.set(kFakeSection, L"Serial", L"FAKE");
     bench.printer().answers[query.command] = query.answer;
-    EXPECT_EQ(query.result(bench.session()), query.read);
+    EXPECT_EQ(query.result(bench.exchange()), query.read);
     EXPECT_EQ(bench.printer().commands(), Sent{query.command});
     for (const FailedAnswer& failed : kFailedAnswers) {
       bench.printer().answers[query.command] = failed.answer;
-      EXPECT_EQ(query.result(bench.session()), query.failed) << failed.reason;
+      EXPECT_EQ(query.result(bench.exchange()), query.failed) << failed.reason;
       EXPECT_EQ(bench.printer().commands().back(), query.command) << failed.reason;
     }
   }
@@ -74,31 +74,21 @@ TEST(StatusQuery, GivesTheReplyOrTheSubstitute) {
 TEST(StatusQuery, BadSubstituteSettingIsNotRaised) {
   DocumentBench bench({{L"TestMode", L"True"}});
   bench.world().settings.set(kFakeSection, L"numeroCajero", L"none");
-  EXPECT_EQ(Response1(bench.session())->values.RIF, L"");
+  EXPECT_EQ(Response1(bench.exchange())->values.RIF, L"");
 }
 
 TEST(StatusQuery, EachCallGivesAFreshRecord) {
   DocumentBench bench;
-  const auto record = Response3(bench.session());
+  const auto record = Response3(bench.exchange());
   record->values.ValorTasa1 = 99;
-  EXPECT_EQ(Response3(bench.session())->values.ValorTasa1, 16);
-}
-
-TEST(StatusQuery, SessionReadsSerialAndRatesThroughTheRecords) {
-  DocumentBench bench;
-  bench.printer().answers["S1"] = blockOf(kCounters);
-  RecordStatusSource source;
-  EXPECT_EQ(source.readSerial(bench.session()), L"Z7A10");
-  const std::shared_ptr<RateRecord> rates = source.readRates(bench.session());
-  EXPECT_EQ(rates->rate(3), 31);
-  EXPECT_FALSE(rates->isSubstitute());
+  EXPECT_EQ(Response3(bench.exchange())->values.ValorTasa1, 16);
 }
 
 TEST(StatusQuery, ReplyThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
   DocumentBench bench;
   bench.printer().answers["S2"] = blockOf("S2 100\nx");
   bench.printer().answers["S4"] = blockOf("S4x");
-  S& session = bench.session();
+  S& session = bench.exchange();
   EXPECT_EQ(errorOf([&] { second(session); }), 13);
   EXPECT_EQ(errorOf([&] { state(session); }), 13);
   EXPECT_EQ(errorOf([&] { fourth(session); }), 13);
@@ -133,7 +123,7 @@ TEST(CounterQuery, ReadsItsFieldInEveryLayout) {
   for (const auto& item : kCases) {
     DocumentBench bench;
     bench.printer().answers["S1"] = blockOf(item.reply);
-    S& session = bench.session();
+    S& session = bench.exchange();
     EXPECT_EQ(toldBy([&] { return numeroUltimaFactura(session); }), item.invoice) << item.reason;
     EXPECT_EQ(toldBy([&] { return NumeroUltimoCierre(session); }), item.closure) << item.reason;
   }
@@ -149,7 +139,7 @@ TEST(RateQuery, IndexChoosesTheField) {
                 {3, 31, true}, {1.5, 16, true},  {2.5, 31, true}, {1.6, 8, true}};
   for (const auto& item : kCases) {
     DocumentBench bench;
-    EXPECT_EQ(tasa(bench.session(), Decimal::fromDouble(item.index)), item.rate) << item.index;
+    EXPECT_EQ(tasa(bench.exchange(), Decimal::fromDouble(item.index)), item.rate) << item.index;
     EXPECT_EQ(bench.printer().commands(), item.isSent ? Sent{"S3"} : Sent{}) << item.index;
   }
 }
@@ -175,7 +165,7 @@ TEST(RateQuery, RateIsTheLeadingNumberBehindTheKind) {
   for (const auto& item : kCases) {
     DocumentBench bench;
     bench.printer().answers["S3"] = blockOf(item.reply);
-    const auto query = [&] { return tasa(bench.session(), Decimal::fromInteger(2)); };
+    const auto query = [&] { return tasa(bench.exchange(), Decimal::fromInteger(2)); };
     EXPECT_EQ(toldBy(query), item.rate) << item.reason;
   }
 }
@@ -184,7 +174,7 @@ TEST(QueryWithoutPrinter, RecordsAreSubstitutesAndOnlyTestModePreviewsTheOthers)
   for (const std::wstring mode : {L"TestMode", L"SkipChecks"}) {
     DocumentBench bench({{mode.c_str(), L"True"}});
     bench.world().settings.set(kFakeSection, L"Serial", L"FAKE");
-    S& session = bench.session();
+    S& session = bench.exchange();
     EXPECT_EQ(first(session), L"FAKE 0");
     EXPECT_EQ(second(session), L"-1");
     EXPECT_EQ(third(session), L"0 -1 fake");

@@ -21,7 +21,7 @@ inline constexpr int kBaud = 9600;
 inline constexpr int kBitsPerByte = 11;  // start, eight data bits, parity, stop
 
 // 0, or the first command's failure.
-inline int sellTwentyLines(PrinterFiscal& session) {
+inline int sellTwentyLines(PrinterSession& session) {
   int failure = IniciarFactura(session, {kBuyerName, kBuyerTaxId, kBuyerAddress});
   for (const SaleLine& line : kTwentyLines) {
     if (failure != 0) return failure;
@@ -79,9 +79,8 @@ class CountedSale {
 
   World world_;
   SimulatedLine line_;
-  Library library_{world_.surroundings()};
-  RecordStatusSource status_;
-  PrinterFiscal session_{library_, status_};
+  ProcessState process_{world_.environment()};
+  PrinterSession session_{process_};
   std::vector<std::string> answers_;
   int failure_ = 0;
   double seconds_ = 0;

@@ -23,15 +23,14 @@ class Shop {
 
   World world;
   SimulatedLine line;
-  Library library{world.surroundings()};
-  RecordStatusSource status;
-  PrinterFiscal session{library, status};
+  ProcessState process{world.environment()};
+  PrinterSession session{process};
 };
 
 Currency money(double value) { return Currency::fromDouble(value); }
 
 // 2 x 12.50 at 16 %, 1.5 x 10.00 at 8 %, an exempt one of 5.00; 10 % off, paid in cash.
-void sell(PrinterFiscal& session) {
+void sell(PrinterSession& session) {
   ASSERT_EQ(IniciarFactura(session, {L"Ñandú, C.A.", L"J-12345678-9", L"Calle 5, casa 3"}), 0);
   ASSERT_EQ(PasarItem(session, {L"PAN", money(12.5), 2, 16}), 0);
   ASSERT_EQ(PasarItem(session, {L"QUESO", money(10), 1.5, 8}), 0);
@@ -54,7 +53,7 @@ TEST(WholeSale, PrinterAddsUpWhatTheHostSold) {
   EXPECT_EQ(sales.count, 1);
   // Bases behind the discount: 22.50 and 13.50, exempt 4.50; IVA 3.60 and 1.08.
   EXPECT_EQ(sales.total, 2250 + 1350 + 450 + 360 + 108) << paper;
-  const auto record = Response1(shop.session);
+  const auto record = Response1(shop.session.exchange());
   EXPECT_EQ(record->values.numeroUltimaFactura, 1);
   EXPECT_EQ(record->values.facturasDia, 1);
 }
@@ -94,7 +93,7 @@ TEST(WholeSale, PrinterOutOfReachLeavesTheSessionUsable) {
   shop.session.Cerrar();
   shop.session.Abrir(7);
   sell(shop.session);
-  EXPECT_EQ(Response1(shop.session)->values.numeroUltimaFactura, 1);
+  EXPECT_EQ(Response1(shop.session.exchange())->values.numeroUltimaFactura, 1);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Fixed-point digit strings of prices, quantities and payments.
-#include "session_bench.h"
+#include "support/session_bench.h"
 
 #include <gtest/gtest.h>
 

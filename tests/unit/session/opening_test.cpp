@@ -1,5 +1,5 @@
 // Opening and closing sessions, alone and beside each other.
-#include "session_bench.h"
+#include "support/session_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
       blockOf("S100\n0012345\n7\n2\n3\n1\n4\n5\nJ-1\nZ7A0000042\n260314\n1030\n0\n0");
   bench.session().Abrir(7);
   EXPECT_EQ(bench.session().state().SerialPrinter, L"Z7A0000042");
-  EXPECT_EQ(bench.library().lastSerial, L"Z7A0000042");
+  EXPECT_EQ(bench.process().lastSerial, L"Z7A0000042");
   EXPECT_EQ(bench.session().tipoPrinter(), HKA112);
   std::vector<std::string> calls = bench.world().serial.calls();
   calls.resize(9);
@@ -36,7 +36,7 @@ TEST(Opening, NumberOutsideTheTableChangesNothing) {
   EXPECT_EQ(bench.session().Execute(L"w"), 0) << "the open port still serves";
 }
 
-RunTimeError errorOfOpening(PrinterFiscal& session) {
+RunTimeError errorOfOpening(PrinterSession& session) {
   try {
     session.Abrir(7);
   } catch (const RunTimeError& error) {
@@ -56,7 +56,7 @@ TEST(Opening, FailureOfAnyCallIsRaisedAndTheNextOpeningWorks) {
     EXPECT_EQ(error.number(), 40001) << call;
     EXPECT_EQ(error.source(), L"PrinterFiscal.Abrir");
     EXPECT_TRUE(error.description().starts_with(L"Error (5): CommOpen (")) << call;
-    EXPECT_EQ(bench.session().state().port, 7) << call;
+    EXPECT_EQ(bench.session().exchange().state().port, 7) << call;
     bench.session().Abrir(7);
     EXPECT_EQ(bench.session().Execute(L"w"), 0) << call;
   }
@@ -75,7 +75,7 @@ TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
   auto second = bench.another();
   EXPECT_EQ(errorOfOpening(*second).description(), L"Error (-1): CommOpen - Port in use.");
   EXPECT_EQ(second->Execute(L"w"), pfCommError);
-  EXPECT_EQ(errorOf([&] { second->SendDirect(L"w"); }), 9);
+  EXPECT_EQ(errorOf([&] { second->exchange().SendDirect(L"w"); }), 9);
   second->Cerrar();
   EXPECT_EQ(errorOfOpening(*second).number(), 40001);
   second.reset();
@@ -103,11 +103,11 @@ TEST(Opening, TestModeOpensNoPortAndCollectsCommands) {
   SessionBench bench({{L"TestMode", L"True"}});
   bench.session().Abrir(7);
   EXPECT_EQ(bench.session().Execute(L"80 a"), 0);
-  bench.session().SendDirect(L"80 a");
-  EXPECT_EQ(bench.session().GetResponse(L"S1"), (Lines{L"Ok"}));
-  bench.session().GetStatus();
-  bench.session().SendAck();
-  bench.session().NextStatusBlock();
+  bench.session().exchange().SendDirect(L"80 a");
+  EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), (Lines{L"Ok"}));
+  bench.session().exchange().GetStatus();
+  bench.session().exchange().SendAck();
+  bench.session().exchange().NextStatusBlock();
   ASSERT_EQ(bench.world().views.created.size(), 1U);
   EXPECT_EQ(bench.world().views.created[0]->lines,
             (Lines{L"80 a", L"SendDirect: 80[032]a", L"GET RESPONSE: S1"}));
@@ -117,10 +117,10 @@ TEST(Opening, TestModeOpensNoPortAndCollectsCommands) {
 }
 
 TEST(Opening, ReleaseShowsAViewWhereLinesWereNotShownYet) {
-  using Use = void (*)(PrinterFiscal & session);
-  const Use open = [](PrinterFiscal& session) { session.Abrir(7); };
-  const Use send = [](PrinterFiscal& session) { session.SendDirect(L"w"); };
-  const Use close = [](PrinterFiscal& session) { session.Cerrar(); };
+  using Use = void (*)(PrinterSession & session);
+  const Use open = [](PrinterSession& session) { session.Abrir(7); };
+  const Use send = [](PrinterSession& session) { session.exchange().SendDirect(L"w"); };
+  const Use close = [](PrinterSession& session) { session.Cerrar(); };
   const struct {
     const char* reason;
     const wchar_t* mode;
@@ -155,13 +155,13 @@ TEST(Opening, DrawerTellsTrueForTrouble) {
 
 TEST(Opening, NewestSessionSetsTheSharedFlags) {
   SessionBench bench({{L"IsDebug", L"True"}, {L"TestMode", L"True"}});
-  EXPECT_TRUE(bench.library().trace().isDebug);
+  EXPECT_TRUE(bench.process().trace().isDebug);
   bench.world().settings.set(kSessionSection, L"IsDebug", L"False");
   bench.world().settings.set(kSessionSection, L"TestMode", L"no");
   const auto second = bench.another();
-  EXPECT_FALSE(bench.library().trace().isDebug);
-  EXPECT_FALSE(bench.library().testMode);
-  EXPECT_TRUE(bench.session().state().testMode) << "a session keeps what it read";
+  EXPECT_FALSE(bench.process().trace().isDebug);
+  EXPECT_FALSE(bench.process().testMode);
+  EXPECT_TRUE(bench.session().exchange().state().testMode) << "a session keeps what it read";
 }
 
 }  // namespace

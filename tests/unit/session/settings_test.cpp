@@ -1,5 +1,5 @@
 // What a session takes from its settings.
-#include "session_bench.h"
+#include "support/session_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +9,12 @@ namespace {
 TEST(SessionSettings, DefaultsHoldWithoutAnySetting) {
   SessionBench bench;
   const SessionState& state = bench.session().state();
-  EXPECT_EQ(state.timeOut, 10);
+  EXPECT_EQ(bench.exchange().state().timeOut, 10);
   EXPECT_EQ(state.retries, 3);
   EXPECT_EQ(state.columnasDescripcion, 28);
   EXPECT_EQ(state.numTasas, 0);
-  EXPECT_FALSE(state.skipChecks);
-  EXPECT_FALSE(state.testMode);
+  EXPECT_FALSE(bench.exchange().state().skipChecks);
+  EXPECT_FALSE(bench.exchange().state().testMode);
   EXPECT_EQ(bench.session().AnchoDireccion(), 40);
   EXPECT_EQ(bench.session().LineasDireccion(), 10);
 }
@@ -31,7 +31,7 @@ TEST(SessionSettings, TimeOutIsAWholeNumberOrItsDefault) {
   };
   for (const auto& item : kCases) {
     SessionBench bench({{L"TimeOut", item.text}});
-    EXPECT_EQ(bench.session().state().timeOut, item.seconds) << item.reason;
+    EXPECT_EQ(bench.session().exchange().state().timeOut, item.seconds) << item.reason;
   }
 }
 

@@ -1,0 +1,55 @@
+// PrinterResponse3: tax rates with their kinds, IGTF, printer flags (reply to "S3").
+#pragma once
+
+#include "exchange/process_state.h"
+#include "records/field_array.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvid {
+
+// Plain values with their published names, in interface order.
+struct RatesValues {
+  bool TipoTasa1 = false;  // kinds: True when the tax is included in the price
+  double ValorTasa1 = 0;   // rates in percent
+  bool TipoTasa2 = false;
+  double ValorTasa2 = 0;
+  bool TipoTasa3 = false;
+  double ValorTasa3 = 0;
+  std::int16_t nFlags = -1;  // upper index of the flag table
+  bool isFake = false;       // True after loadFake, False after loadFromResponse
+  double TasaIGTF = 0;
+};
+
+class RatesRecord {
+ public:
+  explicit RatesRecord(ProcessState& process) : process_(process) {}
+
+  RatesValues values;
+
+  // Clears kinds and rates; the flags stay as they are.
+  void loadFake();
+  // Never raises: an error goes to the trace, and what was set before it remains.
+  void loadFromResponse(const FieldArray& fields);
+  // Printer flag n, or -1 when the record has no such flag.
+  [[nodiscard]] std::int16_t Flag(std::int16_t n) const;
+  [[nodiscard]] static std::wstring imagenIncluido(bool included);
+  [[nodiscard]] std::wstring toString() const;
+
+  // Rate n (1 to 3) in percent.
+  [[nodiscard]] double rate(int n) const;
+  // True for substitute values: such a record counts as none.
+  [[nodiscard]] bool isSubstitute() const { return values.isFake; }
+
+ private:
+  void loadRates(const FieldArray& fields);
+  void loadFlags(const FieldArray& fields);
+  [[nodiscard]] std::wstring flagRow() const;
+
+  ProcessState& process_;
+  std::vector<std::int16_t> flags_;
+};
+
+}  // namespace corvid
