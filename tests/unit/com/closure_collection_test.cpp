@@ -3,7 +3,7 @@
 #include "com/coleccion_zmf_object.h"
 #include "com/reporte_zmf_object.h"
 #include "records/z_report_record.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {

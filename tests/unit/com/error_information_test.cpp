@@ -1,7 +1,7 @@
 // What a host sees of a failure: the number, the source, the words; nothing else crosses over.
 #include "basic/run_time_error.h"
 #include "com/guard.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 #include <functional>
 #include <stdexcept>

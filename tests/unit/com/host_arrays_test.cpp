@@ -2,7 +2,7 @@
 
 #include "com/safe_array.h"
 #include "support/error_of.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {

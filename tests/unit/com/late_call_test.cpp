@@ -1,6 +1,6 @@
 // Late-bound calls as scripts make them.
 #include "session/printer_session.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {

@@ -2,7 +2,7 @@
 #include "com/automation_library.h"
 #include "com/class_table.h"
 #include "exchange/process_state.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {

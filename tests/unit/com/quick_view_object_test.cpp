@@ -1,5 +1,5 @@
 // lfQuickView as its hosts drive it: members, owner windows, events and life.
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 #include "windows/form_controls.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // Registration, in a classes root of the test's own.
 #include "basic/text.h"
 #include "com/module.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 #include <set>
 

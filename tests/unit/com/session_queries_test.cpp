@@ -1,6 +1,6 @@
 // Queries and housekeeping of a session without a port, as hosts of either binding see them.
 #include "session/printer_session.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include "com/bstr.h"
 #include "com/type_descriptions.h"
 #include "com/type_library.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 #include <map>
 

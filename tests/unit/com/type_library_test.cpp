@@ -1,5 +1,5 @@
 // The published interface, as a reader of the type library finds it.
-#include "unit/registration/type_library_reader.h"
+#include "unit/com/type_library_reader.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include "com/variant_conversions.h"
 
 #include "support/error_of.h"
-#include "unit/registration/automation_host.h"
+#include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {
