@@ -16,7 +16,7 @@ const std::wstring kLast = L"Total del dia";
 
 void add(benchmark::State& state) {
   for (auto _ : state) {
-    ReportSurroundings around;
+    ReportEnvironment around;
     Report report = around.report();
     report.SetLinesPerPage(kNoPaging);
     for (int i = 0; i < kLines; ++i) report.Add(kLine, 0);
@@ -58,7 +58,7 @@ class NoListener : public ClickListener {
 };
 
 void search(benchmark::State& state) {
-  ReportSurroundings around;
+  ReportEnvironment around;
   PlainTextBox box;
   WindowDouble window;
   NoListener listener;

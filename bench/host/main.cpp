@@ -78,7 +78,7 @@ void sell(const Session& printer) {
   check(printer->SubTotal(Value::missing(), &failed));
   mustBeOk(failed);
   short closed = 0;
-  check(printer->CerrarConMedio(Value(corvid::kPaymentMeans).get(), Value(corvid::kPayment).get(),
+  check(printer->CerrarConMedio(Value(corvid::kPaymentMethod).get(), Value(corvid::kPayment).get(),
                                 &closed));
   mustBeOk(closed);
 }

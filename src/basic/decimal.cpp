@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -55,6 +56,11 @@ std::string withZerosBehind(const std::string& digits, int count) {
   return digits + std::string(static_cast<std::size_t>(count), '0');
 }
 
+bool isFiniteNumber(double value) {
+  constexpr std::uint64_t kExponentMask = 0x7FF0000000000000U;  // all ones: infinite or no number
+  return (std::bit_cast<std::uint64_t>(value) & kExponentMask) != kExponentMask;
+}
+
 bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
 // Cuts a number's last digits off for rounding.
@@ -91,7 +97,7 @@ Decimal::Decimal(bool negative, std::string digits, int decimals)
 }
 
 Decimal Decimal::fromDouble(double value, int significantDigits) {
-  if (!std::isfinite(value)) throw overflow();
+  if (!isFiniteNumber(value)) throw overflow();
   // "d.ddde-xxx": one digit, a point, the others, the exponent.
   std::array<char, 64> buffer{};
   const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
@@ -134,11 +140,11 @@ std::optional<Decimal> Decimal::parse(std::wstring_view text) {
   return Decimal(negative, std::move(digits), decimals);
 }
 
-Decimal Decimal::negated() const { return {!negative_, digits_, decimals_}; }
+Decimal Decimal::operator-() const { return {!negative_, digits_, decimals_}; }
 
 Decimal Decimal::absolute() const { return {false, digits_, decimals_}; }
 
-Decimal Decimal::plus(const Decimal& other) const {
+Decimal Decimal::operator+(const Decimal& other) const {
   const int decimals = std::max(decimals_, other.decimals_);
   const std::string mine = withZerosBehind(digits_, decimals - decimals_);
   const std::string theirs = withZerosBehind(other.digits_, decimals - other.decimals_);
@@ -149,7 +155,7 @@ Decimal Decimal::plus(const Decimal& other) const {
   return {other.negative_, differenceOf(theirs, mine), decimals};
 }
 
-Decimal Decimal::minus(const Decimal& other) const { return plus(other.negated()); }
+Decimal Decimal::operator-(const Decimal& other) const { return *this + -other; }
 
 Decimal Decimal::timesPowerOfTen(int power) const {
   return {negative_, digits_, decimals_ - power};
@@ -177,10 +183,10 @@ Decimal Decimal::roundedHalfEven(int decimals) const {
   return {negative_, up ? sumOf(cut.kept, "1") : cut.kept, decimals};
 }
 
-int Decimal::compare(const Decimal& other) const {
-  const Decimal difference = minus(other);
-  if (difference.isZero()) return 0;
-  return difference.negative_ ? -1 : 1;
+std::strong_ordering Decimal::operator<=>(const Decimal& other) const {
+  const Decimal difference = *this - other;
+  if (difference.isZero()) return std::strong_ordering::equal;
+  return difference.negative_ ? std::strong_ordering::less : std::strong_ordering::greater;
 }
 
 double Decimal::toDouble() const {

@@ -127,7 +127,7 @@ std::wstring formatInteger(long long value, std::wstring_view pattern, const Loc
 
 std::wstring formatFixedPoint(const Decimal& value, int digits, int decimals) {
   const Decimal half = Decimal::fromUnscaled(5, 1);
-  const Decimal whole = value.timesPowerOfTen(decimals).plus(half).floor();
+  const Decimal whole = (value.timesPowerOfTen(decimals) + half).floor();
   std::wstring text = whole.integerDigits();
   padFront(text, static_cast<std::size_t>(std::max(digits, 0)));
   return (whole.isNegative() ? L"-" : L"") + text;

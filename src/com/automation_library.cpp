@@ -1,6 +1,7 @@
 #include "com/automation_library.h"
 
 #include "exchange/process_state.h"
+#include "windows/append_files.h"
 #include "windows/clock.h"
 #include "windows/folders.h"
 #include "windows/locale.h"
@@ -22,16 +23,17 @@ struct AutomationLibrary::Parts {
   WindowsCodePage codePage;
   WindowsLocale locale;
   WindowsClock clock;
-  WindowsInitializationFile file{codePage};
+  WindowsSleepCalls sleep;
+  WindowsInitializationFile file;
   WindowsUserSettings store;
   WindowsSerialCalls serial;
   WindowsMessagePump pump;
   WindowsMessageDialog dialog;
-  WindowsFolders folders{codePage};
-  Settings settings{file, store};
-  WindowsReportViews views{settings};
+  WindowsFolders folders;
+  WindowsAppendFiles files;
+  WindowsReportViews views;
   ProcessState process{
-      {file, store, serial, pump, dialog, folders, views, clock, codePage, locale}};
+      {file, store, serial, pump, dialog, folders, files, views, clock, sleep, codePage, locale}};
 };
 
 namespace {

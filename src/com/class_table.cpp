@@ -44,7 +44,8 @@ IUnknown* createResponse4() {
 }
 
 IUnknown* createQuickView() {
-  return identityOf(QuickViewObject::create(AutomationLibrary::instance().process().settings()));
+  return identityOf(
+      QuickViewObject::create(AutomationLibrary::instance().process().currentSettings()));
 }
 
 IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }

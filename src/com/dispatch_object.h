@@ -60,7 +60,13 @@ class DispatchObject : public Interface,
   STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() override {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) {
+      if (calls_ == 0) {
+        delete this;
+      } else {
+        lastReferenceReleased();
+      }
+    }
     return left;
   }
 
@@ -124,9 +130,13 @@ class DispatchObject : public Interface,
   // its last reference while the body lets it run.
   template <class Body>
   HRESULT call(Body&& body) noexcept {
-    const ComPtr<IUnknown> self(identity());
-    return guarded(__uuidof(Interface), std::forward<Body>(body));
+    ++calls_;
+    const HRESULT result = guarded(__uuidof(Interface), std::forward<Body>(body));
+    if (--calls_ == 0 && references_ == 0) delete this;
+    return result;
   }
+  // The host has let go of the object in the middle of a call; it is deleted at the call's end.
+  virtual void lastReferenceReleased() noexcept {}
   // Hands the host what `compute` gives, converted to the interface's type. On failure the place
   // is cleared.
   template <class Out, class Compute>
@@ -167,7 +177,8 @@ class DispatchObject : public Interface,
 
   ModuleReference module_;
   std::atomic<ULONG> references_{1};
-  ComPtr<ITypeInfo> typeInfo_;  // loaded by the first late-bound call
+  std::atomic<ULONG> calls_{0};  // under way
+  ComPtr<ITypeInfo> typeInfo_;   // loaded by the first late-bound call
 };
 
 #pragma GCC diagnostic pop

@@ -31,6 +31,15 @@ Variant toHostArray(const Lines& fields) {
   return std::move(array).toVariant();
 }
 
+Variant toStringArray(const Lines& texts) {
+  SAFEARRAY* array = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
+  if (array == nullptr) throw std::bad_alloc();
+  Variant value = Variant::ofArray(VT_BSTR, array);
+  BSTR* const elements = static_cast<BSTR*>(array->pvData);
+  for (std::size_t i = 0; i < texts.size(); ++i) elements[i] = Bstr(texts[i]).detach();
+  return value;
+}
+
 Variant toHostArray(const std::vector<Lines>& rows) {
   SafeArray array(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) array.set(i, toHostArray(rows[i]));

@@ -15,6 +15,8 @@ namespace corvid {
 [[nodiscard]] Variant toHostArray(const Lines& fields);
 // An array of such arrays.
 [[nodiscard]] Variant toHostArray(const std::vector<Lines>& rows);
+// A zero-based array of String, which compiled languages declare.
+[[nodiscard]] Variant toStringArray(const Lines& texts);
 
 // An array of the host's with one dimension, of elements of any kind, read in place. It must
 // outlive the reader and stay as it is.

@@ -11,11 +11,11 @@ Customer toCustomer(const VARIANT& name, const VARIANT& taxId, const VARIANT& ad
   return {toText(name), toText(taxId), toText(address)};
 }
 
-AffectedInvoice toAffectedInvoice(const VARIANT& number, const VARIANT& printerSerial,
+OriginalInvoice toOriginalInvoice(const VARIANT& number, const VARIANT& printerSerial,
                                   const VARIANT& date) {
-  AffectedInvoice affected{toOptionalText(number), toOptionalText(printerSerial), std::nullopt};
-  if (!isMissing(date)) affected.date = toDateOrBlank(date);
-  return affected;
+  OriginalInvoice original{toOptionalText(number), toOptionalText(printerSerial), std::nullopt};
+  if (!isMissing(date)) original.date = toDateOrBlank(date);
+  return original;
 }
 
 // A missing argument asks for the print, Null for none.
@@ -36,8 +36,8 @@ STDMETHODIMP PrinterFiscalObject::PasarDatosCliente(VARIANT Nombre, VARIANT RIF,
                                                     VARIANT fechaFactura, VARIANT* ret) {
   return giveResult(ret, [&] {
     const Customer customer = toCustomer(Nombre, RIF, Direccion);
-    const AffectedInvoice affected = toAffectedInvoice(datosFactRel, SerialPrinter, fechaFactura);
-    return Variant::ofInt32(corvid::PasarDatosCliente(*session_, customer, affected));
+    const OriginalInvoice original = toOriginalInvoice(datosFactRel, SerialPrinter, fechaFactura);
+    return Variant::ofInt32(corvid::PasarDatosCliente(*session_, customer, original));
   });
 }
 

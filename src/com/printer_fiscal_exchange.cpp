@@ -61,7 +61,7 @@ STDMETHODIMP PrinterFiscalObject::Reset(VARIANT* ret) {
 }
 
 STDMETHODIMP PrinterFiscalObject::NextStatusBlock(VARIANT* ret) {
-  return giveResult(ret, [&] { return toHostArray(exchange().NextStatusBlock()); });
+  return giveResult(ret, [&] { return toStringArray(exchange().NextStatusBlock()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::GetResponse(BSTR cmd, VARIANT* ret) {

@@ -10,21 +10,24 @@ std::wstring toCode(const VARIANT& code) { return toOptionalText(code).value_or(
 
 }  // namespace
 
-// In the order of the members, as a host expects of arguments that fail.
-ItemLine PrinterFiscalObject::toLine(const HostLine& line) {
-  return {toText(line.description), toCurrency(line.price), toDouble(line.quantity),
-          toDouble(line.rate)};
-}
-
+// The arguments convert in their order, as a host expects of those that fail.
 HRESULT PrinterFiscalObject::sendLine(ItemCommand command, const HostLine& line,
                                       short* ret) noexcept {
-  return giveResult(ret, [&] { return command(*session_, toLine(line)); });
+  return giveResult(ret, [&] {
+    const std::wstring description = toText(line.description);
+    const Currency price = toCurrency(line.price);
+    const double quantity = toDouble(line.quantity);
+    return command(*session_, description, price, quantity, toDouble(line.rate));
+  });
 }
 
 std::int16_t PrinterFiscalObject::sendGeneral(const std::wstring& kind, const HostLine& line,
                                               const VARIANT& code) {
-  const ItemLine item = toLine(line);
-  return corvid::detalleGeneral(*session_, kind, item, toCode(code));
+  const std::wstring description = toText(line.description);
+  const Decimal price = toDecimal(line.price);
+  const double quantity = toDouble(line.quantity);
+  const double rate = toDouble(line.rate);
+  return corvid::detalleGeneral(*session_, kind, description, price, quantity, rate, toCode(code));
 }
 
 HRESULT PrinterFiscalObject::sendGeneralLine(const wchar_t* kind, const HostLine& line,

@@ -169,9 +169,12 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
     const VARIANT& quantity;
     const VARIANT& rate;
   };
-  using ItemCommand = std::int16_t (*)(PrinterSession& session, const ItemLine& line);
+  // Ends the wait that lets the host run.
+  void lastReferenceReleased() noexcept override;
 
-  [[nodiscard]] static ItemLine toLine(const HostLine& line);
+  using ItemCommand = std::int16_t (*)(PrinterSession& session, const std::wstring& description,
+                                       Currency price, double quantity, double rate);
+
   HRESULT sendLine(ItemCommand command, const HostLine& line, short* ret) noexcept;
   std::int16_t sendGeneral(const std::wstring& kind, const HostLine& line, const VARIANT& code);
   HRESULT sendGeneralLine(const wchar_t* kind, const HostLine& line, const VARIANT& code,

@@ -23,6 +23,10 @@ void PrinterFiscalObject::setRates(IUnknown* record) {
   state().s3 = own ? own->record() : nullptr;
 }
 
+void PrinterFiscalObject::lastReferenceReleased() noexcept {
+  static_cast<void>(guarded(__uuidof(IPrinterFiscal), [&] { session_->abandon(); }));
+}
+
 STDMETHODIMP PrinterFiscalObject::get_s3(IPrinterResponse3** ret) {
   return giveResult(ret, [&] { return rates(); });
 }

@@ -9,6 +9,7 @@ namespace {
 // An object's default property may be an object again; a ring of them must end.
 constexpr int kMostDefaultProperties = 16;
 constexpr int kCurrencyDecimals = 4;
+constexpr int kDigitsOfASingle = 7;
 
 void check(HRESULT result) {
   if (SUCCEEDED(result)) return;
@@ -90,7 +91,7 @@ Decimal resolvedToDecimal(const VARIANT& value) {
   if (const auto number = wholeNumber(value)) return Decimal::fromInteger(*number);
   switch (V_VT(&value)) {
     case VT_R4:
-      return Decimal::fromDouble(V_R4(&value));
+      return Decimal::fromDouble(V_R4(&value), kDigitsOfASingle);
     case VT_R8:
       return Decimal::fromDouble(V_R8(&value));
     case VT_DATE:
@@ -149,6 +150,7 @@ Decimal toDecimal(const VARIANT& value) { return resolvedToDecimal(resolve(value
 double toDouble(const VARIANT& value) {
   const Variant resolved = resolve(value);
   if (resolved.type() == VT_NULL) throw typeMismatch();
+  if (resolved.type() == VT_R4) return toDecimal(resolved.value()).toDouble();
   const Variant number = convert(resolved.value(), VT_R8);
   return V_R8(&number.value());
 }

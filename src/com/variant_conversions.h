@@ -34,7 +34,7 @@ namespace corvid {
 
 // Empty is zero.
 [[nodiscard]] Decimal toDecimal(const VARIANT& value);
-[[nodiscard]] double toDouble(const VARIANT& value);
+[[nodiscard]] double toDouble(const VARIANT& value);       // a single by the 7 digits it is sure of
 [[nodiscard]] Currency toCurrency(const VARIANT& value);   // half to even at the fourth decimal
 [[nodiscard]] std::int16_t toInt16(const VARIANT& value);  // half to even
 [[nodiscard]] bool toBoolean(const VARIANT& value);

@@ -12,7 +12,7 @@ namespace corvid {
 // Each sends its series through Execute and returns pfError as the last command left it. All but
 // PasarDatosClienteNC stop at the first failure and show a message box, modal on this thread.
 std::int32_t PasarDatosCliente(PrinterSession& session, const Customer& customer,
-                               const AffectedInvoice& affected);
+                               const OriginalInvoice& original);
 std::int32_t PasarDatosClienteNC(PrinterSession& session, const Customer& customer,
                                  const std::wstring& invoice, const std::wstring& printerSerial,
                                  const DateOrBlank& invoiceDate);

@@ -1,5 +1,6 @@
 #include "documents/item_lines.h"
 
+#include "documents/member.h"
 #include "session/session_settings.h"
 
 #include <optional>
@@ -20,73 +21,97 @@ constexpr ClassicKind kSale = {L"PasarItem", salePrefix};
 constexpr ClassicKind kRefund = {L"RefundItem", refundPrefix};
 constexpr ClassicKind kVoid = {L"AnularItem", voidPrefix};
 
-std::int16_t refuseQuantity(PrinterSession& session, const ClassicKind& kind) {
-  Outcome& outcome = session.outcome();
-  outcome.pfError = pfClientError;
-  outcome.DescripcionError =
-      std::wstring(L"Argumento inv\u00E1lido (cantidad negativa) en ") + kind.name;
-  return pfClientError;
+bool isSameRate(const Decimal& a, const Decimal& b) {
+  return (a - b).absolute() < Decimal::fromUnscaled(1, 1);
 }
 
-std::int16_t sendClassic(PrinterSession& session, const ItemLine& line, const ClassicKind& kind) {
-  if (line.quantity < 0) return refuseQuantity(session, kind);
-  std::wstring command = kind.prefix(IndiceTasa(session, line.rate), session.process().codePage());
-  command += session.FormatPrecio(line.price.toDecimal());
-  command += session.FormatCantidad(Decimal::fromDouble(line.quantity));
-  command += left(line.description, session.state().columnasDescripcion);
-  return session.Execute(command);
-}
-
-// Decimal, because 8.1 - 8 is a little less than 0.1 in binary.
-bool isSameRate(double a, double b) {
-  const Decimal distance = Decimal::fromDouble(a).minus(Decimal::fromDouble(b)).absolute();
-  return distance.compare(Decimal::fromUnscaled(1, 1)) < 0;
-}
-
-std::optional<std::int16_t> configuredIndex(const SessionState& state, double rate) {
+std::optional<std::int16_t> configuredIndex(const SessionState& state, const Decimal& rate) {
   for (std::int16_t i = 0; i < state.numTasas; ++i) {
-    if (isSameRate(state.tasas.at(static_cast<std::size_t>(i)), rate)) return i;
+    const double configured = state.tasas.at(static_cast<std::size_t>(i));
+    if (isSameRate(Decimal::fromDouble(configured), rate)) return i;
   }
   return std::nullopt;
 }
 
-std::int16_t printerIndex(PrinterSession& session, double rate) {
-  session.LoadFlag21();
-  const std::shared_ptr<RatesRecord> record = session.state().s3;
-  if (!record || record->isSubstitute()) return 0;
+std::int16_t printerIndex(const RatesRecord& record, const Decimal& rate) {
   for (std::int16_t i = 1; i <= 3; ++i) {
-    if (isSameRate(record->rate(i), rate)) return i;
+    if (isSameRate(Decimal::fromDouble(record.rate(i)), rate)) return i;
   }
   return 0;
 }
 
+// Nothing where the printer's rates are needed and cannot be read.
+std::optional<std::int16_t> findIndex(PrinterSession& session, const Decimal& rate) {
+  if (rate.isNegative()) {
+    return int16Setting(session.settings(), L"IndicePercibido", kUsualLevyIndex);
+  }
+  if (const auto configured = configuredIndex(session.state(), rate)) return configured;
+  session.LoadFlag21();
+  if (!session.knowsRates()) return std::nullopt;
+  return printerIndex(*session.state().s3, rate);
+}
+
+// The index that a line is sold with; nothing, with the outcome set, where the line must not be
+// sold. A closed port is told by Execute, in its own words.
+std::optional<std::int16_t> indexForSale(PrinterSession& session, const Decimal& rate) {
+  const std::optional<std::int16_t> found = findIndex(session, rate);
+  Exchange& exchange = session.exchange();
+  if (found || rate.isZero() || exchange.answersWithSubstitutes() || !exchange.isOpen()) {
+    return found.value_or(0);
+  }
+  exchange.setOutcome(pfCommError, L"Tasas no disponibles");
+  return std::nullopt;
+}
+
+std::int16_t sendClassic(PrinterSession& session, const ClassicKind& kind,
+                         const std::wstring& description, Currency price, double hostQuantity,
+                         double rate) {
+  Member member(session, kind.name);
+  if (member.isRefused()) return pfClientError;
+  const Decimal quantity = Decimal::fromDouble(hostQuantity);
+  if (quantity.isNegative()) return member.refuse(L"cantidad negativa");
+  const std::wstring shown = left(description, session.state().columnasDescripcion);
+  // Before the rates are asked for: nothing at all is sent for such a text.
+  if (member.refusesText(shown)) return pfClientError;
+  const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
+  if (!index) return pfCommError;
+  std::wstring command = kind.prefix(*index, session.process().codePage());
+  command += session.FormatPrecio(price.toDecimal());
+  command += session.FormatCantidad(quantity);
+  return member.send(command + shown);
+}
+
 }  // namespace
 
-std::int16_t PasarItem(PrinterSession& session, const ItemLine& line) {
-  return sendClassic(session, line, kSale);
+std::int16_t PasarItem(PrinterSession& session, const std::wstring& description, Currency price,
+                       double quantity, double rate) {
+  return sendClassic(session, kSale, description, price, quantity, rate);
 }
 
-std::int16_t RefundItem(PrinterSession& session, const ItemLine& line) {
-  return sendClassic(session, line, kRefund);
+std::int16_t RefundItem(PrinterSession& session, const std::wstring& description, Currency price,
+                        double quantity, double rate) {
+  return sendClassic(session, kRefund, description, price, quantity, rate);
 }
 
-std::int16_t AnularItem(PrinterSession& session, const ItemLine& line) {
-  return sendClassic(session, line, kVoid);
+std::int16_t AnularItem(PrinterSession& session, const std::wstring& description, Currency price,
+                        double quantity, double rate) {
+  return sendClassic(session, kVoid, description, price, quantity, rate);
 }
 
-std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind, const ItemLine& line,
-                            const std::wstring& code) {
-  const std::int16_t index = IndiceTasa(session, line.rate);
-  return session.Execute(
-      generalCommand({kind, index, line.price, line.quantity, code, line.description}));
+std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
+                            const std::wstring& description, const Decimal& price, double quantity,
+                            double rate, const std::wstring& code) {
+  Member member(session, L"detalleGeneral");
+  if (member.isRefused() || member.refusesText(kind + code + description)) return pfClientError;
+  GeneralLine line{kind, 0, price, Decimal::fromDouble(quantity), code, description};
+  const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
+  if (!index) return pfCommError;
+  line.index = *index;
+  return member.send(generalCommand(line));
 }
 
 std::int16_t IndiceTasa(PrinterSession& session, double rate) {
-  if (rate < 0) {
-    return int16Setting(session.process().settings(), L"IndicePercibido", kUsualLevyIndex);
-  }
-  const std::optional<std::int16_t> configured = configuredIndex(session.state(), rate);
-  return configured ? *configured : printerIndex(session, rate);
+  return findIndex(session, Decimal::fromDouble(rate)).value_or(0);
 }
 
 }  // namespace corvid

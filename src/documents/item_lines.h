@@ -2,6 +2,7 @@
 #pragma once
 
 #include "basic/currency.h"
+#include "basic/decimal.h"
 #include "protocol/item_commands.h"
 #include "session/printer_session.h"
 
@@ -10,30 +11,31 @@
 
 namespace corvid {
 
-// One line as the host gives it. Rates are percentages (16 for 16 %), negative for the collected
-// levy; quantities must not be negative in the classic form.
-struct ItemLine {
-  std::wstring description;
-  Currency price;
-  double quantity = 0;
-  double rate = 0;
-};
+// Rates are percentages (16 for 16 %), negative for the collected levy. Doubles count by the 15
+// digits that they are sure of; overflow (6) for infinities and what is not a number.
 
 // The classic lines: rate character, price, quantity, and the description cut to the setting
 // "ColumnasDescripcion". Each returns Execute's result. A negative quantity sends nothing, sets
-// pfClientError with its words, and returns 3.
-std::int16_t PasarItem(PrinterSession& session, const ItemLine& line);
-std::int16_t RefundItem(PrinterSession& session, const ItemLine& line);
-std::int16_t AnularItem(PrinterSession& session, const ItemLine& line);
+// pfClientError with its words, and returns 3. A rate other than 0 that no configured rate matches
+// while the printer's rates cannot be read sends nothing, sets pfCommError with "Tasas no
+// disponibles", and returns 1: the line would be sold as exempt.
+std::int16_t PasarItem(PrinterSession& session, const std::wstring& description, Currency price,
+                       double quantity, double rate);
+std::int16_t RefundItem(PrinterSession& session, const std::wstring& description, Currency price,
+                        double quantity, double rate);
+std::int16_t AnularItem(PrinterSession& session, const std::wstring& description, Currency price,
+                        double quantity, double rate);
 
 // The general line: kind, rate index, price with two and quantity with three decimals behind a
-// comma, the code between bars unless it is empty, the whole description.
-std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind, const ItemLine& line,
-                            const std::wstring& code);
+// comma, each rounded once, the code between bars unless it is empty, the whole description. Rates
+// as above.
+std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
+                            const std::wstring& description, const Decimal& price, double quantity,
+                            double rate, const std::wstring& code);
 
 // The rate index of a percentage: "IndicePercibido" (default 4) below 0; else the first configured
 // rate, and then the first of the printer's three, within less than 0.1; else 0. Reads the
-// printer's rates when they are needed and not there.
+// printer's rates when they are needed and not there; 0 where they cannot be read.
 std::int16_t IndiceTasa(PrinterSession& session, double rate);
 
 }  // namespace corvid

@@ -1,14 +1,18 @@
 // The exchange engine: status request, framed command, wait for the reply, re-send.
 #pragma once
 
+#include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "exchange/exchange_state.h"
+#include "exchange/line.h"
 #include "exchange/process_state.h"
+#include "exchange/reply_wait.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 namespace corvid {
@@ -16,25 +20,51 @@ namespace corvid {
 // The one field of a reply that failed; no other reply is this text.
 inline constexpr const wchar_t* kFailedReply = L"pfError";
 
-// Leaves every outcome in its state. All waits poll the clock and the port; each read and write
-// lets the host run once. A host that closes the session from there ends the exchange with
-// pfCommError and "PUERTO CERRADO".
+// Leaves every outcome in its state. All waits poll the clock and the port, and let the host's
+// message loop run between two looks. From there the host may
+//   - close or reopen the session: the exchange ends with pfCommError and "PUERTO CERRADO";
+//   - call a member that would use the line: it is refused (see Turn);
+//   - quit: a silent printer is not asked for its status again, and nothing is repeated behind a
+//     time-out.
 class Exchange {
  public:
-  explicit Exchange(ProcessState& process) : process_(process) {}
+  explicit Exchange(ProcessState& process);
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
 
-  [[nodiscard]] ExchangeState& state() { return state_; }
-  [[nodiscard]] Outcome& outcome() { return state_.outcome; }
-  [[nodiscard]] const Outcome& outcome() const { return state_.outcome; }
-  [[nodiscard]] ProcessState& process() { return process_; }
-  // Test mode or unchecked mode: queries give substitute records.
-  [[nodiscard]] bool answersWithSubstitutes() const { return state_.testMode || state_.skipChecks; }
+  // What holds for one member of the session while it uses the line.
+  struct Member {
+    OpeningRef opening;   // of the port, when the member began
+    double deadline = 0;  // monotonic seconds for its current command; 0: none
+  };
+
+  // A member's use of the line, from its first byte to its last. Every member that may touch the
+  // port makes one on the stack before anything else; members that it calls in turn share it, and
+  // with it the opening of the port that it began with.
+  class Turn {
+   public:
+    Turn(Exchange& exchange, std::wstring_view member);
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn();
+
+    // True where the host called the member from a message handler while another one waits for the
+    // printer or writes to it. The member then writes nothing, changes no public state and returns
+    // its failure value; the trace tells.
+    [[nodiscard]] bool isRefused() const { return isRefused_; }
+
+   private:
+    Exchange& exchange_;
+    bool isRefused_;
+    bool isShared_;  // with the member that called this one
+    bool hostRan_ = false;
+    std::optional<Member> outer_;
+  };
 
   // Full checked exchange; returns pfError. A silent printer is asked for its status for as long
-  // as it stays silent; a port that is not there ends the exchange. Seven refusals end it with
-  // the status request's pfError and resultFlag NAK.
+  // as it stays silent, or as the setting "LimiteEspera" has it; a port that is not there ends the
+  // exchange. Seven refusals end it with the status request's pfError and resultFlag NAK, or, by
+  // the setting "RechazoEsError", with pfPrinterError.
   std::int16_t Execute(const std::wstring& command);
   // Frames and writes, no status, no wait.
   void ExecuteNoCheck(const std::wstring& command);
@@ -54,8 +84,8 @@ class Exchange {
   // Every field with the separator before it (also the first); empty means line feed.
   [[nodiscard]] std::wstring GetResponseString(const std::wstring& command,
                                                const std::wstring& separator);
-  // One row per block; further blocks are acknowledged here. Ends at the first block that did not
-  // arrive complete and keeps the rows so far.
+  // One row per block, at most 32,768; further blocks are acknowledged here. Ends at the first
+  // block that did not arrive complete and keeps the rows so far.
   [[nodiscard]] std::vector<Lines> GetMultipleResponses(const std::wstring& command);
   // Rows and their fields joined; separators stand between neighbours only. Missing ones are US
   // between fields and RS between rows.
@@ -63,56 +93,88 @@ class Exchange {
                                                      const std::optional<std::wstring>& itemSep,
                                                      const std::optional<std::wstring>& rowSep);
 
- private:
-  enum class Wait { Block, Ack, Nak, TimeOut, Skipped, PortGone, Failed };
-  enum class Chunk { Ack, Nak, Reply };
+  [[nodiscard]] ExchangeState& state() { return state_; }
+  [[nodiscard]] Outcome& outcome() { return state_.outcome; }
+  [[nodiscard]] const Outcome& outcome() const { return state_.outcome; }
+  [[nodiscard]] ProcessState& process() { return process_; }
+  [[nodiscard]] const Settings& settings() const { return settings_; }
+  // Test mode or unchecked mode: queries give substitute records.
+  [[nodiscard]] bool answersWithSubstitutes() const { return state_.testMode || state_.skipChecks; }
 
-  // Lasts as long as one request. A host that runs meanwhile may make requests of its own.
-  class Request {
+  // For a member in its turn: the port is open, and has been since the member began.
+  [[nodiscard]] bool isOpen() const { return line_.isOpen(member_.opening); }
+  // For a member in its turn, behind a failure: the host closed or reopened the port since the
+  // member began, or is about to quit, so that nothing more should be sent.
+  [[nodiscard]] bool isAbandoned() const;
+
+  // The session takes over a stream that it opened, and closes it.
+  void attach(std::shared_ptr<Transport> transport) { line_.attach(std::move(transport)); }
+  void detach() { line_.close(); }
+  [[nodiscard]] const OpeningRef& opening() const { return line_.opening(); }
+
+  // Shows a message box; by the setting "SinMensajes" the trace has its text instead.
+  [[nodiscard]] MessageDialog& dialog();
+
+  void setOutcome(pfErrors error, const wchar_t* description);
+
+ private:
+  // Sets the end of one command's waiting, unless a command around it has set one.
+  class Limit {
    public:
-    explicit Request(Exchange& exchange)
-        : exchange_(exchange), outer_(std::exchange(exchange.opening_, exchange.state_.openings)) {}
-    Request(const Request&) = delete;
-    Request& operator=(const Request&) = delete;
-    ~Request() { exchange_.opening_ = outer_; }
+    explicit Limit(Exchange& exchange);
+    Limit(const Limit&) = delete;
+    Limit& operator=(const Limit&) = delete;
+    ~Limit() { exchange_.member_.deadline = outer_; }
 
    private:
     Exchange& exchange_;
-    std::uint32_t outer_;
+    double outer_;
   };
+  // Message boxes as lines of the trace.
+  class TracedDialog : public MessageDialog {
+   public:
+    explicit TracedDialog(TraceLog& trace) : trace_(trace) {}
+    void show(const std::wstring& text, const std::wstring& title, MessageIcon icon) override;
 
-  // Acknowledges a block that ended with ETB and waits for the next one. False when that did not
-  // come complete.
-  bool receiveNextBlock();
-  // The last request was answered with a complete block, and more blocks follow it.
-  [[nodiscard]] bool moreBlocksFollow() const;
-  [[nodiscard]] Lines fieldsOfResult();
-  // Adds a line to the preview that stands in for the printer.
-  void addToPreview(const std::wstring& line);
-  Wait WaitForReply();
-  Wait collectReply();
-  Chunk takeChunk(std::wstring chunk);
-  void dropStatusRequests(std::wstring& chunk);
-  void appendToResult(std::wstring chunk);
-  void restSince(float start);
-  Wait concludeWait();
-  Wait sendBlock(const std::wstring& command);
-  Wait sendUntilAccepted(const std::wstring& command, int& attempts);
+   private:
+    TraceLog& trace_;
+  };
+  enum class Sent { Accepted, Refused, Unanswered, Over };
+
+  Sent sendUntilAccepted(const std::wstring& command, int& attempts);
+  Sent sendBlock(const std::wstring& command);
+  [[nodiscard]] bool mayAskAgain();
   bool requestStatus();
   bool awaitStatus();
-  void decodeStatus();
-  std::int32_t write(const std::wstring& data);
-  void setPortClosed();
-  void setOutcome(pfErrors error, const wchar_t* description);
-  [[nodiscard]] bool hasPort() const { return state_.port != 0 && state_.ownsPort; }
-  // The host has neither closed nor reopened the port since the request began.
-  [[nodiscard]] bool isStillOpen() const { return hasPort() && state_.openings == opening_; }
-  [[nodiscard]] std::wstring block(const std::wstring& command) const;
-  void trace(const std::wstring& message) { process_.trace().Trace(message); }
+  Look settleLine();
+  bool receiveNextBlock();
+  WaitEnd WaitForReply(bool forStatus);
+  WaitEnd collectReply(bool forStatus);
+  WaitEnd concludeWait(WaitEnd end);
+  WaitEnd waitWithoutChecks();
+  void tellFailure(const RunTimeError& error);
+  std::int32_t write(std::wstring_view text);
+  void discardLate();
+  void traceDiscarded(const std::string& late);
+  [[nodiscard]] float waitSeconds() const { return state_.timeOut; }
+  [[nodiscard]] bool isPastLimit();
+  [[nodiscard]] Lines fieldsOfReply();
+  void addToPreview(const std::wstring& line);
+  void setPortClosed() { setOutcome(pfCommError, L"PUERTO CERRADO"); }
+  void setSilent() { setOutcome(pfCommError, L"pfError de comunicacion"); }
+  template <class Words>
+  void trace(Words&& words) {
+    process_.trace().traceWith(std::forward<Words>(words));
+  }
 
   ProcessState& process_;
+  Settings settings_;
+  TracedDialog tracedDialog_;
   ExchangeState state_;
-  std::uint32_t opening_ = 0;  // state_.openings when the current request began
+  Line line_;
+  std::optional<ReplyEvent> block_;  // what the last wait ended with, where that was a block
+  int turns_ = 0;                    // turns under way, those that wait included
+  Member member_;
 };
 
 }  // namespace corvid

@@ -20,6 +20,8 @@ struct Outcome {
   std::int32_t STS1 = 0;        // status bytes of the last status reply, 0 when none
   std::int32_t STS2 = 0;
   std::wstring DescripcionError;  // words for the outcome
+
+  bool operator==(const Outcome&) const = default;
 };
 
 }  // namespace corvid

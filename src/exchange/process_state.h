@@ -1,24 +1,29 @@
-// The library's process-wide state, and everything of the world around it.
+// The process's state, shared by all sessions, and everything of the world around it.
 #pragma once
 
 #include "basic/code_page.h"
 #include "basic/locale.h"
+#include "platform/append_file.h"
 #include "platform/clock.h"
 #include "platform/folders.h"
 #include "platform/message_dialog.h"
 #include "platform/message_pump.h"
 #include "platform/report_view.h"
 #include "platform/settings.h"
+#include "platform/sleep_calls.h"
 #include "platform/trace.h"
 #include "transport/modcomm.h"
 #include "transport/port_dump.h"
 #include "transport/serial_calls.h"
+#include "transport/transport.h"
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
 namespace corvid {
 
-// The seams, each with one Windows half and one test double. All outlive the library.
+// The seams, each with one Windows half and one test double. All outlive the process's state.
 struct Environment {
   InitializationFile& file;
   UserSettings& store;
@@ -26,21 +31,31 @@ struct Environment {
   MessagePump& pump;
   MessageDialog& dialog;
   Folders& folders;
+  AppendFiles& files;
   ReportViews& views;
   Clock& clock;
+  SleepCalls& sleep;
   const CodePage& codePage;
   const LocaleSource& locale;
 };
 
-// Shared by all session objects of the process; the last writer wins. One thread.
+// The last writer wins. One thread.
 class ProcessState {
  public:
   explicit ProcessState(const Environment& environment);
 
-  [[nodiscard]] Settings& settings() { return settings_; }
-  [[nodiscard]] modCOMM& comm() { return comm_; }
+  // Readers for an object that is made now.
+  [[nodiscard]] Settings currentSettings() const;
+  // The stream to the printer on a port, 1 to 99; closed, and as the settings have it.
+  [[nodiscard]] std::shared_ptr<Transport> transport(std::int16_t port, const Settings& settings);
+  // Opens the port dump; may show a message box.
+  void openDump(const Settings& settings, MessageDialog& dialog) { dump_.open(settings, dialog); }
+  void closeDump() { dump_.close(); }
+
   [[nodiscard]] TraceLog& trace() { return trace_; }
   [[nodiscard]] Clock& clock() { return environment_.clock; }
+  [[nodiscard]] SleepCalls& sleep() { return environment_.sleep; }
+  [[nodiscard]] MessagePump& pump() { return environment_.pump; }
   [[nodiscard]] MessageDialog& dialog() { return environment_.dialog; }
   [[nodiscard]] ReportViews& views() { return environment_.views; }
   [[nodiscard]] const CodePage& codePage() const { return environment_.codePage; }
@@ -51,7 +66,6 @@ class ProcessState {
 
  private:
   Environment environment_;
-  Settings settings_;
   PortDump dump_;
   modCOMM comm_;
   TraceLog trace_;

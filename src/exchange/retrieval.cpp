@@ -4,25 +4,14 @@
 #include "protocol/framing.h"
 #include "protocol/reply.h"
 
+#include <utility>
+
 namespace corvid {
 namespace {
 
-// A printer that never ends its reply must not hold the host for ever. More rows than a 16-bit
-// index reaches, so that no reply a host can use is cut.
-constexpr std::size_t kMostRows = 65536;
-
-std::wstring behindFirstStx(const std::wstring& reply) {
-  const std::size_t stx = reply.find(static_cast<wchar_t>(STX));
-  return stx == std::wstring::npos ? reply : reply.substr(stx + 1);
-}
-
-Lines splitFields(std::wstring_view text) { return split(text, std::wstring_view(&kLineFeed, 1)); }
-
-Lines fieldsOfBlock(const std::wstring& reply) {
-  std::wstring text = behindFirstStx(reply);
-  if (!text.empty()) text.pop_back();
-  return splitFields(text);
-}
+// A printer that never ends its reply must not hold the host for ever. One row more than a 16-bit
+// index reaches, so that no reply that a host can use is cut.
+constexpr std::size_t kMostRows = 32768;
 
 void appendJoined(CStringBuffer& text, const Lines& fields, const std::wstring& separator) {
   for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -34,36 +23,43 @@ void appendJoined(CStringBuffer& text, const Lines& fields, const std::wstring& 
 }  // namespace
 
 Lines Exchange::GetResponse(const std::wstring& command) {
-  TraceLog& log = process_.trace();
-  log.Trace(L"GetResponse: " + EscapeString(command));
+  trace([&] { return L"GetResponse: " + EscapeString(command); });
   if (state_.testMode) {
     addToPreview(L"GET RESPONSE: " + command);
     return {L"Ok"};
   }
   if (state_.skipChecks) {
-    log.Trace(L"@GetResponse with NO_STATUS_CHECK = VOID");
+    trace([] { return L"@GetResponse with NO_STATUS_CHECK = VOID"; });
     return {L"VOID"};
   }
+  const Turn turn(*this, L"GetResponse");
+  if (turn.isRefused()) return {kFailedReply};
+  const Limit limit(*this);
   GetStatus();
   if (state_.outcome.pfError != pfOk) {
-    const std::wstring error(1, static_cast<wchar_t>(state_.outcome.pfError));
-    log.Trace(L"@GetResponse pfError = " + EscapeString(error));
+    trace([&] {
+      const std::wstring error(1, static_cast<wchar_t>(state_.outcome.pfError));
+      return L"@GetResponse pfError = " + EscapeString(error);
+    });
     return {kFailedReply};
   }
   if (Execute(command) != pfOk) return {kFailedReply};
-  return fieldsOfResult();
+  return fieldsOfReply();
 }
 
-Lines Exchange::fieldsOfResult() {
-  TraceLog& log = process_.trace();
-  std::wstring text = behindFirstStx(state_.outcome.result);
-  log.Trace(L"GetResponse. After Execute (1), s = " + EscapeString(text));
-  if (!text.empty()) {
-    text.pop_back();
-    log.Trace(L"GetResponse. After Execute (2), s = " + EscapeString(text));
-  }
-  Lines fields = splitFields(text);
-  log.Trace(L"GetResponse. UBound = " + std::to_wstring(static_cast<int>(fields.size()) - 1));
+// None but of a whole block: a printer that merely acknowledged told no field.
+Lines Exchange::fieldsOfReply() {
+  if (!block_) return {};
+  const std::wstring text = process_.codePage().decode(block_->text);
+  trace([&] {
+    const std::wstring end = process_.codePage().decode(std::string(1, block_->end));
+    return L"GetResponse. After Execute (1), s = " + EscapeString(text + end);
+  });
+  trace([&] { return L"GetResponse. After Execute (2), s = " + EscapeString(text); });
+  Lines fields = fieldsOf(text);
+  trace([&] {
+    return L"GetResponse. UBound = " + std::to_wstring(static_cast<int>(fields.size()) - 1);
+  });
   return fields;
 }
 
@@ -79,14 +75,28 @@ std::wstring Exchange::GetResponseString(const std::wstring& command,
 }
 
 std::vector<Lines> Exchange::GetMultipleResponses(const std::wstring& command) {
-  process_.trace().Trace(L"GetMultipleResponses: " + EscapeString(command));
-  state_.ready = false;
+  trace([&] { return L"GetMultipleResponses: " + EscapeString(command); });
+  const Turn turn(*this, L"GetMultipleResponses");
+  if (turn.isRefused()) return {{kFailedReply}};
+  block_.reset();
   std::vector<Lines> rows{GetResponse(command)};
-  while (moreBlocksFollow() && rows.size() < kMostRows) {
-    if (!receiveNextBlock()) break;
-    rows.push_back(fieldsOfBlock(state_.outcome.result));
+  while (block_ && block_->end == ETB && rows.size() < kMostRows && receiveNextBlock()) {
+    rows.push_back(fieldsOf(process_.codePage().decode(block_->text)));
   }
   return rows;
+}
+
+bool Exchange::receiveNextBlock() {
+  if (!mayAskAgain()) return false;
+  state_.outcome.result.clear();
+  trace([] { return L" -> ACK"; });
+  if (!isOpen()) {
+    setPortClosed();
+    return false;
+  }
+  const Limit limit(*this);
+  write(kAcknowledge);
+  return WaitForReply(false) == WaitEnd::Block;
 }
 
 std::wstring Exchange::GetMultipleResponsesStr(const std::wstring& command,

@@ -14,10 +14,6 @@ class Clock {
   [[nodiscard]] virtual double monotonicSeconds() = 0;
   // The local date and time.
   [[nodiscard]] virtual Date now() = 0;
-  // Gives up the processor for about a millisecond.
-  virtual void rest() = 0;
-  // The same for about two milliseconds: for a wait that goes on.
-  virtual void restLonger() = 0;
 };
 
 }  // namespace corvid

@@ -13,6 +13,8 @@ class Folders {
   virtual ~Folders() = default;
   // The path of a special folder of the shell, without a trailing backslash; empty on failure.
   [[nodiscard]] virtual std::wstring SHgetFolder(int csidl) = 0;
+  // The process's current folder, whole; "." where the system does not tell it.
+  [[nodiscard]] virtual std::wstring current() = 0;
 };
 
 }  // namespace corvid

@@ -7,8 +7,8 @@ class MessagePump {
  public:
   virtual ~MessagePump() = default;
   // Runs the host's message loop once for what is pending. The host may call into the library
-  // meanwhile. A quit message is put back for the host to find.
-  virtual void yield() = 0;
+  // meanwhile. True while a quit message waits, which is left for the host to find.
+  virtual bool yield() = 0;
 };
 
 }  // namespace corvid

@@ -13,8 +13,8 @@ class PendingView {
  public:
   [[nodiscard]] bool isMade() const { return view_ != nullptr; }
   // A new view in the place of the one before; throws what its creation throws.
-  ReportView& make(ReportViews& views) {
-    view_ = views.create();
+  ReportView& make(ReportViews& views, const Settings& settings) {
+    view_ = views.create(settings);
     isPending_ = false;
     return *view_;
   }

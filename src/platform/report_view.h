@@ -1,6 +1,8 @@
 // The seam to the report preview, where it stands in for the printer or shows the trace.
 #pragma once
 
+#include "platform/settings.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -18,7 +20,8 @@ class ReportView {
 class ReportViews {
  public:
   virtual ~ReportViews() = default;
-  [[nodiscard]] virtual std::shared_ptr<ReportView> create() = 0;
+  // A view that reads its own settings by those readers.
+  [[nodiscard]] virtual std::shared_ptr<ReportView> create(const Settings& settings) = 0;
 };
 
 }  // namespace corvid

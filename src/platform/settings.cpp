@@ -4,6 +4,7 @@
 #include "basic/format.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "platform/file_names.h"
 
 #include <optional>
 
@@ -22,11 +23,31 @@ std::optional<Currency> leadingCurrency(const std::wstring& text) {
 
 }  // namespace
 
-std::wstring Settings::text(const std::wstring& application, const std::wstring& section,
+FoundSetting Settings::find(const std::wstring& application, const std::wstring& section,
                             const std::wstring& key, const std::wstring& fallback) const {
-  std::wstring value = file_.read(L".\\" + application + L".ini", section, key);
-  if (!value.empty()) return value;
-  return store_.read(application, section, key).value_or(fallback);
+  const std::wstring inFile = file_->read(filePath(application), section, key);
+  if (!inFile.empty()) return {inFile, SettingOrigin::File};
+  return findInStore(application, section, key, fallback);
+}
+
+FoundSetting Settings::findInStore(const std::wstring& application, const std::wstring& section,
+                                   const std::wstring& key, const std::wstring& fallback) const {
+  const std::optional<std::wstring> stored = store_->read(application, section, key);
+  if (stored) return {*stored, SettingOrigin::UserStore};
+  return {fallback, SettingOrigin::Default};
+}
+
+std::wstring Settings::fileName(const std::wstring& application, const std::wstring& section,
+                                const std::wstring& key, const std::wstring& fallback) const {
+  FoundSetting found = find(application, section, key, fallback);
+  if (found.origin == SettingOrigin::File && namesNetworkOrDevice(found.text)) {
+    found = findInStore(application, section, key, fallback);
+  }
+  return found.text.empty() ? std::wstring() : resolvedIn(folder_, found.text);
+}
+
+std::wstring Settings::filePath(const std::wstring& application) const {
+  return resolvedIn(folder_, application + L".ini");
 }
 
 bool Settings::boolean(const std::wstring& application, const std::wstring& section,

@@ -1,4 +1,4 @@
-// lmGetSetting: the three readers through which all configuration is read.
+// lmGetSetting: the readers through which all configuration is read.
 #pragma once
 
 #include "basic/currency.h"
@@ -11,15 +11,16 @@ namespace corvid {
 
 // The application name of the library's own settings.
 inline constexpr const wchar_t* kApplication = L"ORV";
-// The section of the session's settings.
+// The sections of the session's and of the serial port's settings.
 inline constexpr const wchar_t* kSessionSection = L"Config\\NimbusPF";
+inline constexpr const wchar_t* kPortSection = L"Config\\ModComm";
 
 // An initialisation file of the "[section] key=value" kind.
 class InitializationFile {
  public:
   virtual ~InitializationFile() = default;
   // The entry's text, cut to 1023 characters; empty when there is no file, section or key. Section
-  // and key compare without case.
+  // and key compare without case. `file` is a whole path.
   [[nodiscard]] virtual std::wstring read(const std::wstring& file, const std::wstring& section,
                                           const std::wstring& key) = 0;
 };
@@ -34,14 +35,28 @@ class UserSettings {
                                                          const std::wstring& key) = 0;
 };
 
-// Reads a setting from ".\<application>.ini" and, where that has no text for it, from the per-user
-// store. Nothing is cached. No reader raises.
+enum class SettingOrigin { File, UserStore, Default };
+
+struct FoundSetting {
+  std::wstring text;
+  SettingOrigin origin = SettingOrigin::Default;
+};
+
+// Reads a setting from <folder>\<application>.ini and, where that has no text for it, from the
+// per-user store. The folder is the one that was current when the reader's owner was made, so that
+// a host which changes its folder keeps its settings. Nothing is cached. No reader raises.
 class Settings {
  public:
-  Settings(InitializationFile& file, UserSettings& store) : file_(file), store_(store) {}
+  // The sources outlive the readers, which may be copied.
+  Settings(InitializationFile& file, UserSettings& store, std::wstring folder)
+      : file_(&file), store_(&store), folder_(std::move(folder)) {}
 
-  [[nodiscard]] std::wstring text(const std::wstring& application, const std::wstring& section,
+  [[nodiscard]] FoundSetting find(const std::wstring& application, const std::wstring& section,
                                   const std::wstring& key, const std::wstring& fallback) const;
+  [[nodiscard]] std::wstring text(const std::wstring& application, const std::wstring& section,
+                                  const std::wstring& key, const std::wstring& fallback) const {
+    return find(application, section, key, fallback).text;
+  }
   // A text that is neither True, False nor a number gives the fallback.
   [[nodiscard]] bool boolean(const std::wstring& application, const std::wstring& section,
                              const std::wstring& key, bool fallback) const;
@@ -49,10 +64,23 @@ class Settings {
   // it does not fit currency.
   [[nodiscard]] Currency number(const std::wstring& application, const std::wstring& section,
                                 const std::wstring& key, Currency fallback) const;
+  // The name of a file to write to, resolved against the folder; empty where there is none. A name
+  // from the initialisation file, which others than the user may have put there, counts as absent
+  // when it leads to a network or a device.
+  [[nodiscard]] std::wstring fileName(const std::wstring& application, const std::wstring& section,
+                                      const std::wstring& key, const std::wstring& fallback) const;
+
+  // The path of an application's initialisation file.
+  [[nodiscard]] std::wstring filePath(const std::wstring& application) const;
 
  private:
-  InitializationFile& file_;
-  UserSettings& store_;
+  [[nodiscard]] FoundSetting findInStore(const std::wstring& application,
+                                         const std::wstring& section, const std::wstring& key,
+                                         const std::wstring& fallback) const;
+
+  InitializationFile* file_;
+  UserSettings* store_;
+  std::wstring folder_;
 };
 
 }  // namespace corvid

@@ -4,8 +4,6 @@
 #include "basic/text.h"
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 
 namespace corvid {
 namespace {
@@ -20,36 +18,59 @@ std::wstring rightAlignedSeconds(float seconds, const Locale& locale) {
 
 }  // namespace
 
+void TraceLog::follow(const Settings& settings) {
+  settings_ = settings;
+  isDebug_ = settings.boolean(kApplication, kSessionSection, L"IsDebug", false);
+  debugInmediato_ = settings.boolean(kApplication, kSessionSection, L"DebugInmediato", false);
+  toldSettings_ = false;
+  fileName_.clear();
+  closeFile();
+}
+
 void TraceLog::Trace(std::wstring_view message) noexcept {
-  if (!isDebug) return;
+  if (!isDebug_) return;
   try {
-    if (debugInmediato) {
-      addToView(message);
-    } else {
-      appendToFile(message);
+    if (!std::exchange(toldSettings_, true)) {
+      write(L"Settings: " + settings_->filePath(kApplication));
     }
+    write(message);
   } catch (...) {
     return;  // whatever it is, a host must not learn of it
   }
 }
 
+void TraceLog::write(std::wstring_view message) {
+  if (debugInmediato_) {
+    addToView(message);
+  } else {
+    appendToFile(message);
+  }
+}
+
 void TraceLog::addToView(std::wstring_view message) {
-  if (!debugView_.isMade()) debugView_.make(environment_.views).SetReportWidth(kViewWidth);
+  if (!debugView_.isMade())
+    debugView_.make(environment_.views, *settings_).SetReportWidth(kViewWidth);
   debugView_.Add(std::wstring(message));
 }
 
 void TraceLog::appendToFile(std::wstring_view message) {
-  if (fileName_.empty()) {
-    fileName_ = environment_.settings.text(
-        kApplication, kTraceSection, L"DEBUGFILE",
-        environment_.folders.SHgetFolder(kDocumentsFolder) + L"\\FPRINTER.LOG");
-  }
+  if (!file_ && !openFile()) return;
   const std::wstring line = format(environment_.clock.now(), L"dd/mm hh:nn:ss") + L" " +
                             rightAlignedSeconds(environment_.clock.secondsSinceMidnight(),
                                                 environment_.locale.current()) +
                             L" " + std::wstring(message) + L"\r\n";
-  std::ofstream file(std::filesystem::path(fileName_), std::ios::binary | std::ios::app);
-  file << environment_.codePage.encode(line);
+  if (!file_->append(environment_.codePage.encode(line))) closeFile();
+}
+
+bool TraceLog::openFile() {
+  if (fileName_.empty()) {
+    fileName_ =
+        settings_->fileName(kApplication, kTraceSection, L"DEBUGFILE",
+                            environment_.folders.SHgetFolder(kDocumentsFolder) + L"\\FPRINTER.LOG");
+  }
+  std::wstring ignored;
+  file_ = environment_.files.open(fileName_, ignored);
+  return file_ != nullptr;
 }
 
 }  // namespace corvid

@@ -7,7 +7,7 @@ namespace corvid {
 namespace {
 
 constexpr int kLineWidth = 40;       // of names and address lines
-constexpr int kReferenceWidth = 12;  // of an affected invoice's number and serial number
+constexpr int kReferenceWidth = 12;  // of an original invoice's number and serial number
 constexpr int kTaxIdWidthPA = 20;
 constexpr int kInvoiceWidthPA = 22;
 
@@ -55,22 +55,22 @@ void appendAddressPA(Series& series, int step, const Customer& customer) {
 
 }  // namespace
 
-Lines customerCommands(const Customer& customer, const AffectedInvoice& affected) {
+Lines customerCommands(const Customer& customer, const OriginalInvoice& original) {
   NumberedLines numbered(L"i", L"00", 1);
   Lines commands;
   commands.push_back(numbered.command(left(customer.name, kLineWidth)));
   commands.push_back(numbered.command(L"RIF:" + customer.taxId));
   append(commands, numbered.commands(addressLines(customer)));
-  if (affected.number) {
+  if (original.number) {
     commands.push_back(
-        numbered.command(L"#Factura afectada: " + left(*affected.number, kReferenceWidth)));
+        numbered.command(L"#Factura afectada: " + left(*original.number, kReferenceWidth)));
   }
-  if (affected.printerSerial) {
+  if (original.printerSerial) {
     commands.push_back(
-        numbered.command(L"Serial impresora: " + left(*affected.printerSerial, kReferenceWidth)));
+        numbered.command(L"Serial impresora: " + left(*original.printerSerial, kReferenceWidth)));
   }
-  if (affected.date) {
-    commands.push_back(numbered.command(L"Fecha factura: " + dateText(*affected.date)));
+  if (original.date) {
+    commands.push_back(numbered.command(L"Fecha factura: " + dateText(*original.date)));
   }
   return commands;
 }

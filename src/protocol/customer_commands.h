@@ -21,7 +21,7 @@ struct Customer {
 using DateOrBlank = std::optional<Date>;
 
 // The invoice that a credit note corrects; a field is there when the host gave it, even as "".
-struct AffectedInvoice {
+struct OriginalInvoice {
   std::optional<std::wstring> number;
   std::optional<std::wstring> printerSerial;
   std::optional<DateOrBlank> date;
@@ -35,7 +35,7 @@ struct SeriesStep {
 using Series = std::vector<SeriesStep>;
 
 // The "i" commands.
-[[nodiscard]] Lines customerCommands(const Customer& customer, const AffectedInvoice& affected);
+[[nodiscard]] Lines customerCommands(const Customer& customer, const OriginalInvoice& original);
 [[nodiscard]] Lines creditNoteCommands(const Customer& customer, const std::wstring& invoice,
                                        const std::wstring& printerSerial,
                                        const DateOrBlank& invoiceDate);

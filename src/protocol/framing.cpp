@@ -2,7 +2,6 @@
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "protocol/control_bytes.h"
 
 #include <array>
 #include <utility>
@@ -47,6 +46,11 @@ std::int16_t CalcXOr(std::wstring_view text, const CodePage& codePage) {
     check = static_cast<std::uint8_t>(check ^ codePage.toByte(character));
   }
   return check;
+}
+
+bool holdsLineControl(std::string_view bytes) {
+  constexpr char kControls[] = {STX, ETX, EOT, ENQ, ACK, NAK, ETB};
+  return bytes.find_first_of({kControls, sizeof kControls}) != std::string_view::npos;
 }
 
 std::wstring EscapeString(std::wstring_view text) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/code_page.h"
-#include "basic/currency.h"
+#include "basic/decimal.h"
 
 #include <cstdint>
 #include <string>
@@ -24,9 +24,9 @@ inline constexpr const wchar_t* kCreditVoid = L"C-";
 struct GeneralLine {
   std::wstring kind;
   std::int16_t index = 0;
-  Currency price;       // written with two decimals
-  double quantity = 0;  // written with three
-  std::wstring code;    // may be empty
+  Decimal price;      // written with two decimals
+  Decimal quantity;   // written with three
+  std::wstring code;  // may be empty
   std::wstring description;
 };
 

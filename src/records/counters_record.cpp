@@ -73,7 +73,7 @@ class FakeSettings {
 }  // namespace
 
 void CountersRecord::loadFake() {
-  const FakeSettings settings(process_.settings());
+  const FakeSettings settings(settings_);
   values.numeroCajero = toInt16(settings.number(L"numeroCajero"));
   // Hosts set one key for both: the cashier's number is the day's total too.
   values.totalVentasDiarias = Currency::fromDecimal(settings.number(L"numeroCajero"));
@@ -97,7 +97,7 @@ void CountersRecord::loadFakeQuietly() {
 
 void CountersRecord::loadFromResponse(std::wstring_view reply) {
   values.isFake = false;
-  const ReplyFields fields(split(reply, std::wstring_view(&kLineFeed, 1)));
+  const ReplyFields fields(fieldsOf(reply));
   const Reply source{fields, process_.clock()};
   try {
     if (fields.upperBound() < kLongLayoutUpperBound) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace corvid {
 
@@ -33,7 +34,11 @@ struct CountersValues {
 
 class CountersRecord {
  public:
-  explicit CountersRecord(ProcessState& process) : process_(process) {}
+  // A record of a session's own reads its substitute values from the session's settings.
+  CountersRecord(ProcessState& process, Settings settings)
+      : process_(process), settings_(std::move(settings)) {}
+  explicit CountersRecord(ProcessState& process)
+      : CountersRecord(process, process.currentSettings()) {}
 
   CountersValues values;
 
@@ -50,6 +55,7 @@ class CountersRecord {
 
  private:
   ProcessState& process_;
+  Settings settings_;
 };
 
 }  // namespace corvid

@@ -35,8 +35,8 @@ void PaymentsRecord::loadFromResponse(const FieldArray& fields) {
 
 Currency PaymentsRecord::valor(const Decimal& n) const {
   const Decimal first = Decimal::fromInteger(1);
-  if (n.compare(first) < 0 || n.compare(Decimal::fromInteger(nMedios_)) > 0) return {};
-  return amounts_.at(static_cast<std::size_t>(toInt32(n.minus(first))));
+  if (n < first || n > Decimal::fromInteger(nMedios_)) return {};
+  return amounts_.at(static_cast<std::size_t>(toInt32(n - first)));
 }
 
 }  // namespace corvid

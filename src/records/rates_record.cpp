@@ -29,13 +29,16 @@ void RatesRecord::loadFake() {
   values = RatesValues{};
   values.nFlags = flagBound;
   values.isFake = true;
+  isPartial_ = false;
 }
 
 void RatesRecord::loadFromResponse(const FieldArray& fields) {
   values.isFake = false;
+  isPartial_ = true;
   try {
     loadRates(fields);
     loadFlags(fields);
+    isPartial_ = false;
   } catch (const RunTimeError& error) {
     process_.trace().Trace(L"PrinterResponse3.LoadFormResponse. Error: " + error.description());
   }

@@ -40,8 +40,8 @@ class RatesRecord {
 
   // Rate n (1 to 3) in percent.
   [[nodiscard]] double rate(int n) const;
-  // True for substitute values: such a record counts as none.
-  [[nodiscard]] bool isSubstitute() const { return values.isFake; }
+  // Substitute values, and a record whose last reply could not be read whole, count as none.
+  [[nodiscard]] bool countsAsNone() const { return values.isFake || isPartial_; }
 
  private:
   void loadRates(const FieldArray& fields);
@@ -50,6 +50,7 @@ class RatesRecord {
 
   ProcessState& process_;
   std::vector<std::int16_t> flags_;
+  bool isPartial_ = false;
 };
 
 }  // namespace corvid

@@ -30,7 +30,7 @@ std::int32_t queryCounter(Exchange& exchange, std::int32_t field) {
 }  // namespace
 
 std::shared_ptr<CountersRecord> Response1(Exchange& exchange) {
-  auto record = std::make_shared<CountersRecord>(exchange.process());
+  auto record = std::make_shared<CountersRecord>(exchange.process(), exchange.settings());
   std::wstring reply;
   if (!exchange.answersWithSubstitutes()) {
     reply = exchange.GetResponseString(kQueryCounters, std::wstring(1, kLineFeed));
@@ -70,10 +70,10 @@ std::int32_t NumeroUltimoCierre(Exchange& exchange) { return queryCounter(exchan
 
 double tasa(Exchange& exchange, const Decimal& index) {
   const Decimal first = Decimal::fromInteger(1);
-  if (index.compare(first) < 0 || index.compare(Decimal::fromInteger(3)) > 0) return 0;
+  if (index < first || index > Decimal::fromInteger(3)) return 0;
   const Lines fields = exchange.GetResponse(kQueryRates);
   if (isFailure(fields)) return -1;
-  const std::wstring field = ReplyFields(fields).text(toInt32(index.minus(first)));
+  const std::wstring field = ReplyFields(fields).text(toInt32(index - first));
   return leadingNumberOrZero(mid(field, 2)) / 100;
 }
 

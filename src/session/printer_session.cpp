@@ -11,7 +11,6 @@
 namespace corvid {
 namespace {
 
-constexpr const wchar_t* kLineSettings = L"baud=9600 parity=E data=8 stop=1";
 constexpr std::int32_t kCannotOpenPort = 40001;
 constexpr float kSecondsPerDay = 86400;
 
@@ -25,11 +24,11 @@ constexpr std::array<std::pair<std::wstring_view, VariantesPF>, 3> kModels = {{
 }  // namespace
 
 PrinterSession::PrinterSession(ProcessState& process)
-    : process_(process), exchange_(process), formats_(process.settings(), [this] {
+    : process_(process), exchange_(process), formats_(exchange_.settings(), [this] {
         LoadFlag21();
-        return AmountFormats::Flag21{state_.f21, !state_.s3->isSubstitute()};
+        return AmountFormats::Flag21{state_.f21, knowsRates()};
       }) {
-  readSettings(state_, exchange_.state(), process_);
+  readSettings(state_, exchange_);
 }
 
 PrinterSession::~PrinterSession() {
@@ -41,32 +40,32 @@ PrinterSession::~PrinterSession() {
 
 void PrinterSession::Abrir(std::int16_t portNumber) {
   if (exchange_.state().testMode) {
-    if (!exchange_.state().preview.isPending()) exchange_.state().preview.make(process_.views());
+    PendingView& preview = exchange_.state().preview;
+    if (!preview.isPending()) preview.make(process_.views(), settings());
     return;
   }
   if (portNumber < 1 || portNumber > kHighestPort) throw subscriptOutOfRange();
-  closeOwnPort();
-  openPort(portNumber);
-  process_.comm().CommSetLine(portNumber, CommLine::Rts, 0);
-  process_.comm().CommSetLine(portNumber, CommLine::Dtr, 1);
+  closePort();
+  const OpeningRef opening = openPort(portNumber);
+  // The host may have closed or reopened the session from a message box, and below from a wait.
+  if (exchange_.opening() != opening) return;
+  opening->transport->setLines();
   exchange_.GetStatus();
-  learnSerial();
+  if (exchange_.opening() == opening) learnSerial();
 }
 
-void PrinterSession::openPort(std::int16_t portNumber) {
-  modCOMM& comm = process_.comm();
-  // The record may be open behind a failed configuration; then it is this session's to close. One
-  // that was open before belongs to another session.
-  const bool wasOpen = comm.isOpen(portNumber);
+// The stream is this session's before anything runs the host's code. A failed configuration leaves
+// it open, and then it is the session's to close.
+OpeningRef PrinterSession::openPort(std::int16_t portNumber) {
+  const std::shared_ptr<Transport> transport = process_.transport(portNumber, settings());
   exchange_.state().port = portNumber;
-  const bool failed =
-      comm.CommOpen(portNumber, L"COM" + std::to_wstring(portNumber), kLineSettings) != 0;
-  exchange_.state().ownsPort = !wasOpen && comm.isOpen(portNumber);
-  ++exchange_.state().openings;
-  if (!failed) return;
-  std::wstring description;
-  comm.CommGetError(description);
-  throw RunTimeError(kCannotOpenPort, L"PrinterFiscal.Abrir", description);
+  const bool failed = transport->open() != 0;
+  const std::wstring words = failed ? transport->errorText() : std::wstring();
+  if (transport->isOpen()) exchange_.attach(transport);
+  OpeningRef opening = exchange_.opening();
+  process_.openDump(settings(), exchange_.dialog());
+  if (failed) throw RunTimeError(kCannotOpenPort, L"PrinterFiscal.Abrir", words);
+  return opening;
 }
 
 void PrinterSession::learnSerial() {
@@ -80,8 +79,10 @@ void PrinterSession::Cerrar() {
     exchange_.state().preview.showModal();
     return;
   }
-  closeOwnPort();
-  if (process_.trace().isDebug) process_.trace().debugView().showModal();
+  closePort();
+  TraceLog& trace = process_.trace();
+  trace.closeFile();
+  if (trace.isOn()) trace.debugView().showModal();
 }
 
 // As Cerrar, but a view that was shown in full does not come again.
@@ -91,18 +92,19 @@ void PrinterSession::release() {
   if (view.isPending()) {
     Cerrar();
   } else {
-    closeOwnPort();
+    closePort();
+    process_.trace().closeFile();
   }
 }
 
-void PrinterSession::closeOwnPort() {
-  const std::int16_t port = std::exchange(exchange_.state().port, std::int16_t{0});
-  ++exchange_.state().openings;
-  if (std::exchange(exchange_.state().ownsPort, false)) process_.comm().CommClose(port);
+void PrinterSession::closePort() {
+  // A port that could not be opened has opened the dump all the same.
+  if (std::exchange(exchange_.state().port, std::int16_t{0}) != 0) process_.closeDump();
+  exchange_.detach();
 }
 
 std::int32_t PrinterSession::tipoPrinter() const {
-  const std::int32_t configured = int32Setting(process_.settings(), L"TipoPrinter", -1);
+  const std::int32_t configured = int32Setting(settings(), L"TipoPrinter", -1);
   if (configured >= 0) return configured;
   const std::wstring prefix = left(state_.SerialPrinter, 3);
   for (const auto& [known, model] : kModels) {
@@ -114,17 +116,17 @@ std::int32_t PrinterSession::tipoPrinter() const {
 std::int16_t PrinterSession::lError() const { return narrowToInt16(exchange_.outcome().pfError); }
 
 std::int16_t PrinterSession::AnchoDireccion() const {
-  return int16Setting(process_.settings(), L"AnchoDireccion", 40);
+  return int16Setting(settings(), L"AnchoDireccion", 40);
 }
 
 std::int16_t PrinterSession::LineasDireccion() const {
-  return int16Setting(process_.settings(), L"LineasDireccion", 10);
+  return int16Setting(settings(), L"LineasDireccion", 10);
 }
 
 void PrinterSession::Demora(std::int16_t n) {
   if (factorDelay_ == 0) {
-    const Currency factor = process_.settings().number(kApplication, kSessionSection,
-                                                       L"FactorDelay", Currency::fromUnits(3000));
+    const Currency factor =
+        settings().number(kApplication, kSessionSection, L"FactorDelay", Currency::fromUnits(3000));
     factorDelay_ = static_cast<float>(factor.toDouble());
   }
   Clock& clock = process_.clock();
@@ -132,7 +134,7 @@ void PrinterSession::Demora(std::int16_t n) {
   const float delay = static_cast<float>(n) * factorDelay_;
   float elapsed = 0;
   while (elapsed < delay) {
-    clock.rest();
+    process_.sleep().sleep(1);
     elapsed = clock.secondsSinceMidnight() - start;
     // Without this, a target behind midnight would never be reached.
     if (elapsed < 0) elapsed += kSecondsPerDay;
@@ -140,7 +142,9 @@ void PrinterSession::Demora(std::int16_t n) {
 }
 
 void PrinterSession::LoadFlag21() {
-  if (!state_.s3 || state_.s3->isSubstitute()) state_.s3 = Response3(exchange_);
+  const Exchange::Turn turn(exchange_, L"LoadFlag21");
+  if (turn.isRefused()) return;
+  if (!knowsRates()) state_.s3 = Response3(exchange_);
   state_.f21 = state_.s3->Flag(21);
 }
 

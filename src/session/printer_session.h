@@ -14,8 +14,9 @@
 namespace corvid {
 
 // Created closed, with its settings read once. Outcomes land in outcome() and are not raised,
-// except where a member says so. Everything runs on the host's thread; the host must not call into
-// a session from a message handled while it waits.
+// except where a member says so. Everything runs on the host's thread. While a member waits for the
+// printer the host's message loop runs; members that the host calls from there are refused, but for
+// Abrir and Cerrar, which end the wait.
 class PrinterSession {
  public:
   explicit PrinterSession(ProcessState& process);
@@ -28,6 +29,7 @@ class PrinterSession {
   [[nodiscard]] Exchange& exchange() { return exchange_; }
   [[nodiscard]] Outcome& outcome() { return exchange_.outcome(); }
   [[nodiscard]] ProcessState& process() { return process_; }
+  [[nodiscard]] const Settings& settings() const { return exchange_.settings(); }
 
   // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, asks for the status
   // and learns the serial number. Raises 9 for a number outside 1 to 99 (nothing changes), and
@@ -36,6 +38,9 @@ class PrinterSession {
   void Abrir(std::int16_t portNumber);
   // Closes the port that this session opened; shows the preview of test mode, or the debug view.
   void Cerrar();
+  // The host has let go of the session in the middle of a member: ends its wait, and closes the
+  // port, which the member notices as after Cerrar. Shows nothing.
+  void abandon() { closePort(); }
 
   // The model: setting "TipoPrinter", or, when that is negative, by the serial number's prefix.
   [[nodiscard]] std::int32_t tipoPrinter() const;
@@ -46,8 +51,11 @@ class PrinterSession {
   [[nodiscard]] std::int16_t LineasDireccion() const;
   // Waits n x "FactorDelay" seconds without letting the host run.
   void Demora(std::int16_t n);
-  // Reads the rates and flags where none are there yet, and takes flag 21 from them.
+  // Reads the rates and flags where none are there yet, and takes flag 21 from them. Does nothing
+  // where its turn is refused.
   void LoadFlag21();
+  // Whether the printer's rates and flags are there, whole and not substituted.
+  [[nodiscard]] bool knowsRates() const { return state_.s3 && !state_.s3->countsAsNone(); }
 
   [[nodiscard]] std::wstring FormatPrecio(const Decimal& value);
   [[nodiscard]] std::wstring FormatCantidad(const Decimal& value);
@@ -59,8 +67,8 @@ class PrinterSession {
   std::int16_t Reset() { return Execute(kReset); }
 
  private:
-  void openPort(std::int16_t portNumber);
-  void closeOwnPort();
+  OpeningRef openPort(std::int16_t portNumber);
+  void closePort();
   void release();
   void learnSerial();
 

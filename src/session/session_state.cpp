@@ -1,14 +1,16 @@
 #include "session/session_state.h"
 
 #include "basic/conversions.h"
-#include "exchange/process_state.h"
 #include "session/session_settings.h"
+
+#include <algorithm>
 
 namespace corvid {
 namespace {
 
 constexpr const wchar_t* kRatesSection = L"Config\\NimbusPF\\Tasas";
 constexpr const wchar_t* kNoRate = L"nil";
+constexpr std::int16_t kShortestTimeOut = 1;
 
 bool flag(const Settings& settings, const wchar_t* key) {
   return settings.boolean(kApplication, kSessionSection, key, false);
@@ -27,18 +29,23 @@ void readRates(SessionState& state, const Settings& settings) {
 
 }  // namespace
 
-void readSettings(SessionState& state, ExchangeState& exchange, ProcessState& process) {
-  const Settings& settings = process.settings();
-  exchange.timeOut = int16Setting(settings, L"TimeOut", exchange.timeOut);
+void readSettings(SessionState& state, Exchange& exchange) {
+  const Settings& settings = exchange.settings();
+  ExchangeState& outer = exchange.state();
+  outer.timeOut = std::max(int16Setting(settings, L"TimeOut", outer.timeOut), kShortestTimeOut);
   state.retries = int16Setting(settings, L"Retries", state.retries);
-  exchange.skipChecks = flag(settings, L"SkipChecks");
-  process.testMode = flag(settings, L"TestMode");
-  exchange.testMode = process.testMode;
-  process.trace().isDebug = flag(settings, L"IsDebug");
-  process.trace().debugInmediato = flag(settings, L"DebugInmediato");
+  outer.skipChecks = flag(settings, L"SkipChecks");
+  exchange.process().testMode = flag(settings, L"TestMode");
+  outer.testMode = exchange.process().testMode;
+  exchange.process().trace().follow(settings);
   state.columnasDescripcion =
       int32Setting(settings, L"ColumnasDescripcion", state.columnasDescripcion);
   readRates(state, settings);
+  outer.limiteEspera =
+      settings.number(kApplication, kSessionSection, L"LimiteEspera", Currency{}).toDouble();
+  outer.rechazoEsError = flag(settings, L"RechazoEsError");
+  outer.verificarRespuesta = flag(settings, L"VerificarRespuesta");
+  outer.sinMensajes = flag(settings, L"SinMensajes");
 }
 
 }  // namespace corvid

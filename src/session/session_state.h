@@ -2,7 +2,7 @@
 // creation.
 #pragma once
 
-#include "exchange/exchange_state.h"
+#include "exchange/exchange.h"
 #include "records/rates_record.h"
 
 #include <array>
@@ -29,6 +29,6 @@ struct SessionState {
 
 // Reads the settings of a new session, in their fixed order; one that does not fit its field
 // leaves the field as it is. Never raises.
-void readSettings(SessionState& state, ExchangeState& exchange, ProcessState& process);
+void readSettings(SessionState& state, Exchange& exchange);
 
 }  // namespace corvid

@@ -2,7 +2,6 @@
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
-#include "protocol/whole_answer.h"
 
 #include <algorithm>
 #include <string>
@@ -11,12 +10,13 @@ namespace corvid {
 namespace {
 
 constexpr std::int32_t kPortInUse = -1;
-constexpr const wchar_t* kPortSection = L"Config\\ModComm";
-constexpr double kQuietSeconds = 0.06;  // many byte times even at 1200 baud
+constexpr int kMostDiscards = 64;  // a line that never falls quiet must not hold a command
 constexpr std::uint32_t kQueueSize = 1024;
 constexpr std::uint32_t kPurgeAll = 15;         // Windows: abort and clear, both directions
 constexpr std::uint32_t kErrorGenFailure = 31;  // Windows: a device that does not work
 constexpr std::uint32_t kReadBufferSize = 4096;
+constexpr char kXon = 0x11;
+constexpr char kXoff = 0x13;
 constexpr SerialTimeouts kTimeouts{.readInterval = 0xFFFFFFFF,
                                    .readTotalMultiplier = 0,
                                    .readTotalConstant = 1000,
@@ -40,6 +40,27 @@ std::wstring devicePath(std::int16_t port, const std::wstring& name) {
   return port > 9 ? L"\\\\.\\" + name : name;
 }
 
+// The line settings say speed and frame alone; a driver keeps the rest from program to program.
+void setWholeState(DeviceControlBlock& block) {
+  using LineControl = DeviceControlBlock::LineControl;
+  block.isBinary = true;
+  block.checksParity = true;
+  block.ctsFlow = false;
+  block.dsrFlow = false;
+  block.dtr = LineControl::Enable;
+  block.dsrSensitive = false;
+  block.continuesOnXoff = false;
+  block.xonXoffOutput = false;
+  block.xonXoffInput = false;
+  block.replacesErrors = false;
+  block.stripsNulls = false;
+  block.rts = LineControl::Disable;
+  block.abortsOnError = false;
+  // A driver refuses a block in which these two are equal, whether it uses them or not.
+  block.xonChar = kXon;
+  block.xoffChar = kXoff;
+}
+
 }  // namespace
 
 modCOMM::Record& modCOMM::record(std::int16_t port) {
@@ -56,9 +77,7 @@ bool modCOMM::isOpen(std::int16_t port) const { return record(port).open; }
 
 std::int32_t modCOMM::CommOpen(std::int16_t port, const std::wstring& name,
                                const std::wstring& settings) {
-  const std::int32_t error = openRecord(record(port), devicePath(port, name), settings);
-  environment_.dump.open();
-  return error;
+  return openRecord(record(port), devicePath(port, name), settings);
 }
 
 std::int32_t modCOMM::openRecord(Record& record, const std::wstring& path,
@@ -70,8 +89,6 @@ std::int32_t modCOMM::openRecord(Record& record, const std::wstring& path,
   record.handle = environment_.calls.createFile(path);
   if (record.handle == kInvalidSerialHandle) return fail(L"CommOpen (CreateFile)");
   record.open = true;
-  record.readsImmediately =
-      environment_.settings.boolean(kApplication, kPortSection, L"LecturaInmediata", false);
   return configure(record, settings);
 }
 
@@ -91,8 +108,10 @@ std::int32_t modCOMM::applySettings(Record& record, const std::wstring& settings
   if (!environment_.calls.getCommState(record.handle, record.block)) {
     return fail(operation + L" (GetCommState)");
   }
-  if (!environment_.calls.buildCommDcb(settings, record.block))
+  if (!environment_.calls.buildCommDcb(settings, record.block)) {
     return fail(operation + L" (BuildCommDCB)");
+  }
+  setWholeState(record.block);
   if (!environment_.calls.setCommState(record.handle, record.block)) {
     return fail(operation + L" (SetCommState)");
   }
@@ -102,47 +121,28 @@ std::int32_t modCOMM::applySettings(Record& record, const std::wstring& settings
 std::int32_t modCOMM::CommClose(std::int16_t port) {
   Record& record = this->record(port);
   std::int32_t error = 0;
-  if (record.open) {
-    if (environment_.calls.closeHandle(record.handle)) {
-      record.open = false;
-      record.handle = kInvalidSerialHandle;
-    } else {
-      error = fail(L"CommClose (CloseHandle)");
-    }
+  if (record.open && !environment_.calls.closeHandle(record.handle)) {
+    error = fail(L"CommClose (CloseHandle)");
   }
+  // A handle that does not close belongs to a device that is gone; kept, it would keep the port.
+  record.open = false;
+  record.handle = kInvalidSerialHandle;
   environment_.dump.close();
   return error;
 }
 
-std::int32_t modCOMM::CommRead(std::int16_t port, std::wstring& data, std::int32_t size,
-                               double patience) {
+std::int32_t modCOMM::CommRead(std::int16_t port, std::string& data, std::int32_t size) {
   const Record& record = this->record(port);
-  data.clear();
-  environment_.pump.yield();
-  std::string bytes;
-  const auto wanted = static_cast<std::uint32_t>(std::max(size, 0));
-  const bool isRead =
-      record.readsImmediately ? gather(record, patience, bytes) : readOnce(record, wanted, bytes);
-  if (!isRead) return -1;
-  data = environment_.codePage.decode(bytes);
-  if (!bytes.empty()) environment_.dump.write("Read ", bytes);
-  return static_cast<std::int32_t>(bytes.size());
-}
-
-bool modCOMM::countWaiting(const Record& record, std::uint32_t& waiting) {
   SerialQueue queue;
   if (!environment_.calls.clearCommError(record.handle, queue)) {
     fail(L"CommRead (ClearCommError)");
-    return false;
+    return -1;
   }
-  waiting = queue.waiting;
-  return true;
-}
-
-bool modCOMM::readOnce(const Record& record, std::uint32_t size, std::string& bytes) {
-  std::uint32_t waiting = 0;
-  if (!countWaiting(record, waiting)) return false;
-  return waiting == 0 || readWaiting(record, std::max(waiting, size), bytes);
+  if (queue.waiting == 0) return 0;
+  const std::size_t before = data.size();
+  const auto wanted = static_cast<std::uint32_t>(std::max(size, 0));
+  if (!readWaiting(record, std::max(queue.waiting, wanted), data)) return -1;
+  return static_cast<std::int32_t>(data.size() - before);
 }
 
 // Appends what one read gives.
@@ -151,63 +151,38 @@ bool modCOMM::readWaiting(const Record& record, std::uint32_t size, std::string&
   const std::uint32_t asked = std::min(size, kReadBufferSize);
   std::uint32_t count = 0;
   if (!environment_.calls.readFile(record.handle, buffer.data(), asked, count) &&
-      !awaitTransfer(record, L"CommRead (ReadFile)", L"CommRead (GetOverlappedResult)",
-                     lastErrorNumber(), count)) {
+      !awaitTransfer(record, L"CommRead (ReadFile)", L"CommRead (GetOverlappedResult)", count)) {
     return false;
   }
-  bytes.append(buffer.data(), std::min(count, asked));
+  const std::string_view read(buffer.data(), std::min(count, asked));
+  if (!read.empty()) environment_.dump.write("Read ", read);
+  bytes += read;
   return true;
 }
 
-// A failure behind the first bytes ends the gathering; the next read meets it again.
-bool modCOMM::gather(const Record& record, double patience, std::string& bytes) {
-  const double start = environment_.clock.monotonicSeconds();
-  double lastByte = start;
-  for (;;) {
-    std::uint32_t waiting = 0;
-    if (!countWaiting(record, waiting)) return !bytes.empty();
-    if (waiting == 0 && bytes.empty()) return true;
-
-    const std::size_t before = bytes.size();
-    const auto room = kReadBufferSize - static_cast<std::uint32_t>(before);
-    if (waiting != 0 && !readWaiting(record, std::min(waiting, room), bytes)) {
-      return !bytes.empty();
-    }
-    if (isWholeAnswer(bytes) || bytes.size() == kReadBufferSize) return true;
-
-    const double now = environment_.clock.monotonicSeconds();
-    if (bytes.size() != before) lastByte = now;
-    if (now - lastByte >= kQuietSeconds || now - start >= patience) return true;
-    environment_.clock.rest();
-  }
-}
-
-std::wstring modCOMM::CommDiscard(std::int16_t port) {
-  const Record& record = this->record(port);
+std::string modCOMM::CommDiscard(std::int16_t port) {
   std::string bytes;
-  if (record.readsImmediately) readOnce(record, 0, bytes);
-  if (!bytes.empty()) environment_.dump.write("Read ", bytes);
-  return environment_.codePage.decode(bytes);
+  for (int i = 0; i < kMostDiscards; ++i) {
+    if (CommRead(port, bytes, kExactly) <= 0) break;
+  }
+  return bytes;
 }
 
-std::int32_t modCOMM::CommWrite(std::int16_t port, std::wstring_view data) {
+std::int32_t modCOMM::CommWrite(std::int16_t port, std::string_view data) {
   const Record& record = this->record(port);
-  const std::string bytes = environment_.codePage.encode(data);
   std::uint32_t count = 0;
-  const bool written = environment_.calls.writeFile(record.handle, bytes, count);
-  const std::uint32_t error = written ? 0 : lastErrorNumber();
-  environment_.pump.yield();
-  if (!written && !awaitTransfer(record, L"CommWrite (WriteFile)",
-                                 L"CommWrite (GetOverlappedResult)", error, count)) {
+  if (!environment_.calls.writeFile(record.handle, data, count) &&
+      !awaitTransfer(record, L"CommWrite (WriteFile)", L"CommWrite (GetOverlappedResult)", count)) {
     return -1;
   }
-  environment_.dump.write("Send ", bytes);
+  environment_.dump.write("Send ", data);
   return static_cast<std::int32_t>(count);
 }
 
 // Behind a read or write that did not finish at once; false after any error but a pending one.
 bool modCOMM::awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
-                            std::uint32_t error, std::uint32_t& count) {
+                            std::uint32_t& count) {
+  const std::uint32_t error = lastErrorNumber();
   if (error != kErrorIoPending) {
     failTransfer(record, call, error);
     return false;

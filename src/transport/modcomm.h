@@ -1,10 +1,6 @@
 // modCOMM: the serial ports of the process, one record per port number.
 #pragma once
 
-#include "basic/code_page.h"
-#include "platform/clock.h"
-#include "platform/message_pump.h"
-#include "platform/settings.h"
 #include "transport/port_dump.h"
 #include "transport/serial_calls.h"
 
@@ -30,42 +26,34 @@ struct CommError {
 // What the port layer needs of the world around it; all outlive it.
 struct PortEnvironment {
   SerialCalls& calls;
-  MessagePump& pump;
-  const Settings& settings;
-  Clock& clock;
   PortDump& dump;
-  const CodePage& codePage;
 };
 
-// How long a read may go on while bytes keep coming; only immediate reads look at it.
-constexpr double kUnlimitedPatience = 1e9;
+// The size by which a read takes exactly what is waiting.
+constexpr std::int32_t kExactly = 0;
 
 // Every member raises subscript out of range (9) for a port outside 1 to 99; no other failure is
-// raised: it is returned, and kept in the process-wide error record. Texts are characters of the
-// system's code page, one byte each.
+// raised: it is returned, and kept in the process-wide error record. None runs the host's code.
 class modCOMM {
  public:
   explicit modCOMM(const PortEnvironment& environment) : environment_(environment) {}
 
   // 0, or the error number (-1 with "Port in use." when the record is already open). A failure
-  // behind CreateFile leaves the record open, to be closed by CommClose. Opens the port dump.
+  // behind CreateFile leaves the record open, to be closed by CommClose. The port's whole state is
+  // set, whatever another program left behind: no flow control, parity checked, DTR on, RTS off.
   std::int32_t CommOpen(std::int16_t port, const std::wstring& name, const std::wstring& settings);
-  // 0, or the error number, and then the record stays open. Closes the port dump.
+  // 0, or the error number; the record is free for the next opening in both cases. Closes the port
+  // dump.
   std::int32_t CommClose(std::int16_t port);
-  // The count of bytes read into data, 0 at once when none is waiting, -1 on failure. Asks for at
-  // most 4096 bytes, and for at least `size` within that; yields once to the host first.
-  //
-  // With the setting "LecturaInmediata" (section "Config\ModComm", read by CommOpen) it does not
-  // wait out the port's read time-out: it takes exactly what is waiting and gathers until the
-  // answer is whole, the line has been quiet for 60 ms, 4096 bytes are there, or `patience`
-  // (seconds) is over.
-  std::int32_t CommRead(std::int16_t port, std::wstring& data, std::int32_t size,
-                        double patience = kUnlimitedPatience);
-  // Takes off the line what is waiting, so that a late answer is not read as the next one's, and
-  // returns it. Without "LecturaInmediata" it does nothing.
-  std::wstring CommDiscard(std::int16_t port);
-  // The count of bytes written, or -1. Yields once to the host behind the write.
-  std::int32_t CommWrite(std::int16_t port, std::wstring_view data);
+  // Appends to data the bytes of one read; their count, 0 at once when none is waiting, -1 on
+  // failure. Asks for what is waiting, or for `size` bytes where that is more; at most for 4096.
+  // By the port's time-outs a read that asks for more than is there returns at once on some
+  // drivers, and after 1000 ms on others.
+  std::int32_t CommRead(std::int16_t port, std::string& data, std::int32_t size);
+  // Reads exactly what is waiting until nothing is, at most 64 reads; a failure ends it.
+  [[nodiscard]] std::string CommDiscard(std::int16_t port);
+  // The count of bytes written, or -1.
+  std::int32_t CommWrite(std::int16_t port, std::string_view data);
   // state: whether any of the mask's modem status bits is set.
   std::int32_t CommReadCD(std::int16_t port, std::int16_t mask, bool& state);
   // Any state but 0 sets the line. An unknown line does nothing and returns 0.
@@ -81,7 +69,6 @@ class modCOMM {
   struct Record {
     SerialHandle handle = kInvalidSerialHandle;
     bool open = false;
-    bool readsImmediately = false;
     DeviceControlBlock block;
   };
 
@@ -91,12 +78,9 @@ class modCOMM {
   std::int32_t configure(Record& record, const std::wstring& settings);
   std::int32_t applySettings(Record& record, const std::wstring& settings,
                              const std::wstring& operation);
-  bool countWaiting(const Record& record, std::uint32_t& waiting);
-  bool readOnce(const Record& record, std::uint32_t size, std::string& bytes);
   bool readWaiting(const Record& record, std::uint32_t size, std::string& bytes);
-  bool gather(const Record& record, double patience, std::string& bytes);
   bool awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
-                     std::uint32_t error, std::uint32_t& count);
+                     std::uint32_t& count);
   std::uint32_t lastErrorNumber();
   std::int32_t fail(const std::wstring& source);
   void failTransfer(const Record& record, const std::wstring& source, std::uint32_t error);

@@ -1,11 +1,12 @@
 // The port dump: the raw bytes of the line, as a hex dump appended to a file.
 #pragma once
 
+#include "platform/append_file.h"
 #include "platform/clock.h"
 #include "platform/message_dialog.h"
 #include "platform/settings.h"
 
-#include <fstream>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -15,23 +16,22 @@ namespace corvid {
 // stand as they are.
 class PortDump {
  public:
-  PortDump(const Settings& settings, Clock& clock, MessageDialog& dialog)
-      : settings_(settings), clock_(clock), dialog_(dialog) {}
+  PortDump(AppendFiles& files, Clock& clock) : files_(files), clock_(clock) {}
 
   // Reads "DEBUG" (default "0"; on when not "0") and "DumpFile" of section "Config\ModComm" and
-  // opens that file for appending. A file that cannot be opened shows a message and leaves the
-  // dump off. Opening an open dump closes it first.
-  void open();
-  void close() noexcept;
-  // Writes "Read " or "Send " with date and time, then 16 bytes a line. Nothing while off.
+  // opens that file for appending. A file that cannot be opened shows a message, which runs the
+  // host's message loop, and leaves the dump off. Opening an open dump closes it first.
+  void open(const Settings& settings, MessageDialog& dialog);
+  void close() noexcept { file_.reset(); }
+  // Writes "Read " or "Send " with date and time, then 16 bytes a line, all in one write. Nothing
+  // while off. A failure ends the dump, quietly.
   void write(std::string_view label, std::string_view bytes);
-  [[nodiscard]] bool isOn() const { return file_.is_open(); }
+  [[nodiscard]] bool isOn() const { return file_ != nullptr; }
 
  private:
-  const Settings& settings_;
+  AppendFiles& files_;
   Clock& clock_;
-  MessageDialog& dialog_;
-  std::ofstream file_;
+  std::unique_ptr<AppendFile> file_;
 };
 
 // The lines of a hex dump: upper-case pairs with a blank behind each, padded to 48 columns, then

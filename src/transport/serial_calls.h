@@ -2,8 +2,6 @@
 // can be made to fail.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,10 +11,36 @@ namespace corvid {
 using SerialHandle = std::intptr_t;
 constexpr SerialHandle kInvalidSerialHandle = -1;  // Windows: INVALID_HANDLE_VALUE
 
-// The system's device control block, passed from call to call and never looked into here.
-// 28 bytes is its size on Windows, in both bitnesses.
+// The system's device control block, field by field (Windows: DCB).
 struct DeviceControlBlock {
-  alignas(4) std::array<std::byte, 28> bytes{};
+  enum class LineControl : std::uint8_t { Disable, Enable, Handshake, Toggle };
+
+  std::uint32_t baudRate = 0;
+  bool isBinary = false;
+  bool checksParity = false;
+  bool ctsFlow = false;  // output waits for CTS, DSR
+  bool dsrFlow = false;
+  LineControl dtr = LineControl::Disable;
+  bool dsrSensitive = false;     // bytes that come while DSR is low are dropped
+  bool continuesOnXoff = false;  // input goes on after XOFF was sent
+  bool xonXoffOutput = false;
+  bool xonXoffInput = false;
+  bool replacesErrors = false;  // by errorChar
+  bool stripsNulls = false;
+  LineControl rts = LineControl::Disable;
+  bool abortsOnError = false;  // until the error is cleared
+  std::uint16_t xonLimit = 0;
+  std::uint16_t xoffLimit = 0;
+  std::uint8_t byteSize = 0;
+  std::uint8_t parity = 0;
+  std::uint8_t stopBits = 0;
+  char xonChar = 0;
+  char xoffChar = 0;
+  char errorChar = 0;
+  char endChar = 0;
+  char eventChar = 0;
+
+  bool operator==(const DeviceControlBlock&) const = default;
 };
 
 struct SerialTimeouts {

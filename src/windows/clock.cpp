@@ -1,8 +1,29 @@
 #include "windows/clock.h"
 
-#include <windows.h>
-
 namespace corvid {
+namespace {
+
+// Known since Windows 10 1803; older systems refuse it, and the compiler's headers lack it.
+constexpr DWORD kHighResolution = 0x2;
+constexpr LONGLONG kOneMillisecond = 10'000;  // in units of 100 ns
+constexpr UINT kFinestTick = 1;               // milliseconds
+
+using PeriodCall = UINT(WINAPI*)(UINT milliseconds);
+
+// From the system's own folder only; the process and its search path are the host's.
+PeriodCall periodCall(const char* name) {
+  static HMODULE const library =
+      LoadLibraryExW(L"winmm.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  if (library == nullptr) return nullptr;
+  return reinterpret_cast<PeriodCall>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}
+
+bool callPeriod(const char* name) {
+  const PeriodCall call = periodCall(name);
+  return call != nullptr && call(kFinestTick) == 0;
+}
+
+}  // namespace
 
 float WindowsClock::secondsSinceMidnight() {
   SYSTEMTIME time;
@@ -26,8 +47,24 @@ Date WindowsClock::now() {
       .value_or(Date{});
 }
 
-void WindowsClock::rest() { Sleep(1); }
+bool WindowsSleepCalls::makeTimer() {
+  if (std::exchange(triedTimer_, true)) return static_cast<bool>(timer_);
+  timer_ = Owned<HandleTraits>(
+      CreateWaitableTimerExW(nullptr, nullptr, kHighResolution, SYNCHRONIZE | TIMER_MODIFY_STATE));
+  return static_cast<bool>(timer_);
+}
 
-void WindowsClock::restLonger() { Sleep(2); }
+bool WindowsSleepCalls::sleepByTimer() {
+  if (!makeTimer()) return false;
+  LARGE_INTEGER due;
+  due.QuadPart = -kOneMillisecond;  // from now on
+  // Some systems refuse a period with this kind of timer.
+  if (SetWaitableTimer(timer_.get(), &due, 0, nullptr, nullptr, FALSE) == FALSE) return false;
+  return WaitForSingleObject(timer_.get(), INFINITE) == WAIT_OBJECT_0;
+}
+
+bool WindowsSleepCalls::refineTicks() { return callPeriod("timeBeginPeriod"); }
+
+void WindowsSleepCalls::restoreTicks() { callPeriod("timeEndPeriod"); }
 
 }  // namespace corvid

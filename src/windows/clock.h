@@ -1,7 +1,11 @@
-// The system's local time.
+// The system's local time and its ways to sleep.
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/sleep_calls.h"
+#include "windows/owned_handle.h"
+
+#include <windows.h>
 
 namespace corvid {
 
@@ -10,8 +14,26 @@ class WindowsClock : public Clock {
   float secondsSinceMidnight() override;
   double monotonicSeconds() override;
   Date now() override;
-  void rest() override;
-  void restLonger() override;
+};
+
+// Loads what it needs of the multimedia library when ticks are first to be refined.
+class WindowsSleepCalls : public SleepCalls {
+ public:
+  void sleep(int milliseconds) override { Sleep(static_cast<DWORD>(milliseconds)); }
+  bool sleepByTimer() override;
+  bool refineTicks() override;
+  void restoreTicks() override;
+
+ private:
+  bool makeTimer();
+
+  struct HandleTraits {
+    using Type = HANDLE;
+    static constexpr Type none() { return nullptr; }
+    static void release(Type handle) { CloseHandle(handle); }
+  };
+  Owned<HandleTraits> timer_;
+  bool triedTimer_ = false;
 };
 
 }  // namespace corvid

@@ -21,11 +21,20 @@ struct ItemListTraits {
 
 std::wstring WindowsFolders::SHgetFolder(int csidl) {
   Owned<ItemListTraits> list;
-  std::array<char, MAX_PATH> path{};
+  std::array<wchar_t, MAX_PATH> path{};
   if (FAILED(SHGetSpecialFolderLocation(nullptr, csidl, list.put()))) return {};
-  if (SHGetPathFromIDListA(list.get(), path.data()) == FALSE) return {};
-  path.back() = '\0';
-  return codePage_.decode(path.data());
+  if (SHGetPathFromIDListW(list.get(), path.data()) == FALSE) return {};
+  path.back() = L'\0';
+  return path.data();
+}
+
+std::wstring WindowsFolders::current() {
+  std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
+  // Another thread may change the folder between the two calls.
+  const DWORD length = GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data());
+  if (length == 0 || length >= path.size()) return L".";
+  path.resize(length);
+  return path;
 }
 
 }  // namespace corvid

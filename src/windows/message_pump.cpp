@@ -10,17 +10,18 @@ constexpr int kMostMessages = 1000;
 
 }  // namespace
 
-void WindowsMessagePump::yield() {
+bool WindowsMessagePump::yield() {
   MSG message;
   for (int i = 0; i < kMostMessages; ++i) {
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return;
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return false;
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
-      return;
+      return true;
     }
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
+  return false;
 }
 
 }  // namespace corvid

@@ -7,7 +7,7 @@ namespace corvid {
 
 class WindowsMessagePump : public MessagePump {
  public:
-  void yield() override;
+  bool yield() override;
 };
 
 }  // namespace corvid

@@ -1,11 +1,11 @@
-// Ownership of what the system hands out: one type, told apart by how it is given back.
+// RAII wrapper for what the system hands out, parameterised by traits.
 #pragma once
 
 #include <utility>
 
 namespace corvid {
 
-// Traits give Type, a constexpr none(), and release(Type).
+// Traits give Type, none(), and release(Type).
 template <class Traits>
 class Owned {
  public:

@@ -28,9 +28,9 @@ class FormView : public ReportView {
 
 }  // namespace
 
-std::shared_ptr<ReportView> WindowsReportViews::create() {
+std::shared_ptr<ReportView> WindowsReportViews::create(const Settings& settings) {
   return std::make_shared<FormView>(
-      QuickViewForm::create(settings_, std::make_shared<NoHost>(), openPrinter_));
+      QuickViewForm::create(settings, std::make_shared<NoHost>(), openPrinter_));
 }
 
 }  // namespace corvid

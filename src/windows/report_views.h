@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/report_view.h"
-#include "platform/settings.h"
 #include "windows/printer_device.h"
 
 #include <memory>
@@ -14,14 +13,12 @@ namespace corvid {
 // 400; where the process has no interactive desktop showing returns at once.
 class WindowsReportViews : public ReportViews {
  public:
-  explicit WindowsReportViews(const Settings& settings,
-                              PrinterOpener openPrinter = openDefaultPrinter)
-      : settings_(settings), openPrinter_(std::move(openPrinter)) {}
+  explicit WindowsReportViews(PrinterOpener openPrinter = openDefaultPrinter)
+      : openPrinter_(std::move(openPrinter)) {}
 
-  [[nodiscard]] std::shared_ptr<ReportView> create() override;
+  [[nodiscard]] std::shared_ptr<ReportView> create(const Settings& settings) override;
 
  private:
-  Settings settings_;
   PrinterOpener openPrinter_;
 };
 

@@ -1,23 +1,71 @@
 #include "windows/serial_calls.h"
 
-#include <cstring>
+#include "windows/system_message.h"
 
 namespace corvid {
 namespace {
-
-static_assert(sizeof(DCB) == sizeof(DeviceControlBlock::bytes));
 
 HANDLE toHandle(SerialHandle handle) {
   return reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): the seam's type
 }
 
-DCB* blockOf(DeviceControlBlock& block) { return reinterpret_cast<DCB*>(block.bytes.data()); }
+using LineControl = DeviceControlBlock::LineControl;
 
-// Device names and line settings are plain ASCII.
-std::string narrow(const std::wstring& text) {
-  std::string bytes;
-  for (const wchar_t character : text) bytes += static_cast<char>(character);
-  return bytes;
+DCB toSystem(const DeviceControlBlock& block) {
+  DCB dcb{};
+  dcb.DCBlength = sizeof dcb;
+  dcb.BaudRate = block.baudRate;
+  dcb.fBinary = static_cast<DWORD>(block.isBinary) & 1U;
+  dcb.fParity = static_cast<DWORD>(block.checksParity) & 1U;
+  dcb.fOutxCtsFlow = static_cast<DWORD>(block.ctsFlow) & 1U;
+  dcb.fOutxDsrFlow = static_cast<DWORD>(block.dsrFlow) & 1U;
+  dcb.fDtrControl = static_cast<DWORD>(block.dtr) & 3U;
+  dcb.fDsrSensitivity = static_cast<DWORD>(block.dsrSensitive) & 1U;
+  dcb.fTXContinueOnXoff = static_cast<DWORD>(block.continuesOnXoff) & 1U;
+  dcb.fOutX = static_cast<DWORD>(block.xonXoffOutput) & 1U;
+  dcb.fInX = static_cast<DWORD>(block.xonXoffInput) & 1U;
+  dcb.fErrorChar = static_cast<DWORD>(block.replacesErrors) & 1U;
+  dcb.fNull = static_cast<DWORD>(block.stripsNulls) & 1U;
+  dcb.fRtsControl = static_cast<DWORD>(block.rts) & 3U;
+  dcb.fAbortOnError = static_cast<DWORD>(block.abortsOnError) & 1U;
+  dcb.XonLim = block.xonLimit;
+  dcb.XoffLim = block.xoffLimit;
+  dcb.ByteSize = block.byteSize;
+  dcb.Parity = block.parity;
+  dcb.StopBits = block.stopBits;
+  dcb.XonChar = block.xonChar;
+  dcb.XoffChar = block.xoffChar;
+  dcb.ErrorChar = block.errorChar;
+  dcb.EofChar = block.endChar;
+  dcb.EvtChar = block.eventChar;
+  return dcb;
+}
+
+DeviceControlBlock fromSystem(const DCB& dcb) {
+  return {.baudRate = dcb.BaudRate,
+          .isBinary = dcb.fBinary != 0,
+          .checksParity = dcb.fParity != 0,
+          .ctsFlow = dcb.fOutxCtsFlow != 0,
+          .dsrFlow = dcb.fOutxDsrFlow != 0,
+          .dtr = static_cast<LineControl>(dcb.fDtrControl),
+          .dsrSensitive = dcb.fDsrSensitivity != 0,
+          .continuesOnXoff = dcb.fTXContinueOnXoff != 0,
+          .xonXoffOutput = dcb.fOutX != 0,
+          .xonXoffInput = dcb.fInX != 0,
+          .replacesErrors = dcb.fErrorChar != 0,
+          .stripsNulls = dcb.fNull != 0,
+          .rts = static_cast<LineControl>(dcb.fRtsControl),
+          .abortsOnError = dcb.fAbortOnError != 0,
+          .xonLimit = dcb.XonLim,
+          .xoffLimit = dcb.XoffLim,
+          .byteSize = dcb.ByteSize,
+          .parity = dcb.Parity,
+          .stopBits = dcb.StopBits,
+          .xonChar = dcb.XonChar,
+          .xoffChar = dcb.XoffChar,
+          .errorChar = dcb.ErrorChar,
+          .endChar = dcb.EofChar,
+          .eventChar = dcb.EvtChar};
 }
 
 }  // namespace
@@ -28,8 +76,8 @@ bool WindowsSerialCalls::keepError(BOOL succeeded) {
 }
 
 SerialHandle WindowsSerialCalls::createFile(const std::wstring& name) {
-  auto* handle = CreateFileA(narrow(name).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  auto* handle = CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
   keepError(handle != INVALID_HANDLE_VALUE ? TRUE : FALSE);
   return reinterpret_cast<SerialHandle>(handle);
 }
@@ -55,17 +103,23 @@ bool WindowsSerialCalls::setCommTimeouts(SerialHandle handle, const SerialTimeou
 }
 
 bool WindowsSerialCalls::getCommState(SerialHandle handle, DeviceControlBlock& block) {
-  blockOf(block)->DCBlength = sizeof(DCB);
-  return keepError(GetCommState(toHandle(handle), blockOf(block)));
+  DCB dcb{};
+  dcb.DCBlength = sizeof dcb;
+  const bool succeeded = keepError(GetCommState(toHandle(handle), &dcb));
+  if (succeeded) block = fromSystem(dcb);
+  return succeeded;
 }
 
 bool WindowsSerialCalls::buildCommDcb(const std::wstring& settings, DeviceControlBlock& block) {
-  return keepError(BuildCommDCBA(narrow(settings).c_str(), blockOf(block)));
+  DCB dcb = toSystem(block);
+  const bool succeeded = keepError(BuildCommDCBW(settings.c_str(), &dcb));
+  if (succeeded) block = fromSystem(dcb);
+  return succeeded;
 }
 
 bool WindowsSerialCalls::setCommState(SerialHandle handle, const DeviceControlBlock& block) {
-  DeviceControlBlock copy = block;
-  return keepError(SetCommState(toHandle(handle), blockOf(copy)));
+  DCB dcb = toSystem(block);
+  return keepError(SetCommState(toHandle(handle), &dcb));
 }
 
 bool WindowsSerialCalls::clearCommError(SerialHandle handle, SerialQueue& queue) {
@@ -118,14 +172,7 @@ bool WindowsSerialCalls::escapeCommFunction(SerialHandle handle, std::uint32_t f
 std::uint32_t WindowsSerialCalls::lastError() { return lastError_; }
 
 std::wstring WindowsSerialCalls::errorMessage(std::uint32_t number) {
-  wchar_t buffer[512];
-  const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                                      nullptr, number, 0, buffer, 512, nullptr);
-  std::wstring text(buffer, length);
-  while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L' ')) {
-    text.pop_back();
-  }
-  return text;
+  return systemMessage(number);
 }
 
 }  // namespace corvid

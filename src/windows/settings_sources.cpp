@@ -38,11 +38,10 @@ std::optional<std::wstring> readText(HKEY key, const std::wstring& name) {
 
 std::wstring WindowsInitializationFile::read(const std::wstring& file, const std::wstring& section,
                                              const std::wstring& key) {
-  std::array<char, kBufferSize> buffer;
-  const DWORD length =
-      GetPrivateProfileStringA(codePage_.encode(section).c_str(), codePage_.encode(key).c_str(), "",
-                               buffer.data(), kBufferSize, codePage_.encode(file).c_str());
-  return codePage_.decode({buffer.data(), length});
+  std::array<wchar_t, kBufferSize> buffer;
+  const DWORD length = GetPrivateProfileStringW(section.c_str(), key.c_str(), L"", buffer.data(),
+                                                kBufferSize, file.c_str());
+  return {buffer.data(), length};
 }
 
 std::optional<std::wstring> WindowsUserSettings::read(const std::wstring& application,

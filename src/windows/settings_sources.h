@@ -1,19 +1,14 @@
 // The initialisation file and the per-user store of Windows.
 #pragma once
 
-#include "basic/code_page.h"
 #include "platform/settings.h"
 
 namespace corvid {
 
 class WindowsInitializationFile : public InitializationFile {
  public:
-  explicit WindowsInitializationFile(const CodePage& codePage) : codePage_(codePage) {}
   std::wstring read(const std::wstring& file, const std::wstring& section,
                     const std::wstring& key) override;
-
- private:
-  const CodePage& codePage_;
 };
 
 // HKEY_CURRENT_USER\Software\VB and VBA Program Settings\<application>\<section>. Only texts

@@ -22,6 +22,9 @@ using Sent = std::vector<std::string>;  // commands without their frame
   return blockOf("21600\n20800\n23100\n" + std::string(60, '0'));
 }
 
+[[nodiscard]] inline Decimal number(double value) { return Decimal::fromDouble(value); }
+[[nodiscard]] inline Currency money(double value) { return Currency::fromDouble(value); }
+
 class DocumentBench {
  public:
   using Entries = std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>;

@@ -1,23 +1,35 @@
-// A clock that the test moves by hand.
+// A clock that the test moves, by hand or by what the library sleeps.
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/sleep_calls.h"
 
 #include <cmath>
 
 namespace corvid {
 
-class FakeClock : public Clock {
+class FakeClock : public Clock, public SleepCalls {
  public:
   float secondsSinceMidnight() override { return static_cast<float>(seconds_); }
   double monotonicSeconds() override { return total_; }
   Date now() override { return now_; }
-  // Each rest passes a little time, so that a wait with nothing to read comes to its end.
-  void rest() override { advance(restSeconds); }
-  void restLonger() override {
-    ++longRests;
-    advance(restSeconds);
+
+  // A sleep ends with the first tick behind its time.
+  void sleep(int milliseconds) override {
+    ++sleeps;
+    const double end = total_ + milliseconds / 1000.0;
+    const double tick = isRefined_ ? 0.001 : tickSeconds;
+    advance(tick > 0 ? std::ceil(end / tick - 1e-9) * tick - total_ : end - total_);
   }
+  bool sleepByTimer() override {
+    if (!hasTimer) return false;
+    ++timerSleeps;
+    advance(0.001);
+    return true;
+  }
+  bool refineTicks() override { return isRefined_ = canRefineTicks; }
+  void restoreTicks() override { isRefined_ = false; }
+  [[nodiscard]] bool isRefined() const { return isRefined_; }
 
   void setSeconds(double seconds) { seconds_ = seconds; }
   void setNow(Date now) { now_ = now; }
@@ -28,10 +40,14 @@ class FakeClock : public Clock {
   // Seconds that have passed since the clock was made, midnights included.
   [[nodiscard]] double total() const { return total_; }
 
-  double restSeconds = 0.05;
-  int longRests = 0;
+  double tickSeconds = 0;  // 0: a sleep lasts what it should
+  bool hasTimer = false;
+  bool canRefineTicks = false;
+  int sleeps = 0;
+  int timerSleeps = 0;
 
  private:
+  bool isRefined_ = false;
   double seconds_ = 36000;
   double total_ = 0;
   Date now_{46095.4376736111};  // 2026-03-14 10:30:15

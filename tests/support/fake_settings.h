@@ -13,9 +13,13 @@ namespace corvid {
 
 class FakeSettings : public InitializationFile {
  public:
-  // An entry of the library's own initialisation file.
+  // An entry of the library's own initialisation file, in the folder that is current at first.
   void set(const std::wstring& section, const std::wstring& key, const std::wstring& value) {
-    file_[name({L".\\ORV.ini", section, key})] = value;
+    setIn(L"C:\\host", section, key, value);
+  }
+  void setIn(const std::wstring& folder, const std::wstring& section, const std::wstring& key,
+             const std::wstring& value) {
+    file_[name({folder + L"\\ORV.ini", section, key})] = value;
   }
   void setInStore(const std::wstring& section, const std::wstring& key, const std::wstring& value) {
     store_[name({L"ORV", section, key})] = value;

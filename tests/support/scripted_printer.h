@@ -11,13 +11,15 @@
 
 namespace corvid {
 
-using Answer = std::vector<std::string>;  // chunks, each one read's worth; none is silence
+using Answer = std::vector<std::string>;  // chunks; none is silence
 
 inline constexpr char kEtb = '\x17';
 
-// A reply as one chunk, with a check byte that nobody checks; more blocks follow behind kEtb.
+// A reply as one chunk; more blocks follow behind kEtb.
 [[nodiscard]] inline Answer blockOf(const std::string& text, char end = '\x03') {
-  return {"\x02" + text + end + "?"};
+  char check = end;
+  for (const char byte : text) check = static_cast<char>(check ^ byte);
+  return {"\x02" + text + end + check};
 }
 
 // Keeps what it is sent, and answers each request with the next answer of its kind. Where none is

@@ -1,6 +1,8 @@
 #include "support/serial_double.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 namespace corvid {
 namespace {
@@ -10,23 +12,52 @@ constexpr std::uint32_t kAccessDenied = 5;
 
 }  // namespace
 
-void SerialDouble::deliver(std::string chunk, double delaySeconds) {
-  const auto line = open_.find(current_);
-  if (line == open_.end()) return;  // nobody hears it
-  line->second.incoming.push_back({std::move(chunk), clock_.total() + delaySeconds});
+void SerialDouble::deliver(std::string_view bytes, double delaySeconds) {
+  const auto open = open_.find(current_);
+  if (open == open_.end()) return;  // nobody hears it
+  Line& line = open->second;
+  line.free = std::max(line.free, clock_.total() + delaySeconds);
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (driver.arrival != DriverModel::Arrival::Whole) line.free += kByteSeconds;
+    line.incoming.push_back({bytes[i], arrival(line.free, i, bytes.size())});
+  }
 }
 
-void SerialDouble::failNth(const std::string& call, int nth, std::uint32_t error) {
-  faults_.push_back({call, nth, false, error});
+double SerialDouble::arrival(double passed, std::size_t index, std::size_t count) const {
+  const auto next = [&](double period) {
+    return std::ceil((passed - driver.phase) / period) * period + driver.phase;
+  };
+  switch (driver.arrival) {
+    case DriverModel::Arrival::UsbFrames:
+      return next(0.001);
+    case DriverModel::Arrival::Lumps:
+      return next(0.016);
+    case DriverModel::Arrival::Fifo: {
+      constexpr std::size_t kDepth = 8;
+      const std::size_t last = std::min((index / kDepth + 1) * kDepth, count) - 1;
+      const bool isFull = (last + 1) % kDepth == 0;
+      return passed + static_cast<double>(last - index + (isFull ? 0 : 4)) * kByteSeconds;
+    }
+    default:
+      return passed;
+  }
 }
 
-void SerialDouble::failFrom(const std::string& call, int nth, std::uint32_t error) {
-  faults_.push_back({call, nth, true, error});
+void SerialDouble::silence() {
+  for (auto& [handle, line] : open_) {
+    std::erase_if(line.incoming, [&](const Arriving& one) { return one.due > clock_.total(); });
+  }
 }
 
 void SerialDouble::shortenWrite(int nth, std::uint32_t by) {
   shortWriteCountdown_ = nth;
   shortBy_ = by;
+}
+
+std::size_t SerialDouble::unread() const {
+  std::size_t count = 0;
+  for (const auto& [handle, line] : open_) count += line.incoming.size();
+  return count;
 }
 
 std::size_t SerialDouble::count(const std::string& call) const {
@@ -53,15 +84,9 @@ void SerialDouble::clearLog() {
 
 bool SerialDouble::use(const std::string& call) {
   calls_.push_back(call);
-  bool succeeds = true;
-  for (Fault& fault : faults_) {
-    if (fault.call != call) continue;
-    --fault.countdown;
-    if (fault.countdown > 0 || (fault.countdown < 0 && !fault.lasts)) continue;
-    lastError_ = fault.error;
-    succeeds = false;
-  }
-  return succeeds;
+  const std::optional<std::uint32_t> error = faults_.use(call);
+  if (error) lastError_ = *error;
+  return !error;
 }
 
 bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
@@ -71,15 +96,12 @@ bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
   return false;
 }
 
-// The bytes that one read finds.
+// Times are sums of fractions: what is due to the microsecond is due.
 std::size_t SerialDouble::countDue(const Line& line) const {
-  std::size_t count = 0;
-  for (const Chunk& chunk : line.incoming) {
-    if (!isDue(chunk)) break;
-    count += chunk.bytes.size();
-    if (!chunksRunTogether) break;
-  }
-  return count;
+  const double now = clock_.total() + 1e-6;
+  const auto end =
+      std::ranges::find_if(line.incoming, [&](const Arriving& one) { return one.due > now; });
+  return static_cast<std::size_t>(end - line.incoming.begin());
 }
 
 SerialHandle SerialDouble::createFile(const std::wstring& name) {
@@ -124,10 +146,12 @@ bool SerialDouble::getCommState(SerialHandle handle, DeviceControlBlock& block) 
   return useOpen("getCommState", handle);
 }
 
-// What the text says goes into the block's first byte; the others are the device's own.
+// Of the text only the speed; the frame is the usual one.
 bool SerialDouble::buildCommDcb(const std::wstring& settings, DeviceControlBlock& block) {
-  lineSettings_ = settings;
-  block.bytes.front() = static_cast<std::byte>(settings.size());
+  const std::size_t digits = settings.find_first_of(L"0123456789");
+  block.baudRate = static_cast<std::uint32_t>(std::stoul(settings.substr(digits)));
+  block.byteSize = 8;
+  block.parity = 2;
   return use("buildCommDcb");
 }
 
@@ -144,26 +168,15 @@ bool SerialDouble::clearCommError(SerialHandle handle, SerialQueue& queue) {
   return true;
 }
 
-std::uint32_t SerialDouble::takeDue(Line& line, char* buffer, std::uint32_t size) {
-  std::uint32_t left = std::min(size, static_cast<std::uint32_t>(countDue(line)));
-  std::uint32_t count = 0;
-  while (left > 0) {
-    std::string& bytes = line.incoming.front().bytes;
-    const auto taken = static_cast<std::uint32_t>(bytes.copy(buffer + count, left));
-    bytes.erase(0, taken);
-    if (bytes.empty()) line.incoming.pop_front();
-    count += taken;
-    left -= taken;
-  }
-  return count;
-}
-
 std::uint32_t SerialDouble::take(SerialHandle handle, char* buffer, std::uint32_t size) {
   Line& line = open_.at(handle);
-  std::uint32_t count = takeDue(line, buffer, size);
-  if (readsWaitOutTheirTimeout && count < size) {
+  if (driver.reads == DriverModel::Reads::WaitOut && countDue(line) < size) {
     clock_.advance(timeouts_.readTotalConstant / 1000.0);
-    if (chunksRunTogether) count += takeDue(line, buffer + count, size - count);
+  }
+  const auto count = std::min(size, static_cast<std::uint32_t>(countDue(line)));
+  for (std::uint32_t i = 0; i < count; ++i) {
+    buffer[i] = line.incoming.front().byte;
+    line.incoming.pop_front();
   }
   return count;
 }

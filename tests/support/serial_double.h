@@ -1,9 +1,11 @@
-// Serial lines in memory: what is written reaches a peer, what the peer queues is read.
+// Serial lines in memory: what is written reaches a peer, what the peer sends is read.
 #pragma once
 
+#include "support/call_faults.h"
 #include "support/fake_clock.h"
 #include "transport/serial_calls.h"
 
+#include <cstdint>
 #include <deque>
 #include <initializer_list>
 #include <map>
@@ -22,29 +24,51 @@ class LinePeer {
   virtual void received(std::string_view bytes, SerialDouble& line) = 0;
 };
 
+// How a driver hands on what the line gives.
+struct DriverModel {
+  enum class Reads {
+    AtOnce,   // a read gives what is there (Microsoft's driver)
+    WaitOut,  // one that asks for more waits out its time-out for the rest (Wine, com0com)
+  };
+  enum class Arrival {
+    Whole,      // as delivered, at once
+    Bytes,      // byte by byte at 9600 baud, as are the others
+    Fifo,       // by eight, or when the line rests for four bytes' time
+    UsbFrames,  // each millisecond
+    Lumps,      // each 16 ms, a usual latency of USB adapters
+  };
+  Reads reads = Reads::AtOnce;
+  Arrival arrival = Arrival::Whole;
+  double phase = 0;  // seconds by which frames and lumps are late
+};
+
+inline constexpr double kByteSeconds = 11.0 / 9600;  // start, eight data bits, parity, stop
+
 // Fulfils the serial calls over lines in memory, one per device name; all share one peer. Keeps
-// every call, and fails those that a test asks to fail. A closed or invalid handle fails with 6, a
-// device that is open already with 5.
+// every call. A closed or invalid handle fails with 6, a device that is open already with 5.
 class SerialDouble : public SerialCalls {
  public:
-  explicit SerialDouble(FakeClock& clock) : clock_(clock) {}
+  SerialDouble(FakeClock& clock, CallFaults& faults) : clock_(clock), faults_(faults) {}
+
+  DriverModel driver;
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  // Queues one chunk on the line written last (opened last, where none was); each chunk is one
-  // read's worth. It arrives that many seconds from now.
-  void deliver(std::string chunk, double delaySeconds = 0);
+  // Sends bytes on the line written last (opened last, where none was), that many seconds from now
+  // and behind what is on its way.
+  void deliver(std::string_view bytes, double delaySeconds = 0);
+  // Takes back what has not arrived.
+  void silence();
 
-  // The nth use of a call from now on fails with that system error; failFrom: all from it on. A
-  // read or write that fails with 997 goes on all the same: getOverlappedResult gives its count.
-  void failNth(const std::string& call, int nth, std::uint32_t error);
-  void failFrom(const std::string& call, int nth, std::uint32_t error);
-  void repair() { faults_.clear(); }
+  // A read or write that fails with 997 goes on all the same: getOverlappedResult gives its count.
+  void failNth(const std::string& call, int nth, std::uint32_t error) {
+    faults_.failNth(call, nth, error);
+  }
+  void failFrom(const std::string& call, int nth, std::uint32_t error) {
+    faults_.failFrom(call, nth, error);
+  }
+  void repair() { faults_.repair(); }
   // The nth write from now on takes that many bytes less than it was given.
   void shortenWrite(int nth, std::uint32_t by);
-  // A read that asks for more than is waiting takes the whole read time-out of a real port.
-  bool readsWaitOutTheirTimeout = false;
-  // As on a real line: a read takes all that has arrived, and what arrives while it waits.
-  bool chunksRunTogether = false;
 
   [[nodiscard]] const std::vector<std::string>& calls() const { return calls_; }
   [[nodiscard]] std::size_t count(const std::string& call) const;
@@ -54,8 +78,10 @@ class SerialDouble : public SerialCalls {
   // Every write, whole.
   [[nodiscard]] const std::vector<std::string>& written() const { return written_; }
   [[nodiscard]] const std::vector<std::wstring>& opened() const { return opened_; }
+  [[nodiscard]] std::size_t openHandles() const { return open_.size(); }
+  // Bytes that arrived, or are on their way, and nobody has read.
+  [[nodiscard]] std::size_t unread() const;
   [[nodiscard]] const SerialTimeouts& timeouts() const { return timeouts_; }
-  [[nodiscard]] const std::wstring& lineSettings() const { return lineSettings_; }
   void clearLog();
 
   SerialHandle createFile(const std::wstring& name) override;
@@ -81,19 +107,14 @@ class SerialDouble : public SerialCalls {
   DeviceControlBlock deviceState;  // getCommState gives it, setCommState changes it
 
  private:
-  struct Chunk {
-    std::string bytes;
+  struct Arriving {
+    char byte;
     double due;
   };
   struct Line {
     std::wstring device;
-    std::deque<Chunk> incoming;
-  };
-  struct Fault {
-    std::string call;
-    int countdown;  // uses left before it strikes
-    bool lasts;
-    std::uint32_t error;
+    std::deque<Arriving> incoming;
+    double free = 0;  // when the last byte on its way has passed
   };
   struct Use {
     std::string call;
@@ -103,25 +124,23 @@ class SerialDouble : public SerialCalls {
   bool use(const std::string& call);
   bool useOpen(const std::string& call, SerialHandle handle);
   void note(const std::string& call, std::initializer_list<std::uint32_t> numbers);
+  [[nodiscard]] double arrival(double passed, std::size_t index, std::size_t count) const;
   [[nodiscard]] bool isPending() const { return lastError_ == kErrorIoPending; }
-  [[nodiscard]] bool isDue(const Chunk& chunk) const { return chunk.due <= clock_.total(); }
   [[nodiscard]] std::size_t countDue(const Line& line) const;
-  std::uint32_t takeDue(Line& line, char* buffer, std::uint32_t size);
   std::uint32_t take(SerialHandle handle, char* buffer, std::uint32_t size);
   std::uint32_t send(SerialHandle handle, std::string_view bytes);
 
   FakeClock& clock_;
+  CallFaults& faults_;
   LinePeer* peer_ = nullptr;
-  std::vector<Fault> faults_;
   std::map<SerialHandle, Line> open_;
   SerialHandle nextHandle_ = 100;
-  SerialHandle current_ = kInvalidSerialHandle;  // where the next chunk is queued
+  SerialHandle current_ = kInvalidSerialHandle;  // where the next bytes are sent
   std::uint32_t overlappedCount_ = 0;            // what the last transfer moved
   std::uint32_t lastError_ = 0;
   int shortWriteCountdown_ = 0;
   std::uint32_t shortBy_ = 0;
   SerialTimeouts timeouts_;
-  std::wstring lineSettings_;
   std::vector<std::string> calls_;
   std::vector<Use> numbers_;
   std::vector<std::string> written_;

@@ -49,9 +49,9 @@ class SessionBench {
 
   // Runs an action once, at the nth yield from now on.
   void atYield(int nth, std::function<void()> action) {
-    const int target = world_.host.count + nth;
-    world_.host.whenYielded = [this, target, action = std::move(action)] {
-      if (world_.host.count != target) return;
+    const int target = world_.pump.count + nth;
+    world_.pump.whenYielded = [this, target, action = std::move(action)] {
+      if (world_.pump.count != target) return;
       action();
     };
   }

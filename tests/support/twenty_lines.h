@@ -17,7 +17,7 @@ inline constexpr const wchar_t* kBuyerName = L"Maria Perez";
 inline constexpr const wchar_t* kBuyerTaxId = L"V-12345678-9";
 inline constexpr const wchar_t* kBuyerAddress =
     L"Avenida Bolivar, edificio Los Proceres, piso 3, Caracas";  // two lines of the document
-inline constexpr int kPaymentMeans = 1;
+inline constexpr int kPaymentMethod = 1;
 inline constexpr double kPayment = 1000;
 
 inline constexpr std::array<SaleLine, 20> kTwentyLines = {{

@@ -9,6 +9,7 @@
 #include "support/error_of.h"
 #include "support/fake_clock.h"
 #include "support/fake_settings.h"
+#include "support/memory_files.h"
 #include "support/serial_double.h"
 
 #include <functional>
@@ -33,14 +34,23 @@ class RecordingDialog : public MessageDialog {
   std::vector<ShownMessage> shown;
 };
 
-class CountingYield : public MessagePump {
+// The host's message loop: what a test does there, and how long it takes.
+class FakePump : public MessagePump {
  public:
-  void yield() override {
+  explicit FakePump(FakeClock& clock) : clock_(clock) {}
+  bool yield() override {
     ++count;
+    clock_.advance(seconds);
     if (whenYielded) whenYielded();
+    return isQuitting;
   }
   int count = 0;
+  double seconds = 0;
+  bool isQuitting = false;
   std::function<void()> whenYielded;  // the host's own doings
+
+ private:
+  FakeClock& clock_;
 };
 
 class FakeFolders : public Folders {
@@ -48,7 +58,9 @@ class FakeFolders : public Folders {
   std::wstring SHgetFolder(int csidl) override {
     return csidl == kDocumentsFolder ? documents : L"";
   }
-  std::wstring documents;
+  std::wstring current() override { return currentFolder; }
+  std::wstring documents = L"C:\\documents";
+  std::wstring currentFolder = L"C:\\host";
 };
 
 class RecordingView : public ReportView {
@@ -63,7 +75,7 @@ class RecordingView : public ReportView {
 
 class RecordingViews : public ReportViews {
  public:
-  std::shared_ptr<ReportView> create() override {
+  std::shared_ptr<ReportView> create(const Settings&) override {
     created.push_back(std::make_shared<RecordingView>());
     return created.back();
   }
@@ -81,17 +93,20 @@ class FixedLocale : public LocaleSource {
 // One of each seam, and the surroundings made of them.
 struct World {
   FakeClock clock;
+  CallFaults faults;
   FakeSettings settings;
   FakeSettings::Store store{settings};
-  SerialDouble serial{clock};
-  CountingYield host;
+  SerialDouble serial{clock, faults};
+  FakePump pump{clock};
   RecordingDialog dialog;
   FakeFolders folders;
+  MemoryFiles files{faults};
   RecordingViews views;
   FixedLocale locale;
 
   [[nodiscard]] Environment environment() {
-    return {settings, store, serial, host, dialog, folders, views, clock, windows1252(), locale};
+    return {settings, store, serial, pump,  dialog,        folders,
+            files,    views, clock,  clock, windows1252(), locale};
   }
 };
 

@@ -32,8 +32,8 @@ TEST(CurrencyConversion, OverflowsOneUnitBeyondEitherEnd) {
   const Decimal least = Currency::fromUnits(kLeast).toDecimal();
   EXPECT_EQ(Currency::fromDecimal(most).units(), kMost);
   EXPECT_EQ(Currency::fromDecimal(least).units(), kLeast);
-  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(most.plus(unit)); }), 6);
-  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(least.minus(unit)); }), 6);
+  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(most + unit); }), 6);
+  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(least - unit); }), 6);
   EXPECT_EQ(errorOf([] { return Currency::fromDouble(1e300); }), 6);
 }
 

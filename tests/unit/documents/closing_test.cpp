@@ -10,9 +10,6 @@
 namespace corvid {
 namespace {
 
-Currency money(double value) { return Currency::fromDouble(value); }
-Decimal number(double value) { return Decimal::fromDouble(value); }
-
 struct Case {
   std::function<int(PrinterSession& session)> method;
   std::string command;

@@ -36,8 +36,8 @@ void expectSeries(const std::vector<SeriesCase>& cases, DocumentBench::Entries e
 
 using S = PrinterSession;
 
-Method withReferences(const Customer& customer, const AffectedInvoice& affected) {
-  return [=](S& session) { return PasarDatosCliente(session, customer, affected); };
+Method withReferences(const Customer& customer, const OriginalInvoice& original) {
+  return [=](S& session) { return PasarDatosCliente(session, customer, original); };
 }
 Method opening(const Customer& customer) {
   return [=](S& session) { return IniciarFactura(session, customer); };
@@ -50,7 +50,7 @@ Method otherCreditNote(const Customer& customer, const std::wstring& number) {
 }
 
 TEST(CustomerData, InvoiceLinesAreNumberedThroughout) {
-  const AffectedInvoice all = {L"0000012345678", L"Z6B1234567890", DateOrBlank(kMarch14)};
+  const OriginalInvoice all = {L"0000012345678", L"Z6B1234567890", DateOrBlank(kMarch14)};
   expectSeries(
       {
           {withReferences(kAna, {}),
@@ -158,7 +158,7 @@ void expectFailure(const FailureCase& item, const ShownMessage& expected) {
 constexpr const wchar_t* kWords = L"pfError de comunicacion";
 
 TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
-  const AffectedInvoice all = {L"9", L"Z", DateOrBlank(kMarch14)};
+  const OriginalInvoice all = {L"9", L"Z", DateOrBlank(kMarch14)};
   const Method full = withReferences(kAna, all);
   const Method open = opening(kAna);
   const FailureCase cases[] = {

@@ -1,6 +1,5 @@
-#include "documents/item_lines.h"
-
 #include "support/document_bench.h"
+#include "support/item_line.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +17,7 @@ struct RatedBench : DocumentBench {
 };
 
 ItemLine line(const std::wstring& description, double price, double quantity, double rate) {
-  return {description, Currency::fromDouble(price), quantity, rate};
+  return {description, price, quantity, rate};
 }
 
 TEST(ClassicItem, CommandIsRatePriceQuantityDescription) {

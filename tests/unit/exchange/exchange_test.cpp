@@ -7,9 +7,11 @@
 namespace corvid {
 namespace {
 
+constexpr const char* kNak = "\x15";
+
 TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
   OpenBench bench;
-  bench.session().exchange().GetStatus();
+  bench.exchange().GetStatus();
   const Outcome& outcome = bench.outcome();
   EXPECT_EQ(outcome.STS1, 0x60);
   EXPECT_EQ(outcome.STS2, 0x40);
@@ -17,19 +19,26 @@ TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
   EXPECT_EQ(outcome.resultFlag, ETX);
   EXPECT_EQ(outcome.DescripcionError, L"Ok");
   EXPECT_EQ(outcome.result, L"");
-}
-
-TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
-  OpenBench bench({{L"TimeOut", L"1"}});
-  bench.world().clock.setSeconds(0);  // where single precision is finest
-  bench.world().clock.restSeconds = 0.01;
   bench.printer().answersToStatus = {Answer{}};
-  bench.session().exchange().GetStatus();
-  EXPECT_EQ(bench.outcome().pfError, pfCommError);
-  EXPECT_NEAR(bench.world().clock.longRests, 75, 2) << "behind the first quarter of a second";
+  bench.exchange().GetStatus();
+  EXPECT_EQ(outcome.pfError, pfCommError);
+  EXPECT_EQ(outcome.STS1 + outcome.STS2, 0) << "no status, no bytes";
 }
 
-TEST(Exchange, CollectsAReplyHoweverTheLineDeliversIt) {
+// In a wait for the status everything but a block of two bytes is passed over.
+TEST(Exchange, OnlyABlockOfTwoBytesIsAStatus) {
+  const char* const kPassedOver[] = {"", "~~", "A\nB\3x", "\2A\3B", "\2ABC\3x", "~\2", "\3"};
+  for (const char* before : kPassedOver) {
+    OpenBench bench;
+    bench.printer().answersToStatus = {{before, "\x02\x61\x42\x03\x20"}};
+    EXPECT_EQ(bench.session().Execute(L"w"), 0) << before;
+    EXPECT_EQ(bench.outcome().STS1, 0x61) << before;
+    EXPECT_EQ(bench.outcome().STS2, 0x42) << before;
+    EXPECT_EQ(bench.printer().statusRequests, 1U) << before;
+  }
+}
+
+TEST(Exchange, CollectsAReply) {
   const struct {
     Answer reply;
     std::wstring result;
@@ -39,22 +48,21 @@ TEST(Exchange, CollectsAReplyHoweverTheLineDeliversIt) {
     const char* reason;
   } kCases[] = {
       {{"\2A\nB\3\n"}, L"\2A\nB\3", ETX, pfOk, 0, "the check byte is dropped"},
-      {{"\2", "A", "\n", "B", "\3"}, L"\2A\nB\3", ETX, pfOk, 0, "byte by byte"},
-      {{"\5\2A\3"}, L"\2A\3", ETX, pfOk, 1, "ENQ in front is not kept"},
-      {{"\5", "\2A\3"}, L"\2A\3", ETX, pfOk, 1, "ENQ in a chunk of its own"},
+      {{"\5\2A\3B"}, L"\2A\3", ETX, pfOk, 1, "ENQ in front is not kept"},
       {{"\5\6"}, L"", ACK, pfOk, 1, "what follows a dropped ENQ is looked at again"},
-      {{"\2A\4"}, L"\2A\4", ETX, pfOk, 0, "EOT ends like ETX"},
+      {{"\2A\4"}, L"\2A\4", ETX, pfOk, 0, "EOT ends like ETX; no check byte"},
       {{"\2A\x17V"}, L"\2A\x17", ETB, pfOk, 0, "more blocks follow"},
-      {{"\2\x14\x17\3"}, L"\2\x14\x17", ETB, pfOk, 0, "a check byte equal to ETX is no end"},
-      {{"\2A\3\x17"}, L"\2A\3", ETX, pfOk, 0, "a check byte equal to ETB neither"},
-      {{"\6noise"}, L"", ACK, pfOk, 0, "the first byte decides"},
-      {{"~\2A\3"}, L"~\2A\3", ETX, pfOk, 0, "noise in front is kept"},
+      {{"\6noise"}, L"", ACK, pfOk, 0, "what follows an answer is dropped"},
+      {{"~\6"}, L"", ACK, pfOk, 0, "an answer behind noise"},
+      {{"~\2A\3B"}, L"~\2A\3", ETX, pfOk, 0, "noise in front of a block is kept"},
       {{"\2half"}, L"\2half", ETX, pfCommError, 0, "half a block ends by time-out"},
+      {{"\2half\x15"}, L"", NAK, pfOk, 0, "an answer with quiet behind it"},
+      {{"\2A\nB\3\n\2C\3@"}, L"\2A\nB\3", ETX, pfOk, 0, "two answers in one burst"},
   };
   for (const auto& item : kCases) {
     OpenBench bench;
     bench.printer().answersToAck.push_back(item.reply);
-    bench.session().exchange().SendAck();
+    bench.exchange().SendAck();
     EXPECT_EQ(bench.outcome().result, item.result) << item.reason;
     EXPECT_EQ(bench.outcome().resultFlag, item.flag) << item.reason;
     EXPECT_EQ(bench.outcome().pfError, item.error) << item.reason;
@@ -62,53 +70,119 @@ TEST(Exchange, CollectsAReplyHoweverTheLineDeliversIt) {
   }
 }
 
+struct Course {
+  std::deque<Answer> toStatus;
+  std::deque<Answer> toBlock;
+  std::int32_t result;
+  std::int32_t flag;
+  std::size_t blocks;
+  std::size_t statusRequests;
+  std::wstring description;
+  const char* reason;
+};
+
+void check(OpenBench& bench, const Course& course) {
+  bench.printer().answersToStatus = course.toStatus;
+  bench.printer().answersToBlock = course.toBlock;
+  EXPECT_EQ(bench.session().Execute(L"w"), course.result) << course.reason;
+  EXPECT_EQ(bench.printer().blocks, std::vector<std::string>(course.blocks, "\x02w\x03t"));
+  EXPECT_EQ(bench.printer().statusRequests, course.statusRequests) << course.reason;
+  EXPECT_EQ(bench.outcome().resultFlag, course.flag) << course.reason;
+  EXPECT_EQ(bench.outcome().DescripcionError, course.description) << course.reason;
+}
+
 TEST(Exchange, CommandIsTriedSevenTimesAndSilenceCostsAStatusRequest) {
   using Answers = std::deque<Answer>;
-  const Answer refusal = {"\x15"};
-  const struct {
-    Answers toStatus;
-    Answers toBlock;
-    std::int32_t result;
-    std::int32_t flag;
-    std::size_t blocks;
-    std::size_t statusRequests;
-    std::wstring description;
-    const char* reason;
-  } kCases[] = {
+  const Course kCourses[] = {
       {{}, {}, pfOk, ACK, 1, 1, L"Ok", "accepted"},
-      {{}, Answers(9, refusal), pfOk, NAK, 7, 1, L"Ok", "refused: the status' own outcome"},
-      {{}, {refusal, {}, {"\x06"}}, pfOk, ACK, 3, 2, L"Ok", "silence behind a refusal"},
+      {{}, Answers(9, {kNak}), pfOk, NAK, 7, 1, L"Ok", "refused: the status' own outcome"},
+      {{}, {{kNak}, {}, {"\x06"}}, pfOk, ACK, 3, 2, L"Ok", "silence behind a refusal"},
       {{}, Answers(7), pfCommError, ETX, 7, 7, L"pfError de comunicacion", "never answered"},
       {Answers(20), {}, pfOk, ACK, 1, 21, L"Ok", "a silent status costs no attempt"},
+      {{{kNak}, {"\x06"}}, {}, pfOk, ACK, 1, 3, L"Ok", "an answer is no status"},
   };
-  for (const auto& item : kCases) {
+  for (const Course& course : kCourses) {
     OpenBench bench;
-    bench.printer().answersToStatus = item.toStatus;
-    bench.printer().answersToBlock = item.toBlock;
-    EXPECT_EQ(bench.session().Execute(L"w"), item.result) << item.reason;
-    EXPECT_EQ(bench.printer().blocks, std::vector<std::string>(item.blocks, "\x02w\x03t"));
-    EXPECT_EQ(bench.printer().statusRequests, item.statusRequests) << item.reason;
-    EXPECT_EQ(bench.outcome().resultFlag, item.flag) << item.reason;
-    EXPECT_EQ(bench.outcome().DescripcionError, item.description) << item.reason;
+    check(bench, course);
   }
 }
 
-TEST(Exchange, WaitAcrossMidnightGoesOnUntilTheReplyCompletes) {
-  OpenBench bench;
-  bench.world().clock.setSeconds(86399.0F);
-  bench.printer().delaySeconds = 120;  // far beyond the ten seconds of the time-out
-  bench.session().exchange().GetStatus();
-  EXPECT_EQ(bench.outcome().pfError, pfOk);
-  EXPECT_EQ(bench.outcome().STS1, 0x60);
+TEST(Exchange, SettingsTellRefusalsAndEndTheAsking) {
+  using Answers = std::deque<Answer>;
+  const Course refused = {{}, Answers(9, {kNak}),     pfPrinterError, NAK, 7,
+                          1,  L"Se recibi\u00F3 NAK", "refused"};
+  OpenBench refusing({{L"RechazoEsError", L"True"}});
+  check(refusing, refused);
+  OpenBench limited({{L"LimiteEspera", L"25"}});
+  const double start = limited.world().clock.total();
+  check(limited, {Answers(99), {}, pfCommError, ETX, 0, 3, L"pfError de comunicacion", "silent"});
+  EXPECT_NEAR(limited.world().clock.total() - start, 25, 0.1);
+  OpenBench unanswered({{L"LimiteEspera", L"2,5"}});
+  check(unanswered, {{}, Answers(9), pfCommError, ETX, 1, 1, L"pfError de comunicacion", "block"});
 }
 
-TEST(Exchange, WaitEndsAfterTheConfiguredSeconds) {
-  OpenBench bench({{L"TimeOut", L"3"}});
-  bench.world().clock.setSeconds(100.0F);
-  bench.printer().answersToStatus = {{}};
-  bench.session().exchange().GetStatus();
-  EXPECT_EQ(bench.outcome().pfError, pfCommError);
-  EXPECT_NEAR(bench.world().clock.secondsSinceMidnight(), 103.0F, 0.1F);
+// By default the check byte of a reply is traced; by the setting a block without it is none.
+TEST(Exchange, CheckBytesOfRepliesCountBySetting) {
+  const Answer kStatus = {"\x02\x60\x40\x03\x23"};
+  const Answer kGood = blockOf("A\nB");
+  const struct {
+    Answer status;
+    Answer block;
+    std::size_t statusRequests;  // with the setting
+    std::size_t blocks;
+    const char* reason;
+  } kCases[] = {
+      {kStatus, kGood, 1, 1, "both right"},
+      {{"\x02\x60\x40\x03?"}, kGood, 2, 1, "a wrong status is asked for again"},
+      {{"\x02\x60\x40\x03"}, kGood, 2, 1, "one without its check byte too"},
+      {kStatus, {"\2A\nB\3?"}, 2, 2, "a wrong reply as well"},
+  };
+  for (const auto& item : kCases) {
+    for (const bool verifies : {false, true}) {
+      OpenBench bench({{L"VerificarRespuesta", verifies ? L"True" : L"False"}});
+      bench.printer().answersToStatus = {item.status};
+      bench.printer().answersToBlock = {item.block, kGood};
+      EXPECT_EQ(bench.session().Execute(L"S1"), 0) << item.reason;
+      EXPECT_EQ(bench.outcome().result, L"\2A\nB\3") << item.reason;
+      EXPECT_EQ(bench.printer().blocks.size(), verifies ? item.blocks : 1) << item.reason;
+      EXPECT_EQ(bench.printer().statusRequests, verifies ? item.statusRequests : 1) << item.reason;
+    }
+  }
+  OpenBench rows({{L"VerificarRespuesta", L"True"}});
+  rows.printer().answersToBlock = {blockOf("A", kEtb)};
+  rows.printer().answersToAck = {{"\2B\3?"}};
+  EXPECT_EQ(rows.exchange().GetMultipleResponses(L"U3A"), (std::vector<Lines>{{L"A"}}));
+  EXPECT_EQ(rows.outcome().pfError, pfCommError);
+}
+
+TEST(Exchange, WaitEndsAfterItsSecondsUnlessItSpansMidnight) {
+  const struct {
+    std::wstring timeOut;
+    double seconds;
+  } kCases[] = {{L"3", 3}, {L"1", 1}, {L"0", 1}, {L"-5", 1}};
+  for (const auto& item : kCases) {
+    OpenBench bench({{L"TimeOut", item.timeOut}});
+    bench.world().clock.setSeconds(100);
+    const double start = bench.world().clock.total();
+    bench.printer().answersToStatus = {Answer{}};
+    bench.exchange().GetStatus();
+    EXPECT_EQ(bench.outcome().pfError, pfCommError);
+    EXPECT_NEAR(bench.world().clock.total() - start, item.seconds, 0.01);
+  }
+  OpenBench late;
+  late.world().clock.setSeconds(86399);
+  late.printer().delaySeconds = 120;  // far beyond the ten seconds of the time-out
+  late.exchange().GetStatus();
+  EXPECT_EQ(late.outcome().STS1, 0x60);
+}
+
+TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.printer().answersToStatus = {Answer{}};
+  bench.world().clock.setSeconds(0);  // where single precision is finest
+  const int before = bench.world().pump.count;
+  bench.exchange().GetStatus();
+  EXPECT_NEAR(bench.world().pump.count - before, 250 + 375, 5) << "looks of 1 ms, then of 2";
 }
 
 TEST(Exchange, UncheckedModeWritesTheBlockAndReadsNothing) {
@@ -117,69 +191,84 @@ TEST(Exchange, UncheckedModeWritesTheBlockAndReadsNothing) {
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks, (std::vector<std::string>{"\x02w\x03t"}));
   EXPECT_EQ(bench.printer().statusRequests, 0U);
-  EXPECT_EQ(bench.world().serial.count("clearCommError"), 0U);
+  EXPECT_EQ(bench.world().serial.count("readFile"), 0U);
   EXPECT_EQ(bench.outcome().DescripcionError, L"NO_STATUS_CHECK");
   EXPECT_EQ(bench.outcome().resultFlag, ACK);
 }
 
 TEST(Exchange, ClosedSessionWritesNothing) {
   SessionBench bench;
+  bench.outcome().STS1 = 99;
   EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
   EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
-  bench.session().exchange().ExecuteNoCheck(L"w");
-  bench.session().exchange().GetStatus();
+  EXPECT_EQ(bench.outcome().STS1, 99) << "no status was asked for";
+  bench.outcome() = {};
+  bench.exchange().ExecuteNoCheck(L"w");
   EXPECT_EQ(bench.outcome().pfError, pfCommError);
+  bench.outcome() = {};
+  bench.exchange().GetStatus();
   EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
-  EXPECT_EQ(errorOf([&] { bench.session().exchange().SendDirect(L"w"); }), 9);
-  EXPECT_EQ(errorOf([&] { bench.session().exchange().SendAck(); }), 9);
-  EXPECT_EQ(errorOf([&] { bench.session().exchange().NextStatusBlock(); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.exchange().SendDirect(L"w"); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.exchange().SendAck(); }), 9);
+  EXPECT_EQ(errorOf([&] { bench.exchange().NextStatusBlock(); }), 9);
   EXPECT_TRUE(bench.world().serial.written().empty());
 }
 
-TEST(Exchange, PortThatVanishesEndsTheCommandAndOpensAgain) {
-  const struct {
-    const char* call;
-    int nth;
-    const char* reason;
-  } kCases[] = {
-      {"writeFile", 1, "before the status request"},
-      {"clearCommError", 1, "in the wait for the status"},
-      {"readFile", 1, "while the status is read"},
-      {"writeFile", 2, "between status and command"},
-      {"clearCommError", 2, "in the wait for the answer"},
-      {"readFile", 2, "while the answer is read"},
+// A late answer is taken off the line; a status that may still be under way is waited for, or two
+// would be, and the second one would pass for a command's answer.
+TEST(Exchange, LateAnswersAreNotTheNextOnes) {
+  OpenBench bench;
+  bench.world().serial.deliver(kNak);
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+
+  bench.forget();
+  bench.printer().answersToStatus = {Answer{}, Answer{"\x02\x60\x40\x03\x23"}};
+  bench.world().pump.whenYielded = [&, sent = false]() mutable {
+    if (sent || bench.printer().statusRequests == 0) return;
+    sent = true;
+    // The first request's answer begins at the end of its wait, and ends behind it.
+    bench.world().serial.deliver("\x02\x61", 9.98);
+    bench.world().serial.deliver("\x42\x03\x20", 10.03);
   };
-  for (const auto& item : kCases) {
-    OpenBench bench({{L"TimeOut", L"1"}});
-    bench.world().serial.failFrom(item.call, item.nth, 2);
-    // Reads that fail cannot tell a vanished port from a silent printer; the next write does.
-    bench.atYield(60, [&] { bench.world().serial.failFrom("writeFile", 1, 2); });
-    EXPECT_EQ(bench.session().Execute(L"w"), pfCommError) << item.reason;
-    bench.world().serial.repair();
-    bench.session().Cerrar();
-    bench.session().Abrir(7);
-    EXPECT_EQ(bench.session().Execute(L"e"), 0) << item.reason;
+  EXPECT_EQ(bench.session().Execute(L"e"), 0);
+  EXPECT_EQ(bench.outcome().STS1, 0x60);
+  EXPECT_EQ(bench.printer().statusRequests, 2U);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+}
+
+// Lost, garbled or late: without an ACK within the time-out a command is sent again.
+TEST(Exchange, CommandWhoseAcknowledgementIsLateIsSentTwice) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.printer().answersToBlock = {Answer{}};
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 2U);
+}
+
+TEST(Exchange, DeviceThatIsGoneEndsTheCommandAtOnceAndOpensAgain) {
+  for (const char* call : {"clearCommError", "writeFile"}) {
+    for (int nth = 1; nth <= 2; ++nth) {
+      OpenBench bench;
+      bench.world().serial.failFrom(call, nth, 22);
+      bench.world().serial.failFrom("closeHandle", 1, 22);
+      const double start = bench.world().clock.total();
+      EXPECT_EQ(bench.session().Execute(L"w"), pfCommError) << call;
+      EXPECT_EQ(bench.outcome().DescripcionError, L"pfError de comunicacion") << call;
+      const bool waitsForTheBlock = nth == 2 && call == std::string("writeFile");
+      EXPECT_LT(bench.world().clock.total() - start, waitsForTheBlock ? 11 : 0.2) << call << nth;
+      bench.session().Cerrar();
+      bench.world().serial.repair();
+      bench.session().Abrir(8);
+      EXPECT_EQ(bench.session().Execute(L"e"), 0) << call;
+    }
   }
 }
 
-TEST(Exchange, HostThatClosesTheSessionInAWaitEndsIt) {
+TEST(Exchange, ErrorThatPassesIsWaitedOut) {
   OpenBench bench;
-  bench.printer().answersToStatus.assign(1000, {});
-  bench.atYield(10, [&] { bench.session().Cerrar(); });
-  EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
-  EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
-  EXPECT_TRUE(bench.printer().blocks.empty());
-  EXPECT_TRUE(bench.world().dialog.shown.empty());
-}
-
-TEST(Exchange, CommandIsNotSentToAPortReopenedMeanwhile) {
-  OpenBench bench;
-  bench.atYield(1, [&] {
-    bench.session().Cerrar();
-    bench.session().Abrir(8);
-  });
-  EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
-  EXPECT_TRUE(bench.printer().blocks.empty());
+  for (const int nth : {2, 3, 5, 6}) bench.world().serial.failNth("clearCommError", nth, 22);
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
 }
 
 TEST(Exchange, ShortWriteIsTraced) {
@@ -193,7 +282,7 @@ TEST(Exchange, TraceTellsEveryStepOfACommand) {
   OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
   bench.world().clock.setSeconds(36000.5F);
   bench.clearTrace();
-  bench.printer().answersToBlock = {{"\x15"}, {"\x06"}};
+  bench.printer().answersToBlock = {{"\x15"}, {"\5~", "\6!"}};
   bench.session().Execute(L"80 a");
   EXPECT_EQ(bench.trace(), (Lines{
                                L"Execute: -> 80[032]a",
@@ -209,21 +298,35 @@ TEST(Exchange, TraceTellsEveryStepOfACommand) {
                                L" <- NAK",
                                L"SEND -> [STX]80[032]a[ETX]J",
                                L"WaitForReply t = 36000.5; timeout = 10",
-                               L"<-[ACK]",
+                               L"<-[ENQ]~[ACK]!",
+                               L" <- ENQ",
+                               L" -> ACK",
+                               L"WaitForReply (ready = False): <-",
                                L" <- ACK",
+                               L"Discarded: <-!",
                            }));
 }
 
-TEST(Exchange, TraceTellsATimeOut) {
+TEST(Exchange, TraceTellsATimeOutAndDamage) {
   OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}, {L"TimeOut", L"1"}});
   bench.clearTrace();
-  bench.printer().answersToAck = {{"\x05", "x"}};
-  bench.session().exchange().SendAck();
+  bench.printer().answersToAck = {{"x"}};
+  bench.exchange().SendAck();
   Lines lines = bench.trace();
   lines.erase(lines.begin(), lines.begin() + 2);  // the request
-  EXPECT_EQ(lines, (Lines{L"<-[ENQ]", L" <- ENQ", L" -> ACK", L"WaitForReply (ready = False): <-",
-                          L"<-x", L"WaitForReply (ready = False): <-x", L"TIMEOUT!",
+  EXPECT_EQ(lines, (Lines{L"<-x", L"WaitForReply (ready = False): <-x", L"TIMEOUT!",
                           L"ResponseComplete: x", L"WaitForReply Failed... COMM ERROR?"}));
+  bench.clearTrace();
+  bench.printer().answersToAck = {{"\2A\3?"}};
+  bench.exchange().SendAck();
+  EXPECT_THAT(bench.trace(), testing::Contains(L"Wrong check byte"));
+}
+
+TEST(Exchange, MessagesGoToTheTraceBySetting) {
+  OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}, {L"SinMensajes", L"True"}});
+  bench.exchange().dialog().show(L"words", L"title", MessageIcon::Critical);
+  EXPECT_EQ(bench.trace().back(), L"Message: title: words");
+  EXPECT_TRUE(bench.world().dialog.shown.empty());
 }
 
 }  // namespace

@@ -17,6 +17,7 @@ TEST(Retrieval, FieldsAreWhatStandsBetweenStxAndTheEnd) {
       {{"\2A\nB\3\n"}, {L"A", L"B"}, "two fields"},
       {{"\2A\n\n\3\n"}, {L"A", L"", L""}, "empty fields stay"},
       {{"~~\2A\3"}, {L"A"}, "noise in front is cut"},
+      {{"~~\6"}, {}, "acknowledged behind noise: no remains of it"},
       {{"A\nB\3"}, {L"A", L"B"}, "no STX at all"},
       {{"\2\3\3"}, {}, "an empty block has no field"},
       {{"\6"}, {}, "a merely acknowledged query"},
@@ -25,41 +26,40 @@ TEST(Retrieval, FieldsAreWhatStandsBetweenStxAndTheEnd) {
   for (const auto& item : kCases) {
     OpenBench bench;
     bench.printer().answersToBlock = {item.reply};
-    EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), item.fields) << item.reason;
+    EXPECT_EQ(bench.exchange().GetResponse(L"S1"), item.fields) << item.reason;
   }
 }
 
 TEST(Retrieval, FailedExchangeIsOneField) {
   SessionBench bench({{L"TimeOut", L"1"}});
-  EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), kFailed) << "closed";
+  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "closed";
   bench.open();
   bench.printer().answersToStatus = {{}};
-  EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), kFailed) << "no status";
+  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "no status";
   EXPECT_TRUE(bench.printer().blocks.empty());
   bench.printer().answersToBlock.assign(7, {});
-  EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), kFailed) << "no answer";
+  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "no answer";
 }
 
 TEST(Retrieval, UncheckedModeAsksNothing) {
   OpenBench bench({{L"SkipChecks", L"True"}});
-  EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), (Lines{L"VOID"}));
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponses(L"U3A"),
-            (std::vector<Lines>{{L"VOID"}}));
+  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), (Lines{L"VOID"}));
+  EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A"), (std::vector<Lines>{{L"VOID"}}));
   EXPECT_TRUE(bench.world().serial.written().empty());
 }
 
 TEST(Retrieval, TextBeginsWithTheSeparator) {
   OpenBench bench;
   bench.printer().answers["S1"] = blockOf("A\nB");
-  EXPECT_EQ(bench.session().exchange().GetResponseString(L"S1", L"|"), L"|A|B");
-  EXPECT_EQ(bench.session().exchange().GetResponseString(L"S1", L""), L"\nA\nB");
+  EXPECT_EQ(bench.exchange().GetResponseString(L"S1", L"|"), L"|A|B");
+  EXPECT_EQ(bench.exchange().GetResponseString(L"S1", L""), L"\nA\nB");
 }
 
 TEST(Retrieval, EachFurtherBlockIsAcknowledgedOnce) {
   OpenBench bench;
   bench.printer().answersToBlock = {{"\2A\nB\x17\x17"}};
   bench.printer().answersToAck = {{"~\2C\x17\3"}, {"\2D\nE\3"}};
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponses(L"U3A"),
+  EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A"),
             (std::vector<Lines>{{L"A", L"B"}, {L"C"}, {L"D", L"E"}}));
   EXPECT_EQ(bench.printer().acks, 2U);
 }
@@ -69,8 +69,7 @@ TEST(Retrieval, BlockThatDoesNotArriveEndsTheRows) {
     OpenBench bench({{L"TimeOut", L"1"}});
     bench.printer().answersToBlock = {blockOf("A", kEtb)};
     bench.printer().answersToAck = {broken, blockOf("late")};
-    EXPECT_EQ(bench.session().exchange().GetMultipleResponses(L"U3A"),
-              (std::vector<Lines>{{L"A"}}));
+    EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A"), (std::vector<Lines>{{L"A"}}));
     EXPECT_EQ(bench.printer().acks, 1U);
   }
 }
@@ -78,26 +77,26 @@ TEST(Retrieval, BlockThatDoesNotArriveEndsTheRows) {
 TEST(Retrieval, EarlierBlockDoesNotStartALoop) {
   OpenBench bench({{L"TimeOut", L"1"}});
   bench.printer().answersToBlock = {blockOf("A", kEtb)};
-  static_cast<void>(bench.session().exchange().GetResponse(L"U3A"));
+  static_cast<void>(bench.exchange().GetResponse(L"U3A"));
   ASSERT_EQ(bench.outcome().resultFlag, ETB);
   bench.session().Cerrar();
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponses(L"U3A"), (std::vector<Lines>{kFailed}));
+  EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A"), (std::vector<Lines>{kFailed}));
 }
 
 TEST(Retrieval, PrinterThatNeverEndsIsLeft) {
   OpenBench bench;
   bench.printer().answersToBlock = {blockOf("A", kEtb)};
   bench.printer().answerToEveryAck = blockOf("A", kEtb);
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponses(L"U3A").size(), 65536U);
+  EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A").size(), 32768U);
 }
 
 TEST(Retrieval, RowsJoinWithSeparatorsBetweenNeighboursOnly) {
   OpenBench bench;
   bench.printer().answers["U3A"] = blockOf("A\nB", kEtb);
   bench.printer().answerToEveryAck = blockOf("C");
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponsesStr(L"U3A", std::nullopt, std::nullopt),
+  EXPECT_EQ(bench.exchange().GetMultipleResponsesStr(L"U3A", std::nullopt, std::nullopt),
             L"A\37B\36C");
-  EXPECT_EQ(bench.session().exchange().GetMultipleResponsesStr(L"U3A", L"", L"/"), L"AB/C")
+  EXPECT_EQ(bench.exchange().GetMultipleResponsesStr(L"U3A", L"", L"/"), L"AB/C")
       << "an empty separator that is given counts";
 }
 

@@ -1,6 +1,7 @@
 // Where a setting comes from, and what its text is worth.
 #include "platform/settings.h"
 
+#include "platform/file_names.h"
 #include "support/world.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@ namespace {
 
 struct SettingsBench {
   World world;
-  Settings settings{world.settings, world.store};
+  Settings settings{world.settings, world.store, L"C:\\host"};
 };
 
 TEST(SettingText, FileWinsOverTheStoreAndAnEmptyEntryIsNone) {
@@ -25,6 +26,45 @@ TEST(SettingText, FileWinsOverTheStoreAndAnEmptyEntryIsNone) {
   EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"store") << "nothing is cached";
   bench.world.settings.setInStore(L"S", L"k", L"");
   EXPECT_EQ(settings.text(L"ORV", L"S", L"k", L"default"), L"") << "an empty text is one there";
+}
+
+TEST(SettingText, ComesFromTheFolderOfItsReader) {
+  SettingsBench bench;
+  bench.world.settings.set(L"S", L"k", L"host's");
+  bench.world.settings.setIn(L"D:\\other", L"S", L"k", L"other's");
+  const Settings other(bench.world.settings, bench.world.store, L"D:\\other\\");
+  EXPECT_EQ(other.text(L"ORV", L"S", L"k", L""), L"other's");
+  EXPECT_EQ(bench.settings.find(L"ORV", L"S", L"k", L"").origin, SettingOrigin::File);
+  EXPECT_EQ(bench.settings.find(L"ORV", L"S", L"none", L"").origin, SettingOrigin::Default);
+}
+
+TEST(FileNames, AreResolvedAndTellNetworksAndDevices) {
+  const struct {
+    std::wstring name;
+    std::wstring resolved;  // in C:\host
+    bool isForeign;
+  } kCases[] = {
+      {L"a.log", L"C:\\host\\a.log", false},
+      {L"logs\\a.log", L"C:\\host\\logs\\a.log", false},
+      {L"D:\\a.log", L"D:\\a.log", false},
+      {L"\\a.log", L"C:\\a.log", false},
+      {L"/a.log", L"C:/a.log", false},
+      {L"\\\\server\\a.log", L"\\\\server\\a.log", true},
+      {L"//server/a.log", L"//server/a.log", true},
+      {L"\\/.\\pipe\\a", L"\\/.\\pipe\\a", true},
+      {L"\\??\\C:\\a", L"\\??\\C:\\a", true},
+      {L"nul", L"C:\\host\\nul", true},
+      {L"D:con", L"D:con", true},
+      {L"logs\\Com7.log", L"C:\\host\\logs\\Com7.log", true},
+      {L"logs/lpt\u00B2 .x", L"C:\\host\\logs/lpt\u00B2 .x", true},
+      {L"CONOUT$", L"C:\\host\\CONOUT$", true},
+      {L"COM77.log", L"C:\\host\\COM77.log", false},
+      {L"console.log", L"C:\\host\\console.log", false},
+  };
+  for (const auto& item : kCases) {
+    EXPECT_EQ(namesNetworkOrDevice(item.name), item.isForeign) << testing::PrintToString(item.name);
+    EXPECT_EQ(resolvedIn(L"C:\\host", item.name), item.resolved);
+  }
 }
 
 TEST(SettingText, ApplicationNamesTheFileAndThePlaceInTheStore) {

@@ -48,7 +48,7 @@ class Preview : public testing::Test {
     world.box.setText(text);
   }
 
-  ReportSurroundings world;
+  ReportEnvironment world;
   WindowDouble window;
   Listener listener;
   QuickView view{world.settings, {window, world.box, world.printer, world.dialogs, listener}};

@@ -8,10 +8,10 @@
 
 namespace corvid {
 
-struct ReportSurroundings {
+struct ReportEnvironment {
   FakeSettings file;
   FakeSettings::Store store{file};
-  Settings settings{file, store};
+  Settings settings{file, store, L"C:\\host"};
   PaperPrinter printer;
   TextBoxDouble box;
   DialogsDouble dialogs;

@@ -53,7 +53,7 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
       {40, {{L"FontFactor", L"1E39"}}, 14, 51, "no single keeps the default"},
   };
   for (const auto& c : kCases) {
-    ReportSurroundings world;
+    ReportEnvironment world;
     for (const auto& [key, value] : c.settings) world.set(key, value);
     Report report = world.report();
     world.dialogs.shown.clear();  // the initial width may have been too much
@@ -67,7 +67,7 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
 }
 
 TEST(ReportFitting, SmallFontWarnsAndOnlyNoGoesOn) {
-  ReportSurroundings world;
+  ReportEnvironment world;
   Report report = world.report();
   report.SetLinesPerPage(77);
   EXPECT_FALSE(report.SetReportWidth(300));
@@ -83,7 +83,7 @@ TEST(ReportFitting, SmallFontWarnsAndOnlyNoGoesOn) {
 }
 
 TEST(ReportFitting, EndsWhereTheDeviceOffersNoSmallerFont) {
-  ReportSurroundings world;
+  ReportEnvironment world;
   world.printer.smallestSize = 12;
   Report report = world.report();
   EXPECT_TRUE(report.SetReportWidth(120));
@@ -92,7 +92,7 @@ TEST(ReportFitting, EndsWhereTheDeviceOffersNoSmallerFont) {
 }
 
 TEST(ReportFitting, PixelsMeasureNothingAndAlwaysAsk) {
-  ReportSurroundings world;
+  ReportEnvironment world;
   world.printer.mode = ScaleMode::Pixels;
   Report report = world.report();
   EXPECT_EQ(world.printer.size, 4);
@@ -101,7 +101,7 @@ TEST(ReportFitting, PixelsMeasureNothingAndAlwaysAsk) {
 }
 
 TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
-  ReportSurroundings world;
+  ReportEnvironment world;
   Report report = world.report();
   report.SetPrintFontSize(11);
   world.printer.calls = 0;
@@ -114,10 +114,10 @@ TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
 }
 
 TEST(ReportFitting, WhateverPrinterCallFailsTheMemberEndsQuietly) {
-  ReportSurroundings counting;
+  ReportEnvironment counting;
   Report whole = counting.report();
   for (int call = 1; call <= counting.printer.calls; ++call) {
-    ReportSurroundings world;
+    ReportEnvironment world;
     world.printer.failingCall = call;
     Report report = world.report();
     EXPECT_EQ(report.LineasPagina(), kNoPaging - 1) << "nothing is paged, call " << call;
@@ -140,7 +140,7 @@ TEST(ReportFitting, RunTimeErrorsReachTheHostButNotCreation) {
       {15120, 0, 120, 11, "a font without height"},
   };
   for (const auto& c : kCases) {
-    ReportSurroundings world;
+    ReportEnvironment world;
     world.printer.height = c.height;
     world.printer.lineHeight = c.lineHeight;
     Report report = world.report();

@@ -23,7 +23,7 @@ class ReportText : public testing::Test {
     return errorOf([&] { return report.Add(text, alignment), 0; });
   }
 
-  ReportSurroundings world;
+  ReportEnvironment world;
   Report report = world.report();
 };
 
@@ -51,7 +51,7 @@ TEST_F(ReportText, LinesAreAlignedInTheWidth) {
       {8, L"abc", -1, 0, L" ", "unknown alignment below 0"},
   };
   for (const auto& c : kCases) {
-    ReportSurroundings here;
+    ReportEnvironment here;
     Report fresh = here.report();
     fresh.SetReportWidth(c.width);
     fresh.SetLinesPerPage(kNoPaging);

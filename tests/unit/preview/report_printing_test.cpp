@@ -22,7 +22,7 @@ class ReportPrinting : public testing::Test {
     return world.printer.pages;
   }
 
-  ReportSurroundings world;
+  ReportEnvironment world;
   Report report = world.report();
 };
 

@@ -75,7 +75,29 @@ TEST(ThirdRecord, SubstituteClearsRatesAndKeepsFlags) {
   target.record.loadFromResponse(reply(L"11600|20800|13100|20300|0102"));
   target.record.loadFake();
   EXPECT_EQ(image(target.record), L"False 0 False 0 False 0 True 0 1 1 2");
-  EXPECT_TRUE(target.record.isSubstitute());
+  EXPECT_TRUE(target.record.countsAsNone());
+}
+
+TEST(ThirdRecord, ReplyThatIsNotReadWholeCountsAsNone) {
+  const struct {
+    std::wstring reply;
+    bool countsAsNone;
+    const char* reason;
+  } kCases[] = {
+      {L"11600|20800|13100|20300|0102", false, "whole"},
+      {L"11600|20800|13100|", false, "a row without flags"},
+      {L"11600|20800|13100|20300|01x2", true, "a flag that is no number"},
+      {L"1x|20800|13100|20300|0102", true, "a rate that is none"},
+      {L"11600|20800", true, "fields missing"},
+  };
+  for (const auto& item : kCases) {
+    Record target;
+    target.record.loadFromResponse(reply(item.reply));
+    EXPECT_EQ(target.record.countsAsNone(), item.countsAsNone) << item.reason;
+    EXPECT_FALSE(target.record.values.isFake) << item.reason;
+  }
+  Record host;
+  EXPECT_FALSE(host.record.countsAsNone()) << "the host's own, never loaded";
 }
 
 TEST(ThirdRecord, TextFormShowsKindsRatesAndEveryFlag) {
@@ -91,8 +113,9 @@ TEST(ThirdRecord, TextFormShowsKindsRatesAndEveryFlag) {
 
 TEST(ThirdRecord, LoadingIsTraced) {
   Record target;
-  target.process.trace().isDebug = true;
-  target.process.trace().debugInmediato = true;
+  target.world.settings.set(kSessionSection, L"IsDebug", L"True");
+  target.world.settings.set(kSessionSection, L"DebugInmediato", L"True");
+  target.process.trace().follow(target.process.currentSettings());
   target.record.loadFromResponse(reply(L"11600|20800|13100|20300|01x2"));
   ASSERT_FALSE(target.world.views.created.empty());
   EXPECT_THAT(target.world.views.created.front()->lines,

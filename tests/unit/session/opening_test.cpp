@@ -155,11 +155,11 @@ TEST(Opening, DrawerTellsTrueForTrouble) {
 
 TEST(Opening, NewestSessionSetsTheSharedFlags) {
   SessionBench bench({{L"IsDebug", L"True"}, {L"TestMode", L"True"}});
-  EXPECT_TRUE(bench.process().trace().isDebug);
+  EXPECT_TRUE(bench.process().trace().isOn());
   bench.world().settings.set(kSessionSection, L"IsDebug", L"False");
   bench.world().settings.set(kSessionSection, L"TestMode", L"no");
   const auto second = bench.another();
-  EXPECT_FALSE(bench.process().trace().isDebug);
+  EXPECT_FALSE(bench.process().trace().isOn());
   EXPECT_FALSE(bench.process().testMode);
   EXPECT_TRUE(bench.session().exchange().state().testMode) << "a session keeps what it read";
 }

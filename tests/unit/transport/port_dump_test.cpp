@@ -1,6 +1,5 @@
 // What the port dump writes, when it is on, and what a file that cannot be opened brings.
 #include "port_bench.h"
-#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +15,6 @@ TEST(HexDump, LinesHoldSixteenBytesInTwoColumns) {
       {"", "", "no byte, no line"},
       {std::string("\x02\x60\x40\x03\x23", 5),
        "02 60 40 03 23                                  .`@.#\r\n", "padded to 48 columns"},
-      {"0123456789ABCDEF", "30 31 32 33 34 35 36 37 38 39 41 42 43 44 45 46 0123456789ABCDEF\r\n",
-       "one full line"},
       {"0123456789ABCDEFG",
        "30 31 32 33 34 35 36 37 38 39 41 42 43 44 45 46 0123456789ABCDEF\r\n"
        "47                                              G\r\n",
@@ -29,98 +26,84 @@ TEST(HexDump, LinesHoldSixteenBytesInTwoColumns) {
   for (const auto& item : kCases) EXPECT_EQ(hexDump(item.bytes), item.lines) << item.reason;
 }
 
-struct DumpBench : PortBench {
-  TempFolder folder;
-  std::wstring file = folder.file(L"line.txt");
-  DumpBench() { dumpTo(file); }
+struct DumpBench : OpenPort {
+  DumpBench() { dumpTo(L"line.txt"); }
+  void dumpTo(const std::wstring& file, const std::wstring& debug = L"1") {
+    world.settings.set(kPortSection, L"DEBUG", debug);
+    world.settings.set(kPortSection, L"DumpFile", file);
+  }
+  void openDump() { dump.open(settings, world.dialog); }
+  [[nodiscard]] std::string file(const wchar_t* name = L"line.txt") {
+    return world.files.contents[std::wstring(L"C:\\host\\") + name];
+  }
 };
 
-TEST(PortDumpFile, TellsWhatWasSentAndRead) {
+TEST(PortDumpFile, TellsWhatWasSentAndReadInOneWriteEach) {
   DumpBench bench;
-  bench.openSeven();
+  bench.openDump();
   bench.world.clock.setNow(*parseDate(L"2026-03-04 05:06:07"));
-  bench.comm.CommWrite(7, L"\x05");
+  bench.comm.CommWrite(7, "\x05");
   bench.world.serial.deliver("\x02`@\x03#");
-  std::wstring data;
+  std::string data;
   bench.comm.CommRead(7, data, 4096);
   bench.comm.CommRead(7, data, 4096);
-  const std::string expected =
-      "Send 04-03-2026 05:06:07\r\n"
-      "05                                              .\r\n"
-      "Read 04-03-2026 05:06:07\r\n"
-      "02 60 40 03 23                                  .`@.#\r\n";
-  EXPECT_EQ(bytesOf(bench.file), expected) << "complete while the port is still open";
-
+  bench.world.serial.deliver("late");
+  static_cast<void>(bench.comm.CommDiscard(7));
+  bench.world.serial.failNth("writeFile", 1, 5);
+  bench.comm.CommWrite(7, "not sent");
+  const std::string expected = "Send 04-03-2026 05:06:07\r\n" + hexDump("\x05") +
+                               "Read 04-03-2026 05:06:07\r\n" + hexDump("\x02`@\x03#") +
+                               "Read 04-03-2026 05:06:07\r\n" + hexDump("late");
+  EXPECT_EQ(bench.file(), expected) << "complete while the port is still open";
+  EXPECT_EQ(bench.world.files.writes, 3);
   bench.comm.CommClose(7);
   EXPECT_FALSE(bench.dump.isOn());
-  bench.open(7);
-  bench.comm.CommWrite(7, L"\x06");
-  EXPECT_EQ(bytesOf(bench.file), expected + "Send 04-03-2026 05:06:07\r\n" + hexDump("\x06"));
-}
-
-TEST(PortDumpFile, OpensBehindAFailedOpeningToo) {
-  DumpBench bench;
-  bench.world.serial.failNth("createFile", 1, 2);
-  bench.open(7);
-  EXPECT_TRUE(bench.dump.isOn());
+  EXPECT_EQ(bench.world.files.openFiles, 0);
 }
 
 TEST(PortDumpFile, EveryOpeningReadsTheSettingsAnew) {
   DumpBench bench;
-  bench.open(7);
-  const std::wstring second = bench.folder.file(L"second.txt");
-  bench.dumpTo(second);
-  bench.open(8);
-  bench.comm.CommWrite(7, L"a");
-  EXPECT_EQ(bytesOf(bench.file), "");
-  EXPECT_NE(bytesOf(second), "");
-  bench.world.settings.set(kDumpSection, L"DEBUG", L"0");
-  bench.open(8);
-  EXPECT_FALSE(bench.dump.isOn());
-}
-
-TEST(PortDumpFile, FailedTransfersAreNotInIt) {
-  DumpBench bench;
-  bench.openSeven();
-  bench.world.serial.failNth("writeFile", 1, 5);
-  bench.comm.CommWrite(7, L"a");
-  EXPECT_EQ(bytesOf(bench.file), "");
+  bench.openDump();
+  bench.dumpTo(L"second.txt");
+  bench.openDump();
+  bench.comm.CommWrite(7, "a");
+  EXPECT_EQ(bench.file(), "");
+  EXPECT_NE(bench.file(L"second.txt"), "");
+  EXPECT_EQ(bench.world.files.openFiles, 1);
 }
 
 TEST(PortDumpFile, IsOnForAnythingButZeroWhenItHasAFile) {
   const struct {
     std::wstring debug;
-    bool hasFile;
+    std::wstring file;
     bool isOn;
   } kCases[] = {
-      {L"", true, false},     {L"0", true, false},  {L"1", true, true},
-      {L"False", true, true}, {L"1", false, false},
+      {L"", L"f", false},     {L"0", L"f", false}, {L"1", L"f", true},
+      {L"False", L"f", true}, {L"1", L"", false},  {L"1", L"\\\\server\\f", false},
   };
   for (const auto& item : kCases) {
     DumpBench bench;
-    if (!item.hasFile) bench.dumpTo(L"");
-    bench.world.settings.set(kDumpSection, L"DEBUG", item.debug);
-    bench.open(7);
+    bench.dumpTo(item.file, item.debug);
+    bench.openDump();
     EXPECT_EQ(bench.dump.isOn(), item.isOn) << testing::PrintToString(item.debug);
     EXPECT_TRUE(bench.world.dialog.shown.empty());
   }
 }
 
-TEST(PortDumpFile, ThatCannotBeOpenedIsToldAndTheDumpStaysOff) {
+TEST(PortDumpFile, ThatCannotBeOpenedIsToldAndOneThatFailsIsClosed) {
   DumpBench bench;
-  const std::wstring file = bench.folder.file(L"missing") + L"/line.txt";
-  bench.dumpTo(file);
-  EXPECT_EQ(bench.open(7), 0) << "the port itself works";
-  ASSERT_EQ(bench.world.dialog.shown.size(), 1U);
-  const ShownMessage& box = bench.world.dialog.shown.front();
-  const std::wstring head =
-      L"Imposible abrir el archivo " + file + L". Traza inhabilitada\r\nERR: ";
-  EXPECT_TRUE(box.text.starts_with(head)) << testing::PrintToString(box.text);
-  EXPECT_GT(box.text.size(), head.size()) << "the reason stands behind it";
-  EXPECT_EQ(box.title, L"modComm");
-  EXPECT_EQ(box.icon, MessageIcon::Critical);
+  bench.world.faults.failNth("openFile", 1, 5);
+  bench.openDump();
+  const ShownMessage expected = {
+      L"Imposible abrir el archivo C:\\host\\line.txt. Traza inhabilitada\r\n"
+      L"ERR: system message 5",
+      L"modComm", MessageIcon::Critical};
+  EXPECT_EQ(bench.world.dialog.shown, std::vector{expected});
   EXPECT_FALSE(bench.dump.isOn());
-  EXPECT_EQ(bench.comm.CommWrite(7, L"a"), 1);
+  bench.openDump();
+  bench.world.faults.failNth("appendFile", 1, 112);
+  EXPECT_EQ(bench.comm.CommWrite(7, "a"), 1) << "the port itself works";
+  EXPECT_FALSE(bench.dump.isOn());
 }
 
 }  // namespace

@@ -35,5 +35,19 @@ TEST(SystemClock, DateIsTheLocalOne) {
   EXPECT_EQ(parts.day, before.wDay);
 }
 
+// Where the system has no such timer, or no such library, false is an answer too; nothing may hang.
+TEST(SystemSleep, LastsAboutWhatItShould) {
+  WindowsClock clock;
+  WindowsSleepCalls calls;
+  const double start = clock.monotonicSeconds();
+  calls.sleep(1);
+  const bool hasTimer = calls.sleepByTimer() && calls.sleepByTimer();
+  const bool isFine = calls.refineTicks();
+  if (isFine) calls.restoreTicks();
+  const double seconds = clock.monotonicSeconds() - start;
+  EXPECT_GE(seconds, hasTimer ? 0.0025 : 0.0009);
+  EXPECT_LT(seconds, 1);
+}
+
 }  // namespace
 }  // namespace corvid

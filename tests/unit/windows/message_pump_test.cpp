@@ -52,10 +52,10 @@ TEST(HostMessages, PendingOnesAreRunOnce) {
   CountingWindow window;
   emptyTheQueue();
   for (int i = 0; i < 3; ++i) window.post();
-  WindowsMessagePump yield;
-  yield.yield();
+  WindowsMessagePump pump;
+  EXPECT_FALSE(pump.yield());
   EXPECT_EQ(window.count, 3);
-  yield.yield();
+  EXPECT_FALSE(pump.yield());
   EXPECT_EQ(window.count, 3) << "returns at once when nothing is pending";
 }
 
@@ -72,8 +72,8 @@ TEST(HostMessages, FloodDoesNotHoldTheYieldForEver) {
 TEST(HostMessages, QuitIsLeftForTheHost) {
   emptyTheQueue();
   PostQuitMessage(42);
-  WindowsMessagePump().yield();
-  WindowsMessagePump().yield();
+  EXPECT_TRUE(WindowsMessagePump().yield());
+  EXPECT_TRUE(WindowsMessagePump().yield()) << "as long as it waits";
   MSG message{};
   ASSERT_NE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE), FALSE);
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
@@ -92,8 +92,9 @@ TEST(Desktop, BoxReturnsAtOnceWhereNobodySeesIt) {
   EXPECT_FALSE(visible);
 }
 
-TEST(Folders, DocumentsFolderExists) {
-  WindowsFolders folders(windows1252());
+TEST(Folders, DocumentsAndCurrentFolderExist) {
+  WindowsFolders folders;
+  EXPECT_EQ(folders.current(), std::filesystem::current_path().wstring());
   const std::wstring documents = folders.SHgetFolder(kDocumentsFolder);
   EXPECT_TRUE(std::filesystem::is_directory(documents)) << testing::PrintToString(documents);
   EXPECT_EQ(folders.SHgetFolder(0x7FFF), L"") << "no such folder";

@@ -74,7 +74,7 @@ class Form : public testing::Test {
 
   FakeSettings settings_;
   FakeSettings::Store store_{settings_};
-  Settings sources_{settings_, store_};
+  Settings sources_{settings_, store_, L"C:\\host"};
   std::shared_ptr<RecordingHost> host_ = std::make_shared<RecordingHost>();
   std::shared_ptr<QuickViewForm> form_ = QuickViewForm::create(sources_, host_, noPrinter);
 };
@@ -344,8 +344,8 @@ TEST_F(Form, ModalShowingReturnsAtOnceWhereNobodySeesIt) {
 }
 
 TEST_F(Form, StandsInForThePrinter) {
-  WindowsReportViews views(sources_, noPrinter);
-  const std::shared_ptr<ReportView> view = views.create();
+  WindowsReportViews views(noPrinter);
+  const std::shared_ptr<ReportView> view = views.create(sources_);
   view->SetReportWidth(40);
   view->Add(L"iS*FACTURA");
   PostQuitMessage(0);

@@ -2,12 +2,12 @@
 #include "windows/settings_sources.h"
 
 #include "support/temp_folder.h"
+#include "windows/append_files.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <filesystem>
-#include <vector>
 
 namespace corvid {
 namespace {
@@ -76,42 +76,54 @@ TEST(UserStore, OtherTypesAreNone) {
   EXPECT_EQ(stored(L"S", L"bytes"), std::nullopt);
 }
 
-// The process stands in a folder of its own meanwhile.
-class StandingFolder {
- public:
-  StandingFolder() { std::filesystem::current_path(folder_.path()); }
-  StandingFolder(const StandingFolder&) = delete;
-  StandingFolder& operator=(const StandingFolder&) = delete;
-  ~StandingFolder() { std::filesystem::current_path(before_); }
-
-  void write(const wchar_t* name, const std::string& bytes) const {
-    std::ofstream(folder_.path() / name, std::ios::binary) << bytes;
+struct IniFolder {
+  void write(const std::string& bytes) const {
+    std::ofstream(folder.path() / L"ORV.ini", std::ios::binary) << bytes;
   }
-
- private:
-  std::filesystem::path before_ = std::filesystem::current_path();
-  TempFolder folder_;
+  [[nodiscard]] std::wstring read(const wchar_t* section, const wchar_t* key) const {
+    return WindowsInitializationFile().read(folder.file(L"ORV.ini"), section, key);
+  }
+  TempFolder folder;
 };
 
-TEST(InitializationFiles, AreReadFromTheCurrentDirectory) {
-  const StandingFolder folder;
-  folder.write(L"ORV.ini",
-               "[Config\\NimbusPF]\r\nTimeOut=7,5\r\nEmpty=\r\nName = Pe\xF1"
-               "a \r\n");
-  WindowsInitializationFile file(windows1252());
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"TimeOut"), L"7,5");
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"CONFIG\\nimbuspf", L"TIMEOUT"), L"7,5");
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"Empty"), L"");
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"None"), L"");
-  EXPECT_EQ(file.read(L".\\None.ini", L"Config\\NimbusPF", L"TimeOut"), L"");
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"Config\\NimbusPF", L"Name"), L"Pe\u00F1a");
+TEST(InitializationFiles, HoldTextsInTheSystemsCodePage) {
+  const IniFolder folder;
+  folder.write(
+      "[Config\\NimbusPF]\r\nTimeOut=7,5\r\nEmpty=\r\nName = Pe\xF1"
+      "a \r\nLong=" +
+      std::string(2000, 'x') + "\r\n");
+  EXPECT_EQ(folder.read(L"Config\\NimbusPF", L"TimeOut"), L"7,5");
+  EXPECT_EQ(folder.read(L"CONFIG\\nimbuspf", L"TIMEOUT"), L"7,5");
+  EXPECT_EQ(folder.read(L"Config\\NimbusPF", L"Empty"), L"");
+  EXPECT_EQ(folder.read(L"Config\\NimbusPF", L"None"), L"");
+  EXPECT_EQ(folder.read(L"Config\\NimbusPF", L"Name"), L"Pe\u00F1a");
+  EXPECT_EQ(folder.read(L"Config\\NimbusPF", L"Long"), std::wstring(1023, L'x')) << "is cut";
+  EXPECT_EQ(WindowsInitializationFile().read(folder.folder.file(L"None.ini"), L"S", L"k"), L"");
 }
 
-TEST(InitializationFiles, LongEntriesAreCut) {
-  const StandingFolder folder;
-  folder.write(L"ORV.ini", "[S]\r\nk=" + std::string(2000, 'x') + "\r\n");
-  WindowsInitializationFile file(windows1252());
-  EXPECT_EQ(file.read(L".\\ORV.ini", L"S", L"k"), std::wstring(1023, L'x'));
+TEST(InitializationFiles, MayLieInAnyFolder) {
+  const IniFolder folder;
+  const std::wstring name = folder.folder.file(L"\u4E2D\u00F1");
+  ASSERT_TRUE(std::filesystem::create_directory(name));
+  std::ofstream(std::filesystem::path(name) / L"ORV.ini", std::ios::binary) << "[S]\r\nk=1\r\n";
+  EXPECT_EQ(WindowsInitializationFile().read(name + L"\\ORV.ini", L"S", L"k"), L"1");
+}
+
+TEST(AppendFiles, StayOpenAreSharedAndGrowAtTheirEnd) {
+  const TempFolder folder;
+  const std::wstring path = folder.file(L"\u4E2D.log");
+  WindowsAppendFiles files;
+  std::wstring reason;
+  const auto first = files.open(path, reason);
+  const auto second = files.open(path, reason);
+  ASSERT_TRUE(first && second);
+  EXPECT_TRUE(first->append("a"));
+  EXPECT_TRUE(second->append("b"));
+  EXPECT_TRUE(first->append("c"));
+  EXPECT_EQ(bytesOf(path), "abc") << "whole while it is open";
+  EXPECT_NE(MoveFileW(path.c_str(), folder.file(L"moved").c_str()), FALSE);
+  EXPECT_EQ(files.open(folder.path().wstring(), reason), nullptr) << "a folder is no file";
+  EXPECT_NE(reason, L"");
 }
 
 }  // namespace

@@ -1,0 +1,164 @@
+#include "exchange/reply_wait.h"
+
+#include "basic/format.h"
+#include "protocol/control_bytes.h"
+#include "protocol/framing.h"
+
+#include <utility>
+
+namespace corvid {
+namespace {
+
+constexpr std::size_t kStatusBytes = 2;
+
+}  // namespace
+
+ReplyWait::ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outcome& outcome,
+                     const WaitTerms& terms)
+    : process_(process),
+      trace_(process.trace()),
+      line_(line),
+      opening_(std::move(opening)),
+      outcome_(outcome),
+      terms_(terms),
+      start_(process.clock().secondsSinceMidnight()) {}
+
+WaitEnd ReplyWait::run() {
+  outcome_.result.clear();
+  trace_.traceWith([&] {
+    return L"WaitForReply t = " + toText(start_, process_.locale()) + L"; timeout = " +
+           toText(terms_.seconds, Locale{});
+  });
+  Pauses::Wait pauses(line_.pauses());
+  for (;;) {
+    std::optional<ReplyEvent> event = nextEvent(pauses);
+    if (gone_) return *gone_;
+    if (event) {
+      if (const std::optional<WaitEnd> end = conclude(*event)) {
+        dropRest();
+        return *end;
+      }
+    }
+    if (isOver()) {
+      trace_.traceWith([] { return L"TIMEOUT!"; });
+      return WaitEnd::TimeOut;
+    }
+    if (!event) pauses.pause();
+  }
+}
+
+std::optional<ReplyEvent> ReplyWait::nextEvent(Pauses::Wait& pauses) {
+  const bool hadRest = !pending_.empty();  // behind an event that did not end the wait
+  if (std::optional<ReplyEvent> event = decodePending()) return event;
+  std::string gathered;
+  std::optional<ReplyEvent> event = gather(pauses, gathered);
+  if (!gathered.empty()) trace_.traceWith([&] { return L"<-" + escaped(gathered); });
+  if (!event && (hadRest || !gathered.empty())) showCollected(decoder_.collected(), false);
+  return event;
+}
+
+std::optional<ReplyEvent> ReplyWait::decodePending() {
+  for (std::size_t i = 0; i < pending_.size(); ++i) {
+    if (std::optional<ReplyEvent> event = decoder_.take(pending_[i])) {
+      pending_.erase(0, i + 1);
+      return event;
+    }
+  }
+  pending_.clear();
+  return std::nullopt;
+}
+
+// Looks at the line until an event, quiet, or, where nothing has come, the first look's end.
+std::optional<ReplyEvent> ReplyWait::gather(Pauses::Wait& pauses, std::string& gathered) {
+  for (;;) {
+    const Look look = line_.look(opening_, pending_);
+    if (look == Look::Closed) gone_ = WaitEnd::Closed;
+    if (look == Look::Lost) gone_ = WaitEnd::Lost;
+    if (gone_) return std::nullopt;
+    if (look == Look::Quiet) return decoder_.quiet();
+    gathered += pending_;
+    if (std::optional<ReplyEvent> event = decodePending()) return event;
+    if (gathered.empty() || isOver()) return std::nullopt;
+    pauses.pause();
+  }
+}
+
+// Nothing where the wait goes on.
+std::optional<WaitEnd> ReplyWait::conclude(ReplyEvent& event) {
+  switch (event.kind) {
+    case ReplyKind::Accepted:
+      return concludeAnswer(WaitEnd::Accepted, ACK, L" <- ACK");
+    case ReplyKind::Refused:
+      return concludeAnswer(WaitEnd::Refused, NAK, L" <- NAK");
+    case ReplyKind::Request:
+      acknowledgeRequest();
+      return std::nullopt;
+    default:
+      return concludeBlock(event);
+  }
+}
+
+WaitEnd ReplyWait::concludeAnswer(WaitEnd end, controlValues flag, const wchar_t* words) {
+  trace_.traceWith([&] { return words; });
+  outcome_.result.clear();
+  outcome_.resultFlag = flag;
+  return end;
+}
+
+// Discards nothing: behind an ENQ the answer itself may be waiting already.
+void ReplyWait::acknowledgeRequest() {
+  trace_.traceWith([] { return L" <- ENQ"; });
+  line_.write(opening_, std::string(1, ACK));
+  trace_.traceWith([] { return L" -> ACK"; });
+  showCollected(decoder_.collected(), false);
+}
+
+std::optional<WaitEnd> ReplyWait::concludeBlock(ReplyEvent& event) {
+  traceCheckByte(event);
+  if (terms_.forStatus && !(event.isFramed && event.text.size() == kStatusBytes)) {
+    trace_.traceWith([&] { return L"Dropped: <-" + escaped(event.collected); });
+    outcome_.result.clear();
+    return std::nullopt;
+  }
+  if (terms_.verifies && event.check != CheckByte::Right) {
+    showCollected(event.collected, false);
+    return WaitEnd::Damaged;
+  }
+  outcome_.resultFlag = event.end == ETB ? ETB : ETX;
+  showCollected(event.collected, true);
+  block_ = std::move(event);
+  return WaitEnd::Block;
+}
+
+void ReplyWait::traceCheckByte(const ReplyEvent& event) {
+  if (event.check == CheckByte::Wrong) trace_.traceWith([] { return L"Wrong check byte"; });
+  if (event.check == CheckByte::Missing) trace_.traceWith([] { return L"No check byte"; });
+}
+
+void ReplyWait::showCollected(std::string_view bytes, bool isReady) {
+  outcome_.result = process_.codePage().decode(bytes);
+  trace_.traceWith([&] {
+    return L"WaitForReply (ready = " + toText(isReady) + L"): <-" + EscapeString(outcome_.result);
+  });
+}
+
+// What came behind the answer belongs to nobody, and more of it may be under way.
+void ReplyWait::dropRest() {
+  const std::string rest = decoder_.collected() + pending_;
+  if (rest.empty()) return;
+  opening_->isSettled = false;
+  trace_.traceWith([&] { return L"Discarded: <-" + escaped(rest); });
+}
+
+// Not corrected for midnight: a wait across it goes on until a reply completes.
+bool ReplyWait::isOver() {
+  Clock& clock = process_.clock();
+  if (clock.secondsSinceMidnight() - start_ >= terms_.seconds) return true;
+  return terms_.deadline > 0 && clock.monotonicSeconds() >= terms_.deadline;
+}
+
+std::wstring ReplyWait::escaped(std::string_view bytes) const {
+  return EscapeString(process_.codePage().decode(bytes));
+}
+
+}  // namespace corvid

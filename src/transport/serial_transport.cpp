@@ -1,0 +1,39 @@
+#include "transport/serial_transport.h"
+
+#include <utility>
+
+namespace corvid {
+namespace {
+
+constexpr const wchar_t* kLineSettings = L"baud=9600 parity=E data=8 stop=1";
+constexpr std::int32_t kReadSize = 4096;
+
+}  // namespace
+
+std::int32_t SerialTransport::open() {
+  const bool wasOpen = comm_.isOpen(port_);
+  const std::int32_t error = comm_.CommOpen(port_, L"COM" + std::to_wstring(port_), kLineSettings);
+  ownsRecord_ = !wasOpen && comm_.isOpen(port_);
+  return error;
+}
+
+std::int32_t SerialTransport::close() {
+  return std::exchange(ownsRecord_, false) ? comm_.CommClose(port_) : 0;
+}
+
+void SerialTransport::setLines() {
+  comm_.CommSetLine(port_, CommLine::Rts, 0);
+  comm_.CommSetLine(port_, CommLine::Dtr, 1);
+}
+
+std::int32_t SerialTransport::read(std::string& bytes) {
+  return comm_.CommRead(port_, bytes, readsExactly_ ? kExactly : kReadSize);
+}
+
+std::wstring SerialTransport::errorText() const {
+  std::wstring text;
+  comm_.CommGetError(text);
+  return text;
+}
+
+}  // namespace corvid

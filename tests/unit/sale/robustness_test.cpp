@@ -1,0 +1,257 @@
+// What must survive whatever happens in the middle of a sale: a failing call of the system, and
+// whatever a host does when its message loop runs.
+#include "shop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+using simulator::Fault;
+
+struct Sold {
+  const wchar_t* name;
+  int result;
+};
+
+// Everything that a sale does on the line: items with their rates' query, counters, rows, payment.
+std::vector<Sold> sell(Shop& shop) {
+  PrinterSession& session = *shop.session;
+  std::vector<Sold> sold;
+  const auto item = [&](const wchar_t* name) {
+    sold.push_back({name, PasarItem(session, {name, 1, 1, 16})});
+  };
+  item(L"PAN");
+  static_cast<void>(Response1(session.exchange()));
+  static_cast<void>(session.exchange().GetMultipleResponses(L"U3A000001000001"));
+  item(L"QUESO");
+  sold.push_back({L"EFECTIVO", CerrarComprobante(session, money(2.32))});
+  return sold;
+}
+
+int countOf(const std::string& paper, const std::wstring& name) {
+  const std::string text(name.begin(), name.end());
+  int count = 0;
+  for (std::size_t at = paper.find(text); at != std::string::npos; at = paper.find(text, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+// Stated once, for all that is done to a sale.
+void expectSurvived(Shop& shop, const std::vector<Sold>& sold) {
+  for (const Sold& one : sold) {
+    if (one.name == std::wstring(L"EFECTIVO")) continue;
+    const int times = countOf(shop.line.paper(), one.name);
+    EXPECT_LE(times, 1) << "a line stands there twice";
+    EXPECT_TRUE(times == 1 || one.result != 0) << "a line is told as sold that is not there";
+  }
+  shop.world.pump.whenYielded = nullptr;
+  shop.world.pump.isQuitting = false;
+  shop.line.misbehaviour().reset();
+  shop.world.faults.repair();
+  shop.session->Cerrar();
+  EXPECT_EQ(shop.world.serial.openHandles(), 0U);
+  EXPECT_EQ(shop.world.files.openFiles, 0);
+  openKnown(shop);
+  static_cast<void>(CancelarTransaccion(*shop.session));
+  EXPECT_EQ(PasarItem(*shop.session, {L"DESPUES", 1, 1, 16}), 0);
+  EXPECT_EQ(countOf(shop.line.paper(), L"DESPUES"), 1);
+}
+
+std::initializer_list<ShopSetting> quickSettings() {
+  static const std::initializer_list<ShopSetting> kSettings = {
+      {kSessionSection, L"TimeOut", L"1"},       {kSessionSection, L"IsDebug", L"True"},
+      {kSessionSection, L"DEBUGFILE", L"t.log"}, {kPortSection, L"DEBUG", L"1"},
+      {kPortSection, L"DumpFile", L"d.log"},
+  };
+  return kSettings;
+}
+
+TEST(Robustness, EachCallOfTheSystemMayFailOnceOrForGood) {
+  for (const bool forGood : {false, true}) {
+    int last = 1;
+    for (int nth = 1; nth <= last; ++nth) {
+      SCOPED_TRACE(std::to_string(nth) + (forGood ? " from then on" : ""));
+      Shop shop(quickSettings());
+      if (forGood) {
+        shop.world.faults.failFrom("", nth, 22);
+      } else {
+        shop.world.faults.failNth("", nth, 22);
+      }
+      std::vector<Sold> sold;
+      const double start = shop.world.clock.total();
+      if (errorOf([&] { openKnown(shop); }) == 0) sold = sell(shop);
+      last = std::max(last, shop.world.faults.count());
+      EXPECT_LT(shop.world.clock.total() - start, 30);
+      expectSurvived(shop, sold);
+      if (HasFailure()) return;
+    }
+    EXPECT_GT(last, 60);
+  }
+}
+
+using HostDoing = std::function<void(Shop& shop)>;
+
+// Runs a sale once for each yield in it, with the host doing something there.
+void atEachYield(const char* what, const HostDoing& doing,
+                 const std::function<void(Shop& shop, const std::vector<Sold>& sold)>& after) {
+  for (int nth = 1;; ++nth) {
+    SCOPED_TRACE(std::string(what) + " at yield " + std::to_string(nth));
+    Shop shop(quickSettings());
+    openKnown(shop);
+    const int target = shop.world.pump.count + nth;
+    bool isDone = false;
+    shop.world.pump.whenYielded = [&] {
+      if (isDone || shop.world.pump.count < target) return;
+      isDone = true;
+      doing(shop);
+    };
+    const double start = shop.world.clock.total();
+    const std::vector<Sold> sold = sell(shop);
+    EXPECT_LT(shop.world.clock.total() - start, 15);
+    if (!isDone) {
+      EXPECT_GT(nth, 30);
+      return;
+    }
+    after(shop, sold);
+    expectSurvived(shop, sold);
+    if (testing::Test::HasFailure()) return;
+  }
+}
+
+using Nested = std::function<bool(PrinterSession& session)>;  // true: its failure value
+
+const Lines kFailed = {L"pfError"};
+
+const std::vector<Nested>& nestedMembers() {
+  using S = PrinterSession;
+  static const std::vector<Nested> kMembers = {
+      [](S& s) { return s.Execute(L"w") == 3; },
+      [](S& s) { return s.AbrirGaveta(); },
+      [](S& s) { return s.Reset() == 3; },
+      [](S& s) {
+        s.exchange().ExecuteNoCheck(L"w");
+        s.exchange().SendDirect(L"w");
+        s.exchange().SendAck();
+        s.exchange().GetStatus();
+        return s.exchange().NextStatusBlock().empty();
+      },
+      [](S& s) { return s.exchange().GetResponse(L"S1") == kFailed; },
+      [](S& s) { return s.exchange().GetResponseString(L"S1", L"|") == L"|pfError"; },
+      [](S& s) { return s.exchange().GetMultipleResponses(L"U3A") == std::vector<Lines>{kFailed}; },
+      [](S& s) {
+        return PasarItem(s, {L"N", 1, -1, 16}) == 3;
+      },
+      [](S& s) {
+        return detalleGeneral(s, L"F+", {L"N", 0, 0, 16}, L"") == 3;
+      },
+      [](S& s) {
+        return PasarDatosCliente(s, {L"N", L"R", L"A"}, {}) == 3;
+      },
+      [](S& s) {
+        return PasarDatosClienteNC(s, {L"N\x06", L"R", L"A"}, L"", L"", {}) == 3;
+      },
+      [](S& s) {
+        return PasarDatosClientePA(s, {L"N", L"R", L"A"}, L"") == 3;
+      },
+      [](S& s) {
+        return IniciarFactura(s, {L"N", L"R", L"A"}) == 3;
+      },
+      [](S& s) { return SubTotal(s, true) && PasarMontoDescuento(s, money(1)); },
+      [](S& s) { return CerrarConMedio(s, number(1), money(1)) == 3; },
+      [](S& s) { return Response1(s.exchange())->values.Serial.empty(); },
+      [](S& s) { return Response3(s.exchange())->values.isFake; },
+      [](S& s) { return getEstadoDocumento(s.exchange())->values.NotaS2.empty(); },
+      [](S& s) { return numeroUltimaFactura(s.exchange()) == -1; },
+      [](S& s) { return tasa(s.exchange(), number(1)) == -1; },
+      [](S& s) { return CerrarZ(s.exchange()) == nullptr; },
+      [](S& s) { return loadResumenZ(s.exchange())->values.numeroUltimoZ == -1; },
+      [](S& s) { return reportesZMF(s.exchange(), number(1), number(1)).empty(); },
+      [](S& s) { return loadReporteZMF(s.exchange(), number(1)) == nullptr; },
+      [](S& s) { return IndiceTasa(s, 16) <= 1; },
+  };
+  return kMembers;
+}
+
+// While a member waits or writes, others write nothing, change nothing and return their failure.
+TEST(Robustness, MembersCalledInTheMiddleOfAnotherAreRefused) {
+  Shop undisturbed(quickSettings());
+  openKnown(undisturbed);
+  sell(undisturbed);
+  atEachYield(
+      "nested members",
+      [&](Shop& shop) {
+        const Outcome before = shop.outcome();
+        const auto rates = shop.session->state().s3;
+        const std::size_t written = shop.world.serial.written().size();
+        for (std::size_t i = 0; i < nestedMembers().size(); ++i) {
+          EXPECT_TRUE(nestedMembers()[i](*shop.session)) << "member " << i;
+        }
+        EXPECT_EQ(shop.world.serial.written().size(), written);
+        EXPECT_EQ(shop.outcome(), before);
+        EXPECT_EQ(shop.session->state().s3, rates);
+        EXPECT_TRUE(shop.world.dialog.shown.empty());
+        EXPECT_NE(shop.world.files.contents[L"C:\\host\\t.log"].find("Rejected"),
+                  std::string::npos);
+      },
+      [&](Shop& shop, const std::vector<Sold>&) {
+        EXPECT_EQ(shop.line.paper(), undisturbed.line.paper());
+      });
+}
+
+TEST(Robustness, ClosingAndReopeningEndTheMemberThatWaits) {
+  const auto ended = [](Shop& shop, const std::vector<Sold>& sold) {
+    EXPECT_TRUE(std::ranges::any_of(sold, [](const Sold& one) { return one.result != 0; }) ||
+                shop.outcome().pfError == pfOk);
+  };
+  atEachYield(
+      "close", [](Shop& shop) { shop.session->Cerrar(); }, ended);
+  atEachYield(
+      "last release", [](Shop& shop) { shop.session->abandon(); }, ended);
+  atEachYield(
+      "reopen and sell",
+      [](Shop& shop) {
+        shop.session->Abrir(7);
+        EXPECT_EQ(shop.session->Execute(L"w"), 0) << "a new opening has its own turns";
+      },
+      [](Shop&, const std::vector<Sold>&) {});
+}
+
+TEST(Robustness, MemberThatIsClosedTellsSo) {
+  Shop shop(quickSettings());
+  openKnown(shop);
+  shop.world.pump.whenYielded = [&] { shop.session->Cerrar(); };
+  EXPECT_EQ(shop.session->Execute(L"w"), pfCommError);
+  EXPECT_EQ(shop.outcome().DescripcionError, L"PUERTO CERRADO");
+}
+
+// A printer that hears nothing holds a host that quits for a request or a block, and no longer.
+TEST(Robustness, QuitEndsTheWaitingForASilentPrinter) {
+  atEachYield(
+      "quit",
+      [](Shop& shop) {
+        shop.world.pump.isQuitting = true;
+        shop.line.misbehaviour().set(Fault::Silent, simulator::kForEver);
+      },
+      [](Shop&, const std::vector<Sold>&) {});
+  Shop shop(quickSettings());
+  openKnown(shop);
+  shop.world.pump.isQuitting = true;
+  EXPECT_EQ(PasarItem(*shop.session, {L"PAN", 1, 1, 16}), 0)
+      << "a command at the program's end still counts";
+  shop.line.misbehaviour().set(Fault::Lose, 2);  // the status, then the block's ACK
+  const std::size_t before = shop.world.serial.written().size();
+  EXPECT_EQ(shop.session->Execute(L"w"), pfCommError);
+  EXPECT_EQ(shop.world.serial.written().size() - before, 1U);
+  EXPECT_EQ(shop.session->Execute(L"w"), pfCommError);
+  EXPECT_EQ(shop.world.serial.written().size() - before, 2U) << "the block is not repeated";
+}
+
+}  // namespace
+}  // namespace corvid
