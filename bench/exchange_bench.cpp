@@ -1,7 +1,6 @@
 // One whole exchange: status request, its reply, a command, its acknowledgement.
 #include "counted.h"
 #include "instant_line.h"
-#include "records/status_queries.h"
 #include "session/printer_session.h"
 #include "support/world.h"
 
@@ -12,13 +11,14 @@ namespace {
 
 const std::wstring kCommand = L"!000000125000002000Pan campesino de masa madre";
 
-void exchange(benchmark::State& state, bool immediate) {
+void exchange(benchmark::State& state, const wchar_t* setting) {
   World world;
-  if (immediate) world.settings.set(L"Config\\ModComm", L"LecturaInmediata", L"True");
+  world.settings.set(kSessionSection, setting, L"True");
   InstantLine line;
-  ProcessState process({world.settings, world.store, line, world.host, world.dialog, world.folders,
-                   world.views, world.clock, windows1252(), world.locale});
-  PrinterSession session(process, status);
+  ProcessState process({world.settings, world.store, line, world.pump, world.dialog, world.folders,
+                        world.files, world.views, world.clock, world.clock, windows1252(),
+                        world.locale});
+  PrinterSession session(process);
   session.state().SerialPrinter = L"KNOWN";
   session.Abrir(7);
   const std::size_t before = line.bytes();
@@ -29,8 +29,8 @@ void exchange(benchmark::State& state, bool immediate) {
   }
   countWire(state, bytes);
 }
-BENCHMARK_CAPTURE(exchange, off, false)->Name("exchange/off");
-BENCHMARK_CAPTURE(exchange, on, true)->Name("exchange/on");
+BENCHMARK_CAPTURE(exchange, plain, L"None")->Name("exchange");
+BENCHMARK_CAPTURE(exchange, traced, L"IsDebug")->Name("exchange/traced");
 
 }  // namespace
 }  // namespace corvid

@@ -53,15 +53,18 @@ class Figures:
 
 
 def sale_rows(figures):
-    off, on = (
+    off, on, timer, ticks = (
         {name: figures.counter(sale, name) for name in ("simulated", "wire", "requests", "reads")}
-        for sale in ("sale/off", "sale/on")
+        for sale in ("sale/off", "sale/on", "sale/timer", "sale/ticks")
     )
     reads = off["reads"]
     return [
-        row("sale of 20 lines, simulated clock, setting on", on["simulated"], on["wire"],
-            "on the wire", 1.05),
-        row("the same, setting off", off["simulated"], reads, f"for {reads:.0f} reads"),
+        row("sale of 20 lines, simulated clock", on["simulated"], on["wire"], "on the wire", 1.05),
+        row("the same, ticks of 15.6 ms and a timer", timer["simulated"], timer["wire"],
+            "on the wire", 1.10),
+        row("the same, bare ticks of 15.6 ms", ticks["simulated"], ticks["wire"], "on the wire",
+            1.35),
+        row("the same, reads that wait out a second", off["simulated"], reads, f"for {reads:.0f} reads"),
         row("the same, without the requests' wire time", off["simulated"] - off["requests"], reads,
             f"for {reads:.0f} reads", 1.02),
     ]  # fmt: skip
@@ -92,8 +95,8 @@ def other_rows(figures):
     rows = [
         figures.beside_wire("framing of a command", "framing"),
         figures.beside_wire("escape of a command", "escape"),
-        figures.beside_wire("exchange over a line in memory, off", "exchange/off"),
-        figures.beside_wire("exchange over a line in memory, on", "exchange/on"),
+        figures.beside_wire("exchange over a line in memory", "exchange"),
+        figures.beside_wire("the same, with the trace on", "exchange/traced"),
     ]
     rows += [figures.beside_wire(f"parsing {name}", f"record/{name}") for name in RECORDS]
     rows += [

@@ -1,13 +1,13 @@
 // Replies turned into records, each with the number of fields of the longest layout.
 #include "basic/text.h"
 #include "counted.h"
-#include "records/document_state_record.h"
 #include "records/counters_record.h"
-#include "records/transaction_record.h"
-#include "records/rates_record.h"
-#include "records/payments_record.h"
-#include "records/z_report_record.h"
 #include "records/daily_summary.h"
+#include "records/document_state_record.h"
+#include "records/payments_record.h"
+#include "records/rates_record.h"
+#include "records/transaction_record.h"
+#include "records/z_report_record.h"
 #include "support/world.h"
 
 #include <cstddef>

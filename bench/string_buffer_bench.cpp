@@ -1,6 +1,6 @@
 // CStringBuffer, beside std::wstring doing the same work.
-#include "counted.h"
 #include "basic/string_buffer.h"
+#include "counted.h"
 
 #include <cstdint>
 #include <string>

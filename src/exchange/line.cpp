@@ -7,6 +7,13 @@ constexpr double kQuietSeconds = 0.06;  // many byte times even at 1200 baud
 constexpr int kFailuresOfALoss = 3;
 constexpr double kLossSeconds = 0.1;
 
+Look failed(Opening& opening, double now) {
+  if (opening.failuresInARow++ == 0) opening.firstFailure = now;
+  const bool isLost =
+      opening.failuresInARow >= kFailuresOfALoss && now - opening.firstFailure >= kLossSeconds;
+  return isLost ? Look::Lost : Look::Failed;
+}
+
 }  // namespace
 
 void Line::attach(std::shared_ptr<Transport> transport) {
@@ -37,13 +44,6 @@ Look Line::look(const OpeningRef& opening, std::string& bytes) {
   // A read may take its time: what it gave came before its end.
   opening->lastTaken = clock.monotonicSeconds();
   return Look::Bytes;
-}
-
-Look Line::failed(Opening& opening, double now) {
-  if (opening.failuresInARow++ == 0) opening.firstFailure = now;
-  const bool isLost =
-      opening.failuresInARow >= kFailuresOfALoss && now - opening.firstFailure >= kLossSeconds;
-  return isLost ? Look::Lost : Look::Failed;
 }
 
 std::string Line::discard(Opening& opening) {

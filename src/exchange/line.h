@@ -71,7 +71,6 @@ class Line {
 
  private:
   void runHost();
-  Look failed(Opening& opening, double now);
 
   ProcessState& process_;
   Pauses pauses_;

@@ -6,7 +6,7 @@ namespace {
 constexpr int kMostLateInARow = 3;
 constexpr double kLateSeconds = 0.003;
 constexpr double kPromptSeconds = 0.25;
-constexpr int kLongerMilliseconds = 2;
+constexpr int kLongerMilliseconds = 5;
 
 }  // namespace
 

@@ -22,7 +22,7 @@ class Pauses {
     Wait& operator=(const Wait&) = delete;
     ~Wait();
 
-    // About one millisecond. After the first 250 ms two of them, by the plain sleep: most answers
+    // About one millisecond. After the first 250 ms five, by the plain sleep: most answers
     // begin before, and a wait beyond it must cost little.
     void pause();
 

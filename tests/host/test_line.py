@@ -4,7 +4,7 @@ import concurrent.futures
 import functools
 
 import harness
-from harness import HostTest, PORTS, wait_until
+from harness import BUILT, PORTS, HostTest, Said, wait_until, windows_path
 
 # Registered numbers are given, so that opening sends one status request and no query.
 DRAWER = """
@@ -30,9 +30,10 @@ FAULTS = [
     ("refuse 7", 7, "0 21 96 Ok"),
     ("lose 1", 1, "0 6 96 Ok"),
     ("silent 2", 1, "0 6 96 Ok"),
-    # The first answers are one that cannot be read as a status, and one that cannot be read at all.
-    ("noise 3 \\x7F\\x11", 2, "0 6 96 Ok"),
+    ("noise 3 \\x7F\\x11", 1, "0 6 96 Ok"),
 ]
+
+ITEMS = 200
 
 # Sells until the printer is gone; then opens again as soon as there is a printer.
 VANISHING = """
@@ -92,6 +93,50 @@ class Line(HostTest):
             "fields": "0 pfError", "reopened": "0", "drawer": "0",
         })  # fmt: skip
         self.assertEqual(next_printer.commands(), [b"w"])
+
+
+class Drivers(HostTest):
+    def run_host(self, *arguments):
+        said, code = self.start_host([windows_path(BUILT / "driver_host.exe"), *arguments])
+        self.assertIn("<the host reached its end>", said.whole)
+        self.assertEqual(code, 0, said.whole)
+        return said
+
+    def sell(self, port, reads, immediate):
+        name = f"{reads}-{immediate}"
+        folder = self.folder / name
+        folder.mkdir()
+        settings = ["[Config\\ModComm]", f"LecturaInmediata={immediate}", ""]
+        (folder / "ORV.ini").write_text("\r\n".join(settings))
+        with self.printer(port, name, ["--do", "baud 9600"]) as printer:
+            command = [windows_path(BUILT / "driver_host.exe"), "sell", port, ITEMS, reads]
+            output = harness.wine(*command, cwd=folder)[1]
+            said = Said(output)
+            self.assertEqual((said.get("sold"), said.get("right")), (str(ITEMS),) * 2, output)
+            paper = printer.paper()
+            lines = [paper.count(f"PAN{1000 + i}") for i in range(ITEMS)]
+            self.assertEqual(lines, [1] * ITEMS, name)
+
+    def test_items_stand_on_the_paper_once_whatever_the_driver_reads(self):
+        ways = [("at-once", "True"), ("at-once", "False"), ("waits-out", "True")]
+        self.run_together([
+            functools.partial(self.sell, port, *way) for port, way in zip(PORTS, ways)
+        ])  # fmt: skip
+
+    def test_a_member_called_in_the_middle_of_another_is_refused(self):
+        printer = self.printer()
+        printer.tell("split on 2 1000")
+        said = self.run_host("nested", 7)
+        self.assertEqual(said, {"nested": "3 -1", "outer": "0"})
+        self.assertEqual(printer.commands(), [b"w"])
+
+    def test_no_invisible_process_stays_with_a_silent_printer(self):
+        self.write_settings({r"Config\NimbusPF": {"TimeOut": "2"}})
+        for task, outcome in (("release", {"left": "0", "outer": "1"}), ("quit", {"outer": "1"})):
+            with self.printer(name=task, options=["--do", "silent on"]) as printer:
+                said = self.run_host(task, 7)
+                self.assertEqual(said, outcome, task)
+                self.assertEqual(printer.commands(), [])
 
 
 if __name__ == "__main__":

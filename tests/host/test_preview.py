@@ -246,7 +246,8 @@ class Preview(DesktopTest):
         settings = {"IsDebug": "True", "DebugInmediato": "True"}
         self.write_settings({r"Config\NimbusPF": settings})
         said, lines = self.run_beside(lambda: self.run_script(DEBUG_VIEW), self.read_preview)
-        self.assertEqual(lines, DEBUG_LINES)
+        self.assertRegex(lines[0], r"Settings: .*\\ORV.ini$")
+        self.assertEqual(lines[1:], DEBUG_LINES)
         self.assertEqual(said, {"after": "Cerrar"})
 
     def read_preview(self):

@@ -182,7 +182,7 @@ TEST(Exchange, SilentLineIsLookedAtLessOftenAfterAMoment) {
   bench.world().clock.setSeconds(0);  // where single precision is finest
   const int before = bench.world().pump.count;
   bench.exchange().GetStatus();
-  EXPECT_NEAR(bench.world().pump.count - before, 250 + 375, 5) << "looks of 1 ms, then of 2";
+  EXPECT_NEAR(bench.world().pump.count - before, 250 + 150, 5) << "looks each 1 ms, then each 5";
 }
 
 TEST(Exchange, UncheckedModeWritesTheBlockAndReadsNothing) {

@@ -1,7 +1,7 @@
 // The simulated printer at the end of an in-memory line.
 #pragma once
 
-#include "simulator/printer.h"
+#include "simulator/program/printer.h"
 #include "support/serial_double.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
-#include "simulator/amounts.h"
+#include "simulator/device/amounts.h"
 
-#include "simulator/bytes.h"
-#include "simulator/local_time.h"
+#include "simulator/device/local_time.h"
+#include "simulator/line/bytes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // A printer on the test bench: commands in, whole answers out, at a time that stands still.
 #pragma once
 
-#include "simulator/bytes.h"
-#include "simulator/printer.h"
+#include "simulator/line/bytes.h"
+#include "simulator/program/printer.h"
 
 #include <sstream>
 #include <string>

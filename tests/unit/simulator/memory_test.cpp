@@ -1,6 +1,6 @@
 #include "known_day.h"
-#include "simulator/memory_text.h"
-#include "simulator/program.h"
+#include "simulator/device/memory_text.h"
+#include "simulator/program/program.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "simulator/misbehaviour.h"
+#include "simulator/line/misbehaviour.h"
 
 #include "bench.h"
-#include "simulator/options.h"
-#include "simulator/outbox.h"
-#include "simulator/program.h"
-#include "simulator/steering.h"
+#include "simulator/line/outbox.h"
+#include "simulator/program/options.h"
+#include "simulator/program/program.h"
+#include "simulator/program/steering.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,80 @@
+#include "simulator/device/fiscal_memory.h"
+
+#include <algorithm>
+
+namespace corvid::simulator {
+namespace {
+
+std::size_t indexOf(DocumentKind kind) { return static_cast<std::size_t>(kind); }
+
+void add(TaxedAmount& sum, const TaxedAmount& more) {
+  sum.base += more.base;
+  sum.tax += more.tax;
+}
+
+void add(RateSums& sums, const RateSums& more) {
+  for (std::size_t i = 0; i < kRateCount; ++i) {
+    add(sums.at(i), more.at(i));
+  }
+}
+
+void addPayments(KindOfDay& kind, const Document& document) {
+  for (const Payment& payment : document.payments()) {
+    kind.payments.at(payment.means - 1) += payment.amount + payment.levy.tax;
+  }
+  kind.payments.at(document.payments().back().means - 1) -= document.change();
+}
+
+}  // namespace
+
+const KindOfDay& Day::of(DocumentKind kind) const { return kinds.at(indexOf(kind)); }
+
+bool Day::isEmpty() const {
+  return nonFiscal == 0 && std::all_of(kinds.begin(), kinds.end(),
+                                       [](const KindOfDay& kind) { return kind.count == 0; });
+}
+
+int LastNumbers::of(DocumentKind kind) const { return documents.at(indexOf(kind)); }
+
+FiscalMemory::FiscalMemory(int lastInvoice) {
+  last_.documents.at(indexOf(DocumentKind::Invoice)) = lastInvoice;
+}
+
+FiscalMemory::FiscalMemory(const LastNumbers& last, const Day& today, std::vector<Closure> closures)
+    : last_(last), today_(today), closures_(std::move(closures)) {}
+
+void FiscalMemory::record(const Document& document, const LocalTime& time) {
+  const Totals totals = document.totals();
+  KindOfDay& kind = today_.kinds.at(indexOf(document.kind()));
+  ++kind.count;
+  kind.total += totals.total + document.levy().tax;
+  add(kind.byRate, totals.byRate);
+  add(kind.levy, document.levy());
+  addPayments(kind, document);
+  ++last_.documents.at(indexOf(document.kind()));
+  if (document.kind() == DocumentKind::Invoice) {
+    last_.invoiceTime = time;
+  }
+}
+
+void FiscalMemory::recordNonFiscal() {
+  ++last_.nonFiscal;
+  ++today_.nonFiscal;
+}
+
+Closure FiscalMemory::runningDay() const {
+  return {closures_.empty() ? LocalTime{} : closures_.back().time, last_, today_};
+}
+
+Closure FiscalMemory::latestDay() const {
+  return today_.isEmpty() && !closures_.empty() ? closures_.back() : runningDay();
+}
+
+const Closure& FiscalMemory::closeDay(const LocalTime& time) {
+  ++last_.closures;
+  closures_.push_back({time, last_, today_});
+  today_ = Day{};
+  return closures_.back();
+}
+
+}  // namespace corvid::simulator

@@ -1,0 +1,31 @@
+// corvid-printer: a simulated fiscal printer at the end of a serial line.
+#include "simulator/program/options.h"
+#include "simulator/program/program.h"
+
+#include <exception>
+#include <iostream>
+
+namespace {
+
+int run(const std::vector<std::string_view>& arguments) {
+  using corvid::simulator::parsedOptions;
+  const auto [options, error] = parsedOptions(arguments);
+  if (!error.empty() || options.isHelpWanted) {
+    (error.empty() ? std::cout : std::cerr)
+        << error << (error.empty() ? "" : "\n") << corvid::simulator::usage();
+    return error.empty() ? 0 : 2;
+  }
+  corvid::simulator::Program program(options, std::cout);
+  return corvid::simulator::serve(options, program);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    return run({arguments + 1, arguments + count});
+  } catch (const std::exception& failure) {
+    std::cerr << "corvid-printer: " << failure.what() << '\n';
+    return 1;
+  }
+}

@@ -1,0 +1,152 @@
+#include "simulator/program/options.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvid::simulator {
+namespace {
+
+// A whole number of at most `digits` digits.
+std::optional<int> number(std::string_view text, std::size_t digits) {
+  const std::size_t size = text.size();
+  const auto value = takeDigits(text, size);
+  const bool fits = value && size >= 1 && size <= digits;
+  return fits ? std::optional(static_cast<int>(*value)) : std::nullopt;
+}
+
+bool setClock(Options& options, std::string_view value) {
+  options.clock = parsedTime(value);
+  return options.clock.has_value();
+}
+
+bool setRates(Options& options, std::string_view value) {
+  for (Rate& rate : options.configuration.rates) {
+    const auto comma = std::min(value.find(','), value.size());
+    const auto parsed = parsedRate(value.substr(0, comma));
+    if (!parsed) {
+      return false;
+    }
+    rate = *parsed;
+    value.remove_prefix(std::min(comma + 1, value.size()));
+  }
+  return value.empty();
+}
+
+bool setIgtf(Options& options, std::string_view value) {
+  options.configuration.igtf = parsedRate(value);
+  return value == "none" || options.configuration.igtf.has_value();
+}
+
+bool setFlag(Options& options, std::string_view value) {
+  const auto equals = std::min(value.find('='), value.size());
+  const auto flag = number(value.substr(0, equals), 2);
+  const auto setting = number(value.substr(std::min(equals + 1, value.size())), 2);
+  if (!flag || !setting || *flag >= static_cast<int>(kFlagCount)) {
+    return false;
+  }
+  options.configuration.flags.at(static_cast<std::size_t>(*flag)) = *setting;
+  return true;
+}
+
+bool setModel(Options& options, std::string_view value) {
+  const auto model = modelNamed(value);
+  options.configuration.model = model.value_or(options.configuration.model);
+  return model.has_value();
+}
+
+bool setNumber(int& target, std::string_view value, std::size_t digits) {
+  const auto parsed = number(value, digits);
+  target = parsed.value_or(target);
+  return parsed.has_value();
+}
+
+bool setText(std::string& target, std::string_view value) {
+  target = value;
+  return !value.empty();
+}
+
+struct Option {
+  std::string_view name;
+  std::string_view help;
+  bool (*set)(Options& options, std::string_view value);
+};
+
+constexpr std::array kOptions = {
+    Option{"--pty", "LINK: serve a pseudo terminal and make LINK point at it (Linux)",
+           [](Options& o, std::string_view v) { return setText(o.pty, v); }},
+    Option{"--port", "COMn: serve a serial port (Windows), byte by byte at 9600 baud",
+           [](Options& o, std::string_view v) { return setText(o.port, v); }},
+    Option{"--paper", "FILE: add every printed line to FILE, in UTF-8",
+           [](Options& o, std::string_view v) { return setText(o.paper, v); }},
+    Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",
+           [](Options& o, std::string_view v) { return setText(o.wire, v); }},
+    Option{
+        "--memory",
+        "FILE: go on from the memory in FILE, and keep it there; once the file is there, it goes "
+        "before --rates, --igtf, --flag, --cashier and --last-invoice",
+        [](Options& o, std::string_view v) { return setText(o.memory, v); }},
+    Option{"--clock", "\"2026-03-14 10:30:15\": stop the printer's clock there", setClock},
+    Option{
+        "--model",
+        "long | short, perhaps -20, -29, -30, -31, -38 to -41: layout of the counters' reply, and "
+        "fields of the day's summary",
+        setModel},
+    Option{"--serial", "TEXT: serial number",
+           [](Options& o, std::string_view v) { return setText(o.configuration.serial, v); }},
+    Option{"--rif", "TEXT: the owner's tax number",
+           [](Options& o, std::string_view v) { return setText(o.configuration.rif, v); }},
+    Option{"--rates", "21600,20800,23100: kind (1 included, 2 added) and hundredths of a percent",
+           setRates},
+    Option{"--igtf", "20300 | none: the levy on foreign currency that the printer reports",
+           setIgtf},
+    Option{"--flag", "21=30: value of a flag; may be repeated", setFlag},
+    Option{"--cashier", "N: cashier on duty, 0 to 99",
+           [](Options& o, std::string_view v) { return setNumber(o.configuration.cashier, v, 2); }},
+    Option{"--last-invoice", "N: number of the last invoice printed",
+           [](Options& o, std::string_view v) {
+             return setNumber(o.configuration.lastInvoice, v, 8);
+           }},
+    Option{"--do", "LINE: obey a line as from standard input; may be repeated",
+           [](Options& o, std::string_view v) {
+             o.steering.emplace_back(v);
+             return !v.empty();
+           }},
+};
+
+const Option* optionNamed(std::string_view name) {
+  const auto* found = std::find_if(kOptions.begin(), kOptions.end(),
+                                   [&](const Option& option) { return option.name == name; });
+  return found == kOptions.end() ? nullptr : found;
+}
+
+}  // namespace
+
+ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments) {
+  ParsedOptions parsed;
+  for (std::size_t i = 0; i < arguments.size() && parsed.error.empty(); i += 2) {
+    const std::string name(arguments[i]);
+    const Option* option = optionNamed(name);
+    if (name == "--help") {
+      parsed.options.isHelpWanted = true;
+      return parsed;
+    }
+    if (option == nullptr) {
+      parsed.error = "unknown option " + name;
+    } else if (i + 1 == arguments.size()) {
+      parsed.error = name + " needs a value";
+    } else if (!option->set(parsed.options, arguments[i + 1])) {
+      parsed.error = "bad value for " + name + ": " + std::string(arguments[i + 1]);
+    }
+  }
+  return parsed;
+}
+
+std::string usage() {
+  std::string text = "Usage: corvid-printer OPTION VALUE ...\n";
+  for (const Option& option : kOptions) {
+    text.append("  ").append(option.name).append(" ").append(option.help).append("\n");
+  }
+  return text;
+}
+
+}  // namespace corvid::simulator

@@ -1,0 +1,37 @@
+// The command line of the program.
+#pragma once
+
+#include "simulator/device/configuration.h"
+#include "simulator/device/local_time.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvid::simulator {
+
+struct Options {
+  std::string pty;     // link to make to the pseudo terminal (Linux)
+  std::string port;    // name of the serial port (Windows)
+  std::string paper;   // file that every printed line is added to, in UTF-8; empty: none
+  std::string wire;    // file that every message is added to; empty: none
+  std::string memory;  // file that holds the memory; empty: it is forgotten at the end
+  std::optional<LocalTime> clock;  // nothing: the machine's own
+  Configuration configuration;
+  std::vector<std::string> steering;  // lines to obey before the line opens
+  bool isHelpWanted = false;
+};
+
+struct ParsedOptions {
+  Options options;
+  std::string error;  // empty: none
+};
+
+// Reads the arguments behind the program's name.
+[[nodiscard]] ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments);
+
+// One line for each option.
+[[nodiscard]] std::string usage();
+
+}  // namespace corvid::simulator

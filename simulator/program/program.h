@@ -1,0 +1,59 @@
+// The printer as a program: its files and its steering, around the line that a front end moves.
+#pragma once
+
+#include "simulator/device/memory_file.h"
+#include "simulator/program/options.h"
+#include "simulator/program/printer.h"
+#include "simulator/program/steering.h"
+
+#include <fstream>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvid::simulator {
+
+class Program {
+ public:
+  // Opens the files that the options name, and obeys their lines without an answer.
+  // std::runtime_error for a file that does not open, a damaged memory, or a line that is not
+  // understood.
+  Program(const Options& options, std::ostream& out);
+  // The printer's listeners point into the program.
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  Program(Program&&) = delete;
+  Program& operator=(Program&&) = delete;
+  ~Program() = default;
+
+  // std::runtime_error when the memory's file cannot be written.
+  [[nodiscard]] std::vector<Chunk> receive(std::string_view bytes) {
+    return printer_.receive(bytes);
+  }
+
+  // Takes bytes of standard input and obeys every whole line in them; false after "quit".
+  bool steer(std::string_view bytes);
+
+  // Tells the one who waits for it that the line is open.
+  void announce(std::string_view line);
+
+ private:
+  Printer printer_;
+  std::ostream& out_;
+  Steering steering_;
+  MemoryFile memory_;
+  std::ofstream paper_;
+  std::ofstream wire_;
+  std::string input_;  // standard input since its last line end
+};
+
+// One line of the wire file: ">" (from the host) or "<", the bytes made readable, a tab, and the
+// bytes in hexadecimal.
+[[nodiscard]] std::string wireLine(Printer::Direction direction, std::string_view bytes);
+
+// Defined by the platform's front end: serves the line that the options name until "quit", and
+// returns the exit code. std::system_error when the line does not open.
+int serve(const Options& options, Program& program);
+
+}  // namespace corvid::simulator

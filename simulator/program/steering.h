@@ -1,0 +1,44 @@
+// The line commands by which a person or a test harness steers a running printer.
+#pragma once
+
+#include "simulator/program/printer.h"
+
+#include <ostream>
+#include <string_view>
+
+namespace corvid::simulator {
+
+// Each line gets one answer line: "ok", or "error: " and a reason; what a command shows comes
+// before it. Every answer is flushed at once.
+//
+//   refuse, silent, lose, enq-first, end-eot, corrupt-check    TIMES
+//   bytewise       TIMES [milliseconds between pieces]
+//   split          TIMES [bytes in front of the cut] [milliseconds between pieces]
+//   corrupt-data   TIMES [position in the block, its STX is 0]
+//   noise          TIMES [bytes, escaped]
+//                  TIMES is on, off or a number; see Fault and Misbehaviour.
+//   answer COMMAND [text]    answer a command that begins so by this text; without a text, by what
+//                            the printer knows again
+//   more COMMAND text        one more block to the answer told
+//   baud N         take and send bytes at so many bits a second; 0: at once
+//   error N        the second status byte: 64 none, 65 no paper, any other to 127
+//   memory-full on|off
+//   reset          end all faults, forget answers told
+//   paper          show everything printed so far
+//   state          show both status bytes, the drawer's openings and the last invoice's number
+//   quit
+//
+// Escaped texts: \n is a line feed, \xHH any byte (a blank in COMMAND is \x20), \\ a backslash.
+class Steering {
+ public:
+  Steering(Printer& printer, std::ostream& out) : printer_(printer), out_(out) {}
+
+  // False after "quit".
+  bool obey(std::string_view line);
+
+ private:
+  Printer& printer_;
+  std::ostream& out_;
+};
+
+}  // namespace corvid::simulator
