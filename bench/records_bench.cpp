@@ -31,10 +31,10 @@ const std::wstring kCounters =
 const std::wstring kDocument = L"S2 000123456\n000019753\n1234\n5000\n000143209\n02\n1";
 const std::wstring kRates = L"21600\n20800\n23100\n20300\n" + repeated(L"01", 64);
 const std::wstring kMeans = L"S4000000012345" + repeated(L"\n000000012345", 23);
-const std::wstring kOfClosure = L"0012\n260314\n1030\n00001234\n260314\n1029";
+const std::wstring kOfZReport = L"0012\n260314\n1030\n00001234\n260314\n1029";
 const std::wstring kSummary =
-    kOfClosure + repeated(L"\n00000012", 3) + repeated(L"\n000012345", 30);
-const std::wstring kClosure = kOfClosure + repeated(L"\n000000012345", 22);
+    kOfZReport + repeated(L"\n00000012", 3) + repeated(L"\n000012345", 30);
+const std::wstring kZReport = kOfZReport + repeated(L"\n000000012345", 22);
 
 // The value that each record reads last: what the reply did not fill would be timed too short.
 bool isFilled(const CountersRecord& record) { return record.values.notasCreditoDia != 0; }
@@ -82,7 +82,7 @@ BENCHMARK_TEMPLATE(parse, RatesRecord, kRates)->Name("record/PrinterResponse3");
 BENCHMARK_TEMPLATE(parse, PaymentsRecord, kMeans)->Name("record/PrinterResponse4");
 BENCHMARK_TEMPLATE(parse, DocumentStateRecord, kDocument)->Name("record/EstadoDocumento");
 BENCHMARK_TEMPLATE(parse, DailySummary, kSummary)->Name("record/ResumenZ");
-BENCHMARK_TEMPLATE(parse, ZReportRecord, kClosure)->Name("record/ReporteZMF");
+BENCHMARK_TEMPLATE(parse, ZReportRecord, kZReport)->Name("record/ReporteZMF");
 
 }  // namespace
 }  // namespace corvid

@@ -53,7 +53,7 @@ def prepare(name, immediate=True, timeout=10, traced=False):
 
 
 class Sale:
-    """One sale, in seconds, and what stood on the wire behind the opening's status request."""
+    """One sale, in seconds, and what stood on the wire after the opening's status request."""
 
     def __init__(self, name, port, **settings):
         folder = prepare(name, **settings)

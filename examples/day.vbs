@@ -78,7 +78,7 @@ Sub SellForCash()
 End Sub
 
 Sub SellWithDiscount()
-  Heading "A sale with a discount, paid by two means"
+  Heading "A sale with a discount, paid by two methods"
   Check "PasarItem", printer.PasarItem("Queso blanco", 40, 2.5, 16)
   Check "SubTotal", printer.SubTotal()
   Check "PasarDescuento", printer.PasarDescuento(10)
@@ -148,14 +148,14 @@ Function Returned(summary)
 End Function
 
 Sub ShowClosures()
-  Dim closures, closure
-  Heading "The closures in the printer's fiscal memory"
-  Set closures = printer.reportesZMF(1, 9999)
-  WScript.Echo closures.Count & " found"
-  For Each closure In closures
-    WScript.Echo closure.toString
+  Dim zReports, zReport
+  Heading "The Z reports in the printer's fiscal memory"
+  Set zReports = printer.reportesZMF(1, 9999)
+  WScript.Echo zReports.Count & " found"
+  For Each zReport In zReports
+    WScript.Echo zReport.toString
   Next
-  Set closure = printer.loadReporteZMF(closures(closures.Count).numeroCierre)
-  WScript.Echo "The last one is of " & closure.fechaCierre
+  Set zReport = printer.loadReporteZMF(zReports(zReports.Count).numeroCierre)
+  WScript.Echo "The last one is of " & zReport.fechaCierre
   Check "Logoff", printer.Logoff()
 End Sub

@@ -66,9 +66,9 @@ bool discount(const Session& printer, double percentage) {
   return report(printer, L"PasarDescuento", failed);
 }
 
-bool pay(const Session& printer, int means, double amount) {
+bool pay(const Session& printer, int method, double amount) {
   short outcome = 0;
-  check(printer->CerrarConMedio(host::Value(means).get(), host::Value(amount).get(), &outcome));
+  check(printer->CerrarConMedio(host::Value(method).get(), host::Value(amount).get(), &outcome));
   return report(printer, L"CerrarConMedio", outcome);
 }
 

@@ -49,13 +49,13 @@ void closeDocument(Machine& machine) {
   machine.customer = Customer{};
 }
 
-Reply payAmount(Machine& machine, std::size_t means, Amount amount, bool isRefund) {
+Reply payAmount(Machine& machine, std::size_t method, Amount amount, bool isRefund) {
   std::optional<Document>& document = machine.document;
   if (!document || (document->kind() == DocumentKind::CreditNote) != isRefund) {
     return refused();
   }
   const bool isFirst = !document->hasPayments();
-  if (!document->pay(means, amount)) {
+  if (!document->pay(method, amount)) {
     return refused();
   }
   if (isFirst) {
@@ -91,20 +91,20 @@ Reply adjustGeneral(Machine& machine, std::string_view arguments, int parts) {
 }
 
 Reply payAll(Machine& machine, std::string_view arguments, int /*unused*/) {
-  const auto means = takeDigits(arguments, 2);
-  if (!means || !arguments.empty()) {
+  const auto method = takeDigits(arguments, 2);
+  if (!method || !arguments.empty()) {
     return refused();
   }
-  return payAmount(machine, static_cast<std::size_t>(*means), 0, false);
+  return payAmount(machine, static_cast<std::size_t>(*method), 0, false);
 }
 
 Reply pay(Machine& machine, std::string_view arguments, int isRefund) {
-  const auto means = takeDigits(arguments, 2);
+  const auto method = takeDigits(arguments, 2);
   const auto amount = onlyField(arguments, paymentFormat(machine), kAmountDecimals);
-  if (!means || !amount) {
+  if (!method || !amount) {
     return refused();
   }
-  return payAmount(machine, static_cast<std::size_t>(*means), *amount, isRefund != 0);
+  return payAmount(machine, static_cast<std::size_t>(*method), *amount, isRefund != 0);
 }
 
 Reply cancel(Machine& machine, std::string_view arguments, int /*unused*/) {

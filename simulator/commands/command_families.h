@@ -32,7 +32,7 @@ enum AdjustmentPart { kPercent = 1, kSurcharge = 2 };
 Reply adjustByDigits(Machine& machine, std::string_view arguments, int parts);
 Reply adjustGeneral(Machine& machine, std::string_view arguments, int parts);
 
-// Payments: two digits of the means, and an amount (0: all that is left). They close the document
+// Payments: two digits of the method, and an amount (0: all that is left). They close the document
 // once it is paid: these an invoice or a debit note, and with isRefund a credit note.
 Reply payAll(Machine& machine, std::string_view arguments, int);
 Reply pay(Machine& machine, std::string_view arguments, int isRefund);
@@ -68,17 +68,17 @@ Reply queryState(Machine& machine, std::string_view arguments, int query);
 // The running day's summary; or the latest day's: a day that was closed stays the latest until the
 // next document.
 Reply querySummary(Machine& machine, std::string_view arguments, int ofRunningDay);
-// The first and the last closure asked for, six digits each: numbers, or dates as yymmdd. One block
-// for each closure; a range in which there is none is refused.
-Reply queryClosures(Machine& machine, std::string_view arguments, int isByDate);
-[[nodiscard]] std::vector<Closure> closuresOf(const Machine& machine, std::string_view range,
+// The first and the last Z report asked for, six digits each: numbers, or dates as yymmdd. One
+// block for each Z report; a range in which there is none is refused.
+Reply queryZReports(Machine& machine, std::string_view arguments, int isByDate);
+[[nodiscard]] std::vector<ZReport> zReportsOf(const Machine& machine, std::string_view range,
                                               bool isByDate);
 
 // Reports and reprints on the paper, only between documents.
 // The day's sums; the parameter tells whether this ends the day. Refused in training.
 Reply reportDay(Machine& machine, std::string_view arguments, int doClose);
-// The closures of a range, as for queryClosures.
-Reply reportClosures(Machine& machine, std::string_view arguments, int isByDate);
+// The Z reports of a range, as for queryClosures.
+Reply reportZReports(Machine& machine, std::string_view arguments, int isByDate);
 // A letter of kCopyKinds and two numbers, or the small letter and two dates as yymmdd, of seven
 // digits each. Refused when there is no such document.
 Reply reprint(Machine& machine, std::string_view arguments, int);

@@ -81,12 +81,12 @@ constexpr std::array kCommands = {
     Command{"S4", queryState, kPayments, false},
     Command{"U0X", querySummary, 1, false},
     Command{"U0Z", querySummary, 0, false},
-    Command{"U2A", queryClosures, 1, false},
-    Command{"U3A", queryClosures, 0, false},
+    Command{"U2A", queryZReports, 1, false},
+    Command{"U3A", queryZReports, 0, false},
     Command{"I0X", reportDay, 0},
     Command{"I0Z", reportDay, 1},
-    Command{"I2A", reportClosures, 1},
-    Command{"I3A", reportClosures, 0},
+    Command{"I2A", reportZReports, 1},
+    Command{"I3A", reportZReports, 0},
     Command{"R", reprint},
 };
 

@@ -23,7 +23,7 @@ struct Reply {
 
 struct Command {
   std::string_view prefix;
-  // `arguments` is what stands behind the prefix; `parameter` tells the commands of a family apart.
+  // `arguments` is what stands after the prefix; `parameter` tells the commands of a family apart.
   Reply (*run)(Machine& machine, std::string_view arguments, int parameter);
   int parameter = 0;
   bool needsPaper = true;

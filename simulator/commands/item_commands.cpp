@@ -14,7 +14,7 @@ std::optional<Item> itemOfFields(const Machine& machine, std::string_view argume
   return Item{static_cast<std::size_t>(rate), *price, *quantity, std::string(arguments), ""};
 }
 
-// What stands in front of `mark`, which goes too; nothing when the mark is not there.
+// What stands before `mark`, which goes too; nothing when the mark is not there.
 std::optional<std::string_view> takeUntil(std::string_view& rest, std::string_view mark) {
   const auto at = rest.find(mark);
   if (at == std::string_view::npos) {
@@ -36,9 +36,9 @@ std::string takeCode(std::string_view& rest) {
   if (!rest.starts_with('|')) {
     return "";
   }
-  std::string_view behind = rest.substr(1);
-  const auto code = takeUntil(behind, "|");
-  rest = code ? behind : rest;
+  std::string_view after = rest.substr(1);
+  const auto code = takeUntil(after, "|");
+  rest = code ? after : rest;
   return std::string(code.value_or(""));
 }
 

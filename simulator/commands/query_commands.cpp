@@ -29,27 +29,27 @@ Reply querySummary(Machine& machine, std::string_view arguments, int ofRunningDa
                             machine.configuration.model.summaryFields)});
 }
 
-std::vector<Closure> closuresOf(const Machine& machine, std::string_view range, bool isByDate) {
+std::vector<ZReport> zReportsOf(const Machine& machine, std::string_view range, bool isByDate) {
   constexpr std::size_t kDigits = 6;
   const auto first = takeDigits(range, kDigits);
   const auto last = takeDigits(range, kDigits);
-  std::vector<Closure> found;
+  std::vector<ZReport> found;
   if (!first || !last || !range.empty()) {
     return found;
   }
-  for (const Closure& closure : machine.memory.closures()) {
-    const int key = isByDate ? dateNumber(closure.time) : closure.last.closures;
+  for (const ZReport& zReport : machine.memory.zReports()) {
+    const int key = isByDate ? dateNumber(zReport.time) : zReport.last.zReports;
     if (key >= *first && key <= *last) {
-      found.push_back(closure);
+      found.push_back(zReport);
     }
   }
   return found;
 }
 
-Reply queryClosures(Machine& machine, std::string_view arguments, int isByDate) {
+Reply queryZReports(Machine& machine, std::string_view arguments, int isByDate) {
   std::vector<std::string> blocks;
-  for (const Closure& closure : closuresOf(machine, arguments, isByDate != 0)) {
-    blocks.push_back(closureReply(closure));
+  for (const ZReport& zReport : zReportsOf(machine, arguments, isByDate != 0)) {
+    blocks.push_back(zReportReply(zReport));
   }
   return blocks.empty() ? refused() : data(std::move(blocks));
 }

@@ -6,7 +6,7 @@ namespace corvid::simulator {
 
 std::string money(Amount amount) { return zeroPadded(amount, 10); }
 std::string documentNumber(int number) { return zeroPadded(number, 8); }
-std::string closureNumber(int number) { return zeroPadded(number, 4); }
+std::string zReportNumber(int number) { return zeroPadded(number, 4); }
 
 void append(Fields& fields, Fields more) {
   fields.insert(fields.end(), std::make_move_iterator(more.begin()),

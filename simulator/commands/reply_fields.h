@@ -13,7 +13,7 @@ using Fields = std::vector<std::string>;
 // Hundredths without a point, ten digits or as many as it takes.
 [[nodiscard]] std::string money(Amount amount);
 [[nodiscard]] std::string documentNumber(int number);  // eight digits
-[[nodiscard]] std::string closureNumber(int number);   // four digits
+[[nodiscard]] std::string zReportNumber(int number);   // four digits
 
 void append(Fields& fields, Fields more);
 

@@ -24,18 +24,18 @@ Reply reportDay(Machine& machine, std::string_view arguments, int doClose) {
   printDayReport(machine, doClose != 0);
   machine.memory.recordReport();
   if (doClose != 0) {
-    const int number = machine.memory.closeDay(machine.now()).last.closures;
-    machine.keepCopy(kClosureCopy, number);
+    const int number = machine.memory.closeDay(machine.now()).last.zReports;
+    machine.keepCopy(kZReportCopy, number);
   }
   return done();
 }
 
-Reply reportClosures(Machine& machine, std::string_view arguments, int isByDate) {
-  const std::vector<Closure> found = closuresOf(machine, arguments, isByDate != 0);
+Reply reportZReports(Machine& machine, std::string_view arguments, int isByDate) {
+  const std::vector<ZReport> found = zReportsOf(machine, arguments, isByDate != 0);
   if (found.empty() || !canReport(machine)) {
     return refused();
   }
-  printClosures(machine, found);
+  printZReports(machine, found);
   return done();
 }
 

@@ -33,7 +33,7 @@ Fields longCounters(const Machine& machine) {
   append(fields, numberAndCount(machine, DocumentKind::CreditNote));
   append(fields, nonFiscalCounters(machine));
   append(fields,
-         {closureNumber(last.reports), closureNumber(last.closures), machine.configuration.rif,
+         {zReportNumber(last.reports), zReportNumber(last.zReports), machine.configuration.rif,
           machine.configuration.serial, wireTime(machine.now()), wireDate(machine.now())});
   return fields;
 }
@@ -43,7 +43,7 @@ Fields shortCounters(const Machine& machine) {
   Fields fields = cashierAndSales(machine);
   append(fields, nonFiscalCounters(machine));
   append(fields,
-         {closureNumber(last.closures), closureNumber(last.reports), machine.configuration.rif,
+         {zReportNumber(last.zReports), zReportNumber(last.reports), machine.configuration.rif,
           machine.configuration.serial, wireDate(machine.now()), wireTime(machine.now())});
   append(fields, numberAndCount(machine, DocumentKind::CreditNote));
   return fields;
@@ -113,9 +113,9 @@ std::string documentReply(const Machine& machine) {
 std::string paymentsReply(const Machine& machine) {
   const Day& today = machine.memory.today();
   Fields fields;
-  for (std::size_t means = 0; means < kPaymentMeans; ++means) {
-    fields.push_back(money(today.of(DocumentKind::Invoice).payments.at(means) +
-                           today.of(DocumentKind::DebitNote).payments.at(means)));
+  for (std::size_t method = 0; method < kPaymentMethods; ++method) {
+    fields.push_back(money(today.of(DocumentKind::Invoice).payments.at(method) +
+                           today.of(DocumentKind::DebitNote).payments.at(method)));
   }
   fields.front().insert(0, "S4");
   return joined(fields);

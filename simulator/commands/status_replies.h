@@ -23,7 +23,7 @@ namespace corvid::simulator {
 // one.
 [[nodiscard]] std::string documentReply(const Machine& machine);
 
-// What the running day's invoices and debit notes brought in by each means, with the levy on it;
+// What the running day's invoices and debit notes brought in by each method, with the levy on it;
 // refunds are not taken off.
 [[nodiscard]] std::string paymentsReply(const Machine& machine);
 

@@ -14,7 +14,7 @@ Fields lastInvoice(const LastNumbers& last) {
           wireTime(last.invoiceTime)};
 }
 
-Fields seven(const Closure& day, DocumentKind kind) {
+Fields seven(const ZReport& day, DocumentKind kind) {
   const RateSums& sums = day.day.of(kind).byRate;
   Fields fields = {money(sums.front().base)};
   for (std::size_t rate = 1; rate <= kTaxRates; ++rate) {
@@ -24,14 +24,14 @@ Fields seven(const Closure& day, DocumentKind kind) {
 }
 
 // The fields with which all layouts but the shortest begin.
-Fields head(const Closure& day) {
-  Fields fields = {closureNumber(day.last.closures), wireDate(day.time), wireTime(day.time)};
+Fields head(const ZReport& day) {
+  Fields fields = {zReportNumber(day.last.zReports), wireDate(day.time), wireTime(day.time)};
   append(fields, lastInvoice(day.last));
   return fields;
 }
 
-Fields basicSummary(const Closure& day) {
-  Fields fields = {closureNumber(day.last.closures), wireDate(day.time)};
+Fields basicSummary(const ZReport& day) {
+  Fields fields = {zReportNumber(day.last.zReports), wireDate(day.time)};
   append(fields, lastInvoice(day.last));
   append(fields, seven(day, kInvoice));
   append(fields, seven(day, kCreditNote));
@@ -39,7 +39,7 @@ Fields basicSummary(const Closure& day) {
   return fields;
 }
 
-Fields notedSummary(const Closure& day) {
+Fields notedSummary(const ZReport& day) {
   Fields fields = head(day);
   append(fields, seven(day, kInvoice));
   append(fields, seven(day, kDebitNote));
@@ -60,7 +60,7 @@ Fields levies(const Day& day) {
   return fields;
 }
 
-Fields fullSummary(const Closure& day) {
+Fields fullSummary(const ZReport& day) {
   Fields fields = head(day);
   append(fields, {documentNumber(day.last.of(kDebitNote)), documentNumber(day.last.of(kCreditNote)),
                   documentNumber(day.last.nonFiscal)});
@@ -72,7 +72,7 @@ Fields fullSummary(const Closure& day) {
   return fields;
 }
 
-Fields summary(const Closure& day, std::size_t size) {
+Fields summary(const ZReport& day, std::size_t size) {
   constexpr std::size_t kBasic = 20;
   constexpr std::size_t kNoted = 29;
   if (size == kBasic) {
@@ -88,13 +88,13 @@ Fields summary(const Closure& day, std::size_t size) {
 
 }  // namespace
 
-std::string summaryReply(const Closure& day, std::size_t fields) {
+std::string summaryReply(const ZReport& day, std::size_t fields) {
   return joined(summary(day, fields));
 }
 
-std::string closureReply(const Closure& closure) {
-  constexpr std::size_t kClosureFields = 30;
-  return joined(summary(closure, kClosureFields));
+std::string zReportReply(const ZReport& zReport) {
+  constexpr std::size_t kZReportFields = 30;
+  return joined(summary(zReport, kZReportFields));
 }
 
 }  // namespace corvid::simulator

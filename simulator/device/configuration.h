@@ -17,11 +17,11 @@ namespace corvid::simulator {
 inline constexpr std::size_t kRateCount = 5;
 inline constexpr std::size_t kTaxRates = 3;
 inline constexpr std::size_t kCollectedRate = 4;
-inline constexpr std::size_t kPaymentMeans = 24;
+inline constexpr std::size_t kPaymentMethods = 24;
 inline constexpr std::size_t kFlagCount = 64;
 
 // Means of payment from here on are foreign currency, on which a levy (IGTF) is due.
-inline constexpr std::size_t kFirstForeignMeans = 20;
+inline constexpr std::size_t kFirstForeignMethod = 20;
 
 // Lines that the host can program above and below a document.
 inline constexpr std::size_t kProgrammedLines = 8;

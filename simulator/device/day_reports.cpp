@@ -10,7 +10,7 @@ namespace {
 constexpr std::array kKinds = {DocumentKind::Invoice, DocumentKind::DebitNote,
                                DocumentKind::CreditNote};
 
-void printClosureNumber(Paper& paper, int number) {
+void printZReportNumber(Paper& paper, int number) {
   paper.columns("CIERRE Z:", zeroPadded(number, 4));
 }
 
@@ -22,15 +22,15 @@ void printKindSums(Paper& paper, const KindOfDay& sums, const Rates& rates) {
 }
 
 void printPayments(Paper& paper, const KindOfDay& kind) {
-  for (std::size_t means = 1; means <= kPaymentMeans; ++means) {
-    const Amount amount = kind.payments.at(means - 1);
+  for (std::size_t method = 1; method <= kPaymentMethods; ++method) {
+    const Amount amount = kind.payments.at(method - 1);
     if (amount != 0) {
-      printPayment(paper, {means, amount});
+      printPayment(paper, {method, amount});
     }
   }
 }
 
-void printKind(Paper& paper, DocumentKind kind, const Closure& day, const Rates& rates) {
+void printKind(Paper& paper, DocumentKind kind, const ZReport& day, const Rates& rates) {
   paper.centred(titleOf(kind));
   paper.columns("ULTIMO NUMERO", zeroPadded(day.last.of(kind), 8));
   printKindSums(paper, day.day.of(kind), rates);
@@ -38,38 +38,38 @@ void printKind(Paper& paper, DocumentKind kind, const Closure& day, const Rates&
   paper.rule();
 }
 
-void printDay(Paper& paper, const Closure& day, const Rates& rates) {
+void printDay(Paper& paper, const ZReport& day, const Rates& rates) {
   for (const DocumentKind kind : kKinds) {
     printKind(paper, kind, day, rates);
   }
   paper.columns("DOCUMENTOS NO FISCALES", std::to_string(day.day.nonFiscal));
 }
 
-void printClosure(Paper& paper, const Closure& closure, const Rates& rates) {
-  printClosureNumber(paper, closure.last.closures);
-  paper.columns("FECHA: " + paperDate(closure.time), "HORA: " + paperTime(closure.time));
-  printDay(paper, closure, rates);
+void printZReport(Paper& paper, const ZReport& zReport, const Rates& rates) {
+  printZReportNumber(paper, zReport.last.zReports);
+  paper.columns("FECHA: " + paperDate(zReport.time), "HORA: " + paperTime(zReport.time));
+  printDay(paper, zReport, rates);
   paper.rule();
 }
 
 }  // namespace
 
 void printDayReport(Machine& machine, bool doClose) {
-  const Closure day = machine.memory.runningDay();
+  const ZReport day = machine.memory.runningDay();
   printPlainHeading(machine.paper, machine.configuration, doClose ? "REPORTE Z" : "REPORTE X",
                     machine.now());
   if (doClose) {
-    printClosureNumber(machine.paper, day.last.closures + 1);
+    printZReportNumber(machine.paper, day.last.zReports + 1);
   }
   printDay(machine.paper, day, machine.configuration.rates);
   printFoot(machine.paper, machine.configuration);
 }
 
-void printClosures(Machine& machine, const std::vector<Closure>& closures) {
+void printZReports(Machine& machine, const std::vector<ZReport>& zReports) {
   printPlainHeading(machine.paper, machine.configuration, "REPORTE DE MEMORIA FISCAL",
                     machine.now());
-  for (const Closure& closure : closures) {
-    printClosure(machine.paper, closure, machine.configuration.rates);
+  for (const ZReport& zReport : zReports) {
+    printZReport(machine.paper, zReport, machine.configuration.rates);
   }
   printFoot(machine.paper, machine.configuration);
 }

@@ -10,7 +10,7 @@ namespace corvid::simulator {
 // that it leads to when it ends the day (Z), none when it goes on (X).
 void printDayReport(Machine& machine, bool doClose);
 
-// Closures as the memory keeps them, under one heading.
-void printClosures(Machine& machine, const std::vector<Closure>& closures);
+// Z reports as the memory keeps them, under one heading.
+void printZReports(Machine& machine, const std::vector<ZReport>& zReports);
 
 }  // namespace corvid::simulator

@@ -64,13 +64,13 @@ std::optional<Amount> Document::adjust(const Adjustment& adjustment) {
   return amount;
 }
 
-bool Document::pay(std::size_t means, Amount amount) {
-  const bool isKnown = means >= 1 && means <= kPaymentMeans;
+bool Document::pay(std::size_t method, Amount amount) {
+  const bool isKnown = method >= 1 && method <= kPaymentMethods;
   const bool isRefundTooLarge = kind_ == DocumentKind::CreditNote && amount > left();
   if (!isKnown || isRefundTooLarge || !hasItems() || amount > kMaxAmount) {
     return false;
   }
-  Payment payment{means, amount == 0 ? left() : amount};
+  Payment payment{method, amount == 0 ? left() : amount};
   payment.levy = levyOn(payment);
   payments_.push_back(payment);
   return true;
@@ -112,7 +112,7 @@ Amount Document::change() const { return std::max<Amount>(0, paid() - totals().t
 
 // The change goes back in cash: what it came from bears no levy.
 TaxedAmount Document::levyOn(const Payment& payment) const {
-  if (payment.means < kFirstForeignMeans || !levyRate_) {
+  if (payment.method < kFirstForeignMethod || !levyRate_) {
     return {};
   }
   const Amount base = std::min(payment.amount, left());

@@ -31,10 +31,10 @@ struct Adjustment {
 };
 
 struct Payment {
-  std::size_t means = 1;  // 1 to kPaymentMeans
+  std::size_t method = 1;  // 1 to kPaymentMeans
   Amount amount = 0;
   // What of a foreign-currency payment went to the document, and the levy on it, which is collected
-  // on top of the amount by the same means.
+  // on top of the amount by the same method.
   TaxedAmount levy{};
 };
 
@@ -71,8 +71,8 @@ class Document {
 
   // Pays an amount, or for 0 all that is left. The levy on a foreign-currency payment is rounded
   // half up for each payment; it comes on top and leaves what is left to pay as it is. Refused: a
-  // means that is none, a document without items, a credit note's refund above what is left.
-  bool pay(std::size_t means, Amount amount);
+  // method that is none, a document without items, a credit note's refund above what is left.
+  bool pay(std::size_t method, Amount amount);
 
   [[nodiscard]] bool hasItems() const;
   [[nodiscard]] bool hasPayments() const { return !payments_.empty(); }

@@ -20,9 +20,9 @@ void add(RateSums& sums, const RateSums& more) {
 
 void addPayments(KindOfDay& kind, const Document& document) {
   for (const Payment& payment : document.payments()) {
-    kind.payments.at(payment.means - 1) += payment.amount + payment.levy.tax;
+    kind.payments.at(payment.method - 1) += payment.amount + payment.levy.tax;
   }
-  kind.payments.at(document.payments().back().means - 1) -= document.change();
+  kind.payments.at(document.payments().back().method - 1) -= document.change();
 }
 
 }  // namespace
@@ -40,8 +40,8 @@ FiscalMemory::FiscalMemory(int lastInvoice) {
   last_.documents.at(indexOf(DocumentKind::Invoice)) = lastInvoice;
 }
 
-FiscalMemory::FiscalMemory(const LastNumbers& last, const Day& today, std::vector<Closure> closures)
-    : last_(last), today_(today), closures_(std::move(closures)) {}
+FiscalMemory::FiscalMemory(const LastNumbers& last, const Day& today, std::vector<ZReport> zReports)
+    : last_(last), today_(today), zReports_(std::move(zReports)) {}
 
 void FiscalMemory::record(const Document& document, const LocalTime& time) {
   const Totals totals = document.totals();
@@ -62,19 +62,19 @@ void FiscalMemory::recordNonFiscal() {
   ++today_.nonFiscal;
 }
 
-Closure FiscalMemory::runningDay() const {
-  return {closures_.empty() ? LocalTime{} : closures_.back().time, last_, today_};
+ZReport FiscalMemory::runningDay() const {
+  return {zReports_.empty() ? LocalTime{} : zReports_.back().time, last_, today_};
 }
 
-Closure FiscalMemory::latestDay() const {
-  return today_.isEmpty() && !closures_.empty() ? closures_.back() : runningDay();
+ZReport FiscalMemory::latestDay() const {
+  return today_.isEmpty() && !zReports_.empty() ? zReports_.back() : runningDay();
 }
 
-const Closure& FiscalMemory::closeDay(const LocalTime& time) {
-  ++last_.closures;
-  closures_.push_back({time, last_, today_});
+const ZReport& FiscalMemory::closeDay(const LocalTime& time) {
+  ++last_.zReports;
+  zReports_.push_back({time, last_, today_});
   today_ = Day{};
-  return closures_.back();
+  return zReports_.back();
 }
 
 }  // namespace corvid::simulator

@@ -17,8 +17,8 @@ struct KindOfDay {
   Amount total = 0;  // all bases, taxes and levies: what the documents came to
   RateSums byRate{};
   TaxedAmount levy{};  // on payments in foreign currency
-  // They add up to the total: with their levy, and the change taken off the means it came from.
-  std::array<Amount, kPaymentMeans> payments{};
+  // They add up to the total: with their levy, and the change taken off the method it came from.
+  std::array<Amount, kPaymentMethods> payments{};
 };
 
 struct Day {
@@ -33,7 +33,7 @@ struct Day {
 struct LastNumbers {
   std::array<int, kDocumentKinds> documents{};
   int nonFiscal = 0;
-  int closures = 0;
+  int zReports = 0;
   int reports = 0;
   LocalTime invoiceTime;  // of the last invoice
 
@@ -42,9 +42,9 @@ struct LastNumbers {
 
 // A day as its closing left it; or a day that is not closed yet, and then the time and the number
 // are those of the closing before.
-struct Closure {
+struct ZReport {
   LocalTime time;
-  LastNumbers last;  // closures: this closure's own number
+  LastNumbers last;  // Z reports: this Z report's own number
   Day day;
 };
 
@@ -52,29 +52,29 @@ class FiscalMemory {
  public:
   explicit FiscalMemory(int lastInvoice);
   // One that goes on from what was kept.
-  FiscalMemory(const LastNumbers& last, const Day& today, std::vector<Closure> closures);
+  FiscalMemory(const LastNumbers& last, const Day& today, std::vector<ZReport> zReports);
 
   // A closed document enters the day's sums and takes the next number of its kind.
   void record(const Document& document, const LocalTime& time);
   void recordNonFiscal();
   void recordReport() { ++last_.reports; }
 
-  // Ends the day: its sums become a closure, and a new day starts at zero.
-  const Closure& closeDay(const LocalTime& time);
+  // Ends the day: its sums become a Z report, and a new day starts at zero.
+  const ZReport& closeDay(const LocalTime& time);
 
   [[nodiscard]] int nextNumber(DocumentKind kind) const { return last_.of(kind) + 1; }
   [[nodiscard]] const LastNumbers& last() const { return last_; }
   [[nodiscard]] const Day& today() const { return today_; }
-  [[nodiscard]] Closure runningDay() const;
+  [[nodiscard]] ZReport runningDay() const;
   // The running day; until its first document, the day closed last, if any.
-  [[nodiscard]] Closure latestDay() const;
+  [[nodiscard]] ZReport latestDay() const;
   // In the order of their numbers.
-  [[nodiscard]] const std::vector<Closure>& closures() const { return closures_; }
+  [[nodiscard]] const std::vector<ZReport>& zReports() const { return zReports_; }
 
  private:
   LastNumbers last_;
   Day today_;
-  std::vector<Closure> closures_;
+  std::vector<ZReport> zReports_;
 };
 
 }  // namespace corvid::simulator

@@ -15,7 +15,7 @@ inline constexpr char kInvoiceCopy = 'F';
 inline constexpr char kDebitNoteCopy = 'D';
 inline constexpr char kCreditNoteCopy = 'C';
 inline constexpr char kNonFiscalCopy = 'N';
-inline constexpr char kClosureCopy = 'Z';
+inline constexpr char kZReportCopy = 'Z';
 
 struct Copy {
   char kind = kInvoiceCopy;

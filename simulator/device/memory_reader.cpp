@@ -19,14 +19,14 @@ class Lines {
     return rest_.starts_with(word) && rest_.substr(word.size(), 1) == " ";
   }
 
-  // What stands behind the word, and the blank that follows it.
+  // What stands after the word, and the blank that follows it.
   std::string_view take(std::string_view word) {
     ++number_;
     const auto end = rest_.find('\n');
     require(isNext(word) && end != std::string_view::npos, word);
-    const std::string_view behind = rest_.substr(word.size() + 1, end - word.size() - 1);
+    const std::string_view after = rest_.substr(word.size() + 1, end - word.size() - 1);
     rest_.remove_prefix(end + 1);
-    return behind;
+    return after;
   }
 
   std::string takeText(std::string_view word) {
@@ -38,13 +38,13 @@ class Lines {
   // The numbers of a line of that word, each from `least` to `most`, and so many.
   std::vector<std::int64_t> takeNumbers(std::string_view word, std::size_t count,
                                         std::int64_t least, std::int64_t most) {
-    std::string_view behind = take(word);
+    std::string_view after = take(word);
     std::vector<std::int64_t> numbers;
     while (numbers.size() < count) {
-      numbers.push_back(takeNumber(behind));
+      numbers.push_back(takeNumber(after));
       require(numbers.back() >= least && numbers.back() <= most, "a number in its range");
     }
-    require(behind.empty(), "the line's end");
+    require(after.empty(), "the line's end");
     return numbers;
   }
 
@@ -61,7 +61,7 @@ class Lines {
   }
 
  private:
-  // Takes the blank behind it too.
+  // Takes the blank after it too.
   std::int64_t takeNumber(std::string_view& text) const {
     std::int64_t number = 0;
     const auto end = std::min(text.find(' '), text.size());
@@ -134,7 +134,7 @@ LastNumbers takeLast(Lines& lines) {
     last.documents.at(kind) = intAt(numbers, kind);
   }
   last.nonFiscal = intAt(numbers, kDocumentKinds);
-  last.closures = intAt(numbers, kDocumentKinds + 1);
+  last.zReports = intAt(numbers, kDocumentKinds + 1);
   last.reports = intAt(numbers, kDocumentKinds + 2);
   last.invoiceTime = timeAt(lines, numbers, kCounters);
   return last;
@@ -142,7 +142,7 @@ LastNumbers takeLast(Lines& lines) {
 
 KindOfDay takeKind(Lines& lines) {
   constexpr std::size_t kSums = 2 + 2 * kRateCount + 2;
-  const Numbers numbers = lines.takeNumbers("kind", kSums + kPaymentMeans, 0, kMostAmount);
+  const Numbers numbers = lines.takeNumbers("kind", kSums + kPaymentMethods, 0, kMostAmount);
   auto next = numbers.begin();
   KindOfDay kind;
   lines.require(numbers.front() <= kMostInt, "a count of documents");
@@ -167,22 +167,22 @@ Day takeDay(Lines& lines) {
   return day;
 }
 
-std::vector<Closure> takeClosures(Lines& lines) {
-  std::vector<Closure> closures;
-  while (lines.isNext("closure")) {
-    Closure closure;
-    closure.time = timeAt(lines, lines.takeNumbers("closure", kTimeNumbers, 0, kMostInt), 0);
-    closure.last = takeLast(lines);
-    closure.day = takeDay(lines);
-    closures.push_back(closure);
+std::vector<ZReport> takeZReports(Lines& lines) {
+  std::vector<ZReport> zReports;
+  while (lines.isNext("zreport")) {
+    ZReport zReport;
+    zReport.time = timeAt(lines, lines.takeNumbers("zreport", kTimeNumbers, 0, kMostInt), 0);
+    zReport.last = takeLast(lines);
+    zReport.day = takeDay(lines);
+    zReports.push_back(zReport);
   }
-  return closures;
+  return zReports;
 }
 
 FiscalMemory takeFiscalMemory(Lines& lines) {
   const LastNumbers last = takeLast(lines);
   const Day today = takeDay(lines);
-  return {last, today, takeClosures(lines)};
+  return {last, today, takeZReports(lines)};
 }
 
 Copy takeCopy(Lines& lines, char kind) {
@@ -208,7 +208,7 @@ Journal takeJournal(Lines& lines) {
   return journal;
 }
 
-// The text in front of the last line, whose check it bears.
+// The text before the last line, whose check it bears.
 std::string_view checkedText(std::string_view text) {
   constexpr std::string_view kEnd = "end ";
   const auto at = text.rfind("\nend ");

@@ -9,7 +9,7 @@
 
 namespace corvid::simulator {
 
-// The memory as a text in ASCII. Each line is a word and, behind blanks, whole numbers or a text in
+// The memory as a text in ASCII. Each line is a word and, after blanks, whole numbers or a text in
 // which \\ stands for a backslash and \xHH for any byte below 32 or above 126. In this order:
 //
 //   corvid-printer-memory 1   the format's number
@@ -19,17 +19,17 @@ namespace corvid::simulator {
 //   cashier N
 //   clock SECONDS             by which the printer's time is off the machine's
 //   header TEXT, footer TEXT  any number of times each, in the order of the lines; may be empty
-//   last ...                  last invoice, debit note, credit note, non-fiscal document, closure,
+//   last ...                  last invoice, debit note, credit note, non-fiscal document, Z report,
 //                             report; year, month, day, hour, minute, second of the last invoice
 //   the running day:
 //     day N                   non-fiscal documents
 //     kind ...                three times (invoices, debit notes, credit notes): count; total; five
 //                             pairs of base and tax by rate index; base and amount of the levy on
-//                             foreign currency; 24 amounts by means of payment; all in hundredths
-//   closure TIME              six numbers; then a line `last` and a day as above; for each closure
-//   copy LETTER NUMBER TIME   a document printed, and behind it
-//   | TEXT                    its lines; for each copy
-//   end CHECK                 eight hexadecimal digits: 32-bit FNV-1a of all bytes before this line
+//                             foreign currency; 24 amounts by payment method; all in hundredths
+//   zreport TIME              six numbers; then a line `last` and a day as above; for each Z
+//   report copy LETTER NUMBER TIME   a document printed, and after it | TEXT                    its
+//   lines; for each copy end CHECK                 eight hexadecimal digits: 32-bit FNV-1a of all
+//   bytes before this line
 //
 // An open document is not part of it: it is lost when the printer goes off.
 [[nodiscard]] std::string memoryText(const Machine& machine);

@@ -53,7 +53,7 @@ std::string configurationText(const Machine& machine) {
 
 std::string lastText(const LastNumbers& last) {
   Numbers numbers(last.documents.begin(), last.documents.end());
-  numbers.insert(numbers.end(), {last.nonFiscal, last.closures, last.reports});
+  numbers.insert(numbers.end(), {last.nonFiscal, last.zReports, last.reports});
   addTo(numbers, last.invoiceTime);
   return line("last", numbers);
 }
@@ -76,10 +76,10 @@ std::string dayText(const LastNumbers& last, const Day& day) {
   return text;
 }
 
-std::string closureText(const Closure& closure) {
+std::string zReportText(const ZReport& zReport) {
   Numbers time;
-  addTo(time, closure.time);
-  return line("closure", time) + dayText(closure.last, closure.day);
+  addTo(time, zReport.time);
+  return line("zreport", time) + dayText(zReport.last, zReport.day);
 }
 
 std::string copyText(const Copy& copy) {
@@ -93,8 +93,8 @@ std::string copyText(const Copy& copy) {
 std::string memoryText(const Machine& machine) {
   std::string text = "corvid-printer-memory 1\n" + configurationText(machine) +
                      dayText(machine.memory.last(), machine.memory.today());
-  for (const Closure& closure : machine.memory.closures()) {
-    text += closureText(closure);
+  for (const ZReport& zReport : machine.memory.zReports()) {
+    text += zReportText(zReport);
   }
   for (const Copy& copy : machine.journal.all()) {
     text += copyText(copy);

@@ -15,8 +15,8 @@ std::string percent(std::int64_t hundredths) { return amountText(hundredths) + "
 
 std::string markOf(std::size_t rate) { return std::string("(") + kRateMarks.at(rate) + ")"; }
 
-std::string nameOfMeans(std::size_t means) {
-  return means == 1 ? "EFECTIVO" : "MEDIO DE PAGO " + zeroPadded(static_cast<int>(means), 2);
+std::string nameOfMethod(std::size_t method) {
+  return method == 1 ? "EFECTIVO" : "MEDIO DE PAGO " + zeroPadded(static_cast<int>(method), 2);
 }
 
 void printProgrammed(Paper& paper, const std::vector<std::string>& lines) {
@@ -139,7 +139,7 @@ void printTotals(Paper& paper, const Document& document) {
 }
 
 void printPayment(Paper& paper, const Payment& payment) {
-  paper.columns(nameOfMeans(payment.means), money(payment.amount));
+  paper.columns(nameOfMethod(payment.method), money(payment.amount));
   printLevy(paper, payment.levy);
 }
 

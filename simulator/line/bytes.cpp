@@ -67,7 +67,7 @@ std::optional<char> byteOfHexadecimal(std::string_view digits) {
   return static_cast<char>(code);
 }
 
-// The byte that an escape stands for; `rest` begins behind the backslash and moves behind it.
+// The byte that an escape stands for; `rest` begins after the backslash and moves after it.
 std::optional<char> takeEscape(std::string_view& rest) {
   const char kind = rest.empty() ? '\0' : rest.front();
   const bool isCode = kind == 'x';

@@ -19,7 +19,7 @@ inline constexpr char kEtb = '\x17';
 // The XOR of all bytes; 0 for none.
 [[nodiscard]] char checkByte(std::string_view bytes);
 
-// STX, the text, `end`, and the check byte over what stands behind STX.
+// STX, the text, `end`, and the check byte over what stands after STX.
 [[nodiscard]] std::string framed(std::string_view text, char end = kEtx);
 
 // Windows-1252 as UTF-8. The five codes without a character become U+FFFD.

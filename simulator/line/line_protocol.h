@@ -23,7 +23,7 @@ struct Received {
 };
 
 // Finds blocks and control bytes in a stream, whatever pieces it arrives in. STX inside a block
-// starts it anew, and ENQ inside one drops it: neither occurs in a command. The byte behind ETX is
+// starts it anew, and ENQ inside one drops it: neither occurs in a command. The byte after ETX is
 // the check byte, whatever its value.
 class LineReceiver {
  public:

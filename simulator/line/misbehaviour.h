@@ -24,11 +24,11 @@ enum class Fault {
   Lose,          // does what it is told, but its answer never arrives
   ByteByByte,    // sends each byte of an answer by itself
   Split,         // sends an answer in two pieces
-  EnquiryFirst,  // puts ENQ in front of an answer
+  EnquiryFirst,  // puts ENQ before an answer
   EndWithEot,    // ends a block with EOT in place of ETX
   CorruptCheck,  // sends a wrong check byte
   CorruptData,   // changes a byte of a block
-  Noise,         // sends other bytes in front of an answer
+  Noise,         // sends other bytes before an answer
 };
 inline constexpr std::size_t kFaults = 10;
 
@@ -47,7 +47,7 @@ class Misbehaviour {
 
   // Pause between the pieces of ByteByByte and Split.
   void setGap(std::chrono::microseconds gap) { gap_ = gap; }
-  // Bytes in front of the cut of Split, and the byte that CorruptData changes, counted from the
+  // Bytes before the cut of Split, and the byte that CorruptData changes, counted from the
   // STX at 0; beyond the end: the last one.
   void setPosition(std::size_t position) { position_ = position; }
   void setNoise(std::string bytes) { noise_ = std::move(bytes); }

@@ -3,7 +3,7 @@
 #include "simulator/program/program.h"
 
 #include <windows.h>
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <mmsystem.h>
 
 #include <array>

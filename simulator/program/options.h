@@ -28,7 +28,7 @@ struct ParsedOptions {
   std::string error;  // empty: none
 };
 
-// Reads the arguments behind the program's name.
+// Reads the arguments after the program's name.
 [[nodiscard]] ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments);
 
 // One line for each option.

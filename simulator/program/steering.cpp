@@ -12,7 +12,7 @@
 namespace corvid::simulator {
 namespace {
 
-// Takes the next word and the blanks behind it; empty at the end.
+// Takes the next word and the blanks after it; empty at the end.
 std::string_view takeWord(std::string_view& rest) {
   const auto end = std::min(rest.find(' '), rest.size());
   const std::string_view word = rest.substr(0, end);

@@ -13,7 +13,7 @@ namespace corvid::simulator {
 //
 //   refuse, silent, lose, enq-first, end-eot, corrupt-check    TIMES
 //   bytewise       TIMES [milliseconds between pieces]
-//   split          TIMES [bytes in front of the cut] [milliseconds between pieces]
+//   split          TIMES [bytes before the cut] [milliseconds between pieces]
 //   corrupt-data   TIMES [position in the block, its STX is 0]
 //   noise          TIMES [bytes, escaped]
 //                  TIMES is on, off or a number; see Fault and Misbehaviour.

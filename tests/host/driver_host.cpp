@@ -102,7 +102,7 @@ void sell(int port, int count, bool atOnce) {
     if (sellItem(printer, i) == 0) ++sold;
     check(printer->get_STS1(&first));
     check(printer->get_STS2(&second));
-    // Idle before the first item, in a document behind it.
+    // Idle before the first item, in a document after it.
     if (first == (i == 0 ? 0x60 : 0x61) && second == 0x40) ++right;
   }
   check(printer->Cerrar());

@@ -28,7 +28,7 @@ SUMMED = {
     "IVADevBase3": ("NOTA DE CREDITO", "IVA A (31,00%)"),
     "ValorIGTF": ("FACTURA", "IGTF SOBRE Bs 33,50"),
 }
-# The same sums in the closure that is read back from the fiscal memory.
+# The same sums in the Z report that is read back from the fiscal memory.
 IN_MEMORY = {
     "ventasExentas": "VentaExenta", "baseVG": "VentaBase1", "impuestoVG": "IVABAse1",
     "baseIR": "VentaBase2", "impuestoIR": "IVABase2", "NCExentas": "DevolucionExenta",
@@ -69,18 +69,18 @@ ENUMERATOR = f"""
 var printer = new ActiveXObject("PrinterFiscalCorvid.PrinterFiscal");
 printer.Abrir(<port>);
 for (var i = 0; i < 3; ++i) printer.CerrarZ();
-var closures = printer.reportesZMF(2, 9);
-var walk = new Enumerator(closures);
-for (; !walk.atEnd(); walk.moveNext()) WScript.Echo("closure " + walk.item().numeroCierre);
+var zReports = printer.reportesZMF(2, 9);
+var walk = new Enumerator(zReports);
+for (; !walk.atEnd(); walk.moveNext()) WScript.Echo("zReport " + walk.item().numeroCierre);
 walk.moveFirst();
 WScript.Echo("first=" + walk.item().numeroCierre);
-WScript.Echo("count=" + closures.Count);
-WScript.Echo("default=" + closures(2).numeroCierre + " " + closures.Item("2").numeroCierre);
+WScript.Echo("count=" + zReports.Count);
+WScript.Echo("default=" + zReports(2).numeroCierre + " " + zReports.Item("2").numeroCierre);
 var record = new ActiveXObject("PrinterFiscalCorvid.ReporteZMF");
 WScript.Echo("load=" + record.load(printer, 3) + " " + record.numeroCierre);
 WScript.Echo("not there=" + record.load(printer, 9) + " " + record.numeroCierre);
 try {{
-  var beyond = closures(3);
+  var beyond = zReports(3);
 }} catch (error) {{
   WScript.Echo("outside=" + (error.number & 0xffff));
 }}
@@ -100,7 +100,7 @@ p.Abrir <port>
 Set document = CreateObject("PrinterFiscalCorvid.PrinterResponse2")
 Set state = CreateObject("PrinterFiscalCorvid.EstadoDocumento")
 Set payments = CreateObject("PrinterFiscalCorvid.PrinterResponse4")
-Set closure = CreateObject("PrinterFiscalCorvid.ReporteZMF")
+Set zReport = CreateObject("PrinterFiscalCorvid.ReporteZMF")
 Function Seen()
   Seen = CLng(document.subTotalVenta * 100) & " " & CLng(document.cantidadItems * 10) & " " & _
     document.tipoTrans & " " & CLng(state.subTotalBasesImponibles * 100) & " " & state.NotaS2
@@ -126,15 +126,15 @@ Say "reply", Seen()
 payments.loadFromResponse Array("S4100", 250)
 Say "payments", payments.nMedios & " " & payments.valor(1) & " " & payments.valor("3")
 rows = p.GetMultipleResponses("U3A")
-closure.loadFromResponse rows(1)
-Say "row", closure.numeroCierre & " " & TypeName(closure.toString)
+zReport.loadFromResponse rows(1)
+Say "row", zReport.numeroCierre & " " & TypeName(zReport.toString)
 SayError "so far"
 document.loadFromResponse "S2 1": SayError "no array"
 state.loadFromResponse Nothing: SayError "no object"
 document.loadFromResponse Array("S2 1800", 1): SayError "cut"
 Say "cut keeps", CLng(document.subTotalVenta * 100)
-closure.loadFromResponse Array(7): SayError "cut row"
-Say "cut row keeps", closure.numeroCierre
+zReport.loadFromResponse Array(7): SayError "cut row"
+Say "cut row keeps", zReport.numeroCierre
 """
 
 QUERIES = """
@@ -148,19 +148,19 @@ Say "rates", CInt(p.StatusS3.isFake)
 Say "payments", CInt(p.Response4.isFake)
 Say "state", "[" & p.getEstadoDocumento.NotaS2 & "]"
 Say "last invoice", p.numeroUltimaFactura
-Say "last closure", p.NumeroUltimoCierre
+Say "last zReport", p.NumeroUltimoCierre
 Say "rate", p.tasa(1)
 Say "no rate", p.tasa(0)
 Say "closing", CInt(p.CerrarZ Is Nothing)
 Say "summary", p.ResumenZ.numeroUltimoZ
-Set closures = p.reportesZMF(5, 12)
-Say "closures", closures.Count
-For Each closure In closures: Say "closure", closure.numeroCierre: Next
-Say "one closure", CInt(p.loadReporteZMF(7) Is Nothing)
-Set closure = CreateObject("PrinterFiscalCorvid.ReporteZMF")
-Say "load", CInt(closure.load(p, 7))
+Set zReports = p.reportesZMF(5, 12)
+Say "zReports", zReports.Count
+For Each zReport In zReports: Say "zReport", zReport.numeroCierre: Next
+Say "one zReport", CInt(p.loadReporteZMF(7) Is Nothing)
+Set zReport = CreateObject("PrinterFiscalCorvid.ReporteZMF")
+Say "load", CInt(zReport.load(p, 7))
 SayError "all"
-closure.load document, 7: SayError "no session"
+zReport.load document, 7: SayError "no session"
 Say "again", p.numeroUltimaFactura & " " & p.StatusS2.tipoTrans
 """
 QUERIES_SENT = 13  # of them fail; tasa(0) sends nothing
@@ -181,8 +181,8 @@ Set summary = p.ResumenZ
 Say "summary", summary.numeroUltimoZ & " " & Day(summary.fechaUltimoReporte) & " " & _
   summary.ventasExentas
 summary.Refresh p: SayError "summary again"
-Set closures = p.reportesZMF(1, 2): SayError "cut row"
-Set closure = p.loadReporteZMF(1): SayError "cut closure"
+Set zReports = p.reportesZMF(1, 2): SayError "cut row"
+Set zReport = p.loadReporteZMF(1): SayError "cut zReport"
 Say "works", p.Execute("w") & " " & p.setFlag(21, 0)
 Set payments = p.Response4: SayError "still"
 """
@@ -221,13 +221,13 @@ class Day(HostTest):
             self.assertEqual(receipts["REPORTE X", "TOTAL"], receipts["REPORTE Z", "TOTAL"])
             return printer.commands()
 
-    def test_jscript_walks_over_the_closures(self):
+    def test_jscript_walks_over_the_z_reports(self):
         self.printer()
         script = ENUMERATOR.replace("<port>", "7").replace("\n", "\r\n")
         (self.folder / "host.js").write_bytes(script.encode("cp1252"))
         said, _ = self.start_host(["cscript", "//nologo", "host.js"])
         self.assertIn(SENTINEL, said.whole)
-        self.assertEqual(re.findall(r"^closure (\d+)$", said.whole, re.MULTILINE), ["2", "3"])
+        self.assertEqual(re.findall(r"^zReport (\d+)$", said.whole, re.MULTILINE), ["2", "3"])
         self.assertEqual(said, {
             "first": "2", "count": "2", "default": "3 3", "load": "true 3",
             "not there": "false 3", "outside": "9", "array of its own": "13",
@@ -261,8 +261,8 @@ class Day(HostTest):
         del said["no session"]
         self.assertEqual(said, {
             "counters": "77", "document": "-1", "rates": "-1", "payments": "-1", "state": "[]",
-            "last invoice": "-1", "last closure": "-1", "rate": "-1", "no rate": "0",
-            "closing": "-1", "summary": "-1", "closures": "0", "one closure": "-1", "load": "0",
+            "last invoice": "-1", "last zReport": "-1", "rate": "-1", "no rate": "0",
+            "closing": "-1", "summary": "-1", "zReports": "0", "one zReport": "-1", "load": "0",
             "all": "0||", "again": "41 0",
         })  # fmt: skip
 
@@ -283,7 +283,7 @@ class Day(HostTest):
         numbers = {name: self.number(said, name) for name in said if "|" in said[name]}
         self.assertEqual(numbers, {
             "letters": 13, "cut short": 9, "cut short state": 9, "too large": 6,
-            "summary again": 0, "cut row": 9, "cut closure": 9, "still": 6,
+            "summary again": 0, "cut row": 9, "cut zReport": 9, "still": 6,
         })  # fmt: skip
         plain = {name: said[name] for name in said if "|" not in said[name]}
         self.assertEqual(plain, {

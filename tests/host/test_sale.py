@@ -96,7 +96,7 @@ Say "customer", p.PasarDatosClienteNC("CLIENTE", "V-1", "CALLE 5" & vbCrLf & "CA
 Say "refund", p.RefundItem("PAN", 12.5, 1, 16)
 Say "note", p.CerrarNotaCredito()
 p.RefundItem "PAN", 10, 1, 0
-Say "note by means", p.CerrarNotaCreditoConMedio(2, 10)
+Say "note by method", p.CerrarNotaCreditoConMedio(2, 10)
 Say "note line", p.pasarLineaNCG("PAN", 10, 2, 0, "C1")
 Say "note void", p.anularLineaNCG("PAN", 10, 1, 0)
 Say "return", p.CerrarDevolucion(1, 10)

@@ -120,7 +120,7 @@ class Values(HostTest):
             "cut": "abc 3 Long",
             "inserted": "aXYbc 2 XY",
             "let": "otro",
-            "replaced": "0tr0c",  # what lies behind a shorter new value comes to light
+            "replaced": "0tr0c",  # what lies after a shorter new value comes to light
             "null": "13|PrinterFiscalCorvid|Type mismatch",
         })  # fmt: skip
 

@@ -101,13 +101,13 @@ TEST(Day, TotalsAreThoseOfReceiptsAndOfPayments) {
     EXPECT_EQ(sums.total, totals.at(kind));
     EXPECT_EQ(std::accumulate(sums.payments.begin(), sums.payments.end(), Amount{0}), sums.total);
   }
-  Fields means(24, "0000000000");
-  means[0] = "S40000021120";
-  means[1] = "0000005440";
-  means[19] = "0000005150";
-  means[21] = "0000004199";
-  means[23] = "0000003451";
-  EXPECT_EQ(bench.fields("S4"), means);
+  Fields method(24, "0000000000");
+  method[0] = "S40000021120";
+  method[1] = "0000005440";
+  method[19] = "0000005150";
+  method[21] = "0000004199";
+  method[23] = "0000003451";
+  EXPECT_EQ(bench.fields("S4"), method);
 }
 
 TEST(Day, XLeavesTheDayAndZEndsIt) {
@@ -120,7 +120,7 @@ TEST(Day, XLeavesTheDayAndZEndsIt) {
   expected[10] = "0001";
   EXPECT_EQ(bench.fields("S1"), expected) << "one more report";
   EXPECT_EQ(bench.fields("U0Z"), summary);
-  EXPECT_EQ(bench.command("U3A000001000001"), kNakAnswer) << "no closure yet";
+  EXPECT_EQ(bench.command("U3A000001000001"), kNakAnswer) << "no zReport yet";
 
   ASSERT_EQ(bench.command("I0Z"), kAckAnswer);
   EXPECT_EQ(bench.fields("S1"), (Fields{"S100", "0000000000", "00000003", "00000", "00000001",
@@ -129,14 +129,14 @@ TEST(Day, XLeavesTheDayAndZEndsIt) {
   Fields none(24, "0000000000");
   none[0] = "S40000000000";
   EXPECT_EQ(bench.fields("S4"), none);
-  Fields closure(summary.begin(), summary.begin() + 30);
-  closure[0] = "0001";
-  closure[1] = "260314";
-  closure[2] = "103015";
-  EXPECT_EQ(bench.fields("U3A000001000001"), closure);
+  Fields zReport(summary.begin(), summary.begin() + 30);
+  zReport[0] = "0001";
+  zReport[1] = "260314";
+  zReport[2] = "103015";
+  EXPECT_EQ(bench.fields("U3A000001000001"), zReport);
 }
 
-TEST(Day, ClosuresAreFoundByNumberAndByDate) {
+TEST(Day, ZReportsAreFoundByNumberAndByDate) {
   Bench bench;
   ASSERT_EQ(bench.firstRefused({"I0Z", "PG150326", "I0Z", "PG170326", "I0Z"}), "");
   const struct {
@@ -195,7 +195,7 @@ TEST(Levy, StandsOnTheReceipt) {
       << bench.paper();
 }
 
-TEST(Levy, IsDueOnlyFromTheFirstForeignMeansAndWhereThePrinterKnowsIt) {
+TEST(Levy, IsDueOnlyFromTheFirstForeignMethodAndWhereThePrinterKnowsIt) {
   for (const auto& [payment, rate, tax] :
        {std::tuple{"119", "20300", 0}, std::tuple{"120", "20300", 30},
         std::tuple{"124", "20300", 30}, std::tuple{"120", "20250", 25},

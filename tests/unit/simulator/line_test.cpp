@@ -52,7 +52,7 @@ TEST(Line, CheckByteMayBeAControlByte) {
   EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40")) << "and nothing is left over";
 }
 
-std::string closures(Bench& bench, int count) {
+std::string zReports(Bench& bench, int count) {
   for (int i = 0; i < count; ++i) {
     if (bench.command("I0Z") != kAckAnswer) return "refused";
   }
@@ -61,7 +61,7 @@ std::string closures(Bench& bench, int count) {
 
 TEST(Line, FurtherBlocksWaitForTheHostsAck) {
   Bench bench;
-  ASSERT_EQ(closures(bench, 3), "");
+  ASSERT_EQ(zReports(bench, 3), "");
   const std::string first = bench.command("U3A000001000003");
   EXPECT_EQ(first.substr(0, 5), "\0020001");
   EXPECT_EQ(first.at(first.size() - 2), kEtb);
@@ -77,16 +77,16 @@ TEST(Line, FurtherBlocksWaitForTheHostsAck) {
 TEST(Line, ANewMessageDropsTheBlocksThatWait) {
   for (const std::string message : {"\x05", "\x04", "\x02w\x03t", "\x02w\x03u"}) {
     Bench bench;
-    ASSERT_EQ(closures(bench, 2), "");
+    ASSERT_EQ(zReports(bench, 2), "");
     EXPECT_NE(bench.command("U3A000001000002"), kNakAnswer);
     bench.raw(message);
     EXPECT_EQ(bench.raw("\x06"), "") << readable(message);
   }
 }
 
-TEST(Line, RangeWithoutClosuresIsRefused) {
+TEST(Line, RangeWithoutZReportsIsRefused) {
   Bench bench;
-  ASSERT_EQ(closures(bench, 1), "");
+  ASSERT_EQ(zReports(bench, 1), "");
   EXPECT_EQ(bench.command("U3A000002000009"), kNakAnswer);
   EXPECT_EQ(bench.command("U3A00000100000"), kNakAnswer);
 }
@@ -130,7 +130,7 @@ TEST(Replies, RatesWithAndWithoutTheLevy) {
   EXPECT_EQ(four.command("S3"), framed("21600\n20800\n13100\n" + flags));
 }
 
-TEST(Replies, ClosureHoldsTheDayAndANewDayBegins) {
+TEST(Replies, ZReportHoldsTheDayAndANewDayBegins) {
   Bench bench;
   ASSERT_EQ(bench.firstRefused({item("!", 10000, 1000, "A"), item("\"", 5000, 1000, "B"),
                                 item(" ", 700, 1000, "C"), "101", item("d1", 1000, 1000, "D"),
