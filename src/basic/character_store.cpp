@@ -8,7 +8,7 @@ namespace {
 constexpr std::size_t kBlockSize = 65536;  // characters
 constexpr std::size_t kShortText = 1024;   // most texts are; they do not get a whole block's memory
 
-// Puts text into a block, over what is there, and behind it.
+// Puts text into a block, over what is there, and after it.
 void put(std::wstring& block, std::size_t offset, std::wstring_view text) {
   if (offset + text.size() > kShortText) block.reserve(kBlockSize);
   if (offset == block.size()) {

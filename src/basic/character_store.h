@@ -16,7 +16,7 @@ class CharacterStore {
   void grow(std::size_t size);
   // Holds that text alone.
   void assign(std::wstring_view text);
-  // Over what stands there; grows where the text ends behind the size.
+  // Over what stands there; grows where the text ends after the size.
   void write(std::size_t position, std::wstring_view text);
   // At most `count` characters, fewer where the store ends.
   [[nodiscard]] std::wstring read(std::size_t position, std::size_t count) const;
@@ -24,7 +24,7 @@ class CharacterStore {
  private:
   [[nodiscard]] std::size_t written() const;
 
-  std::vector<std::wstring> blocks_;  // full ones, but for the last; what stands behind is NUL
+  std::vector<std::wstring> blocks_;  // full ones, but for the last; what stands after is NUL
   std::size_t size_ = 0;
 };
 

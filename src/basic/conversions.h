@@ -19,7 +19,7 @@ namespace corvid {
 [[nodiscard]] std::int32_t narrowToInt32(std::int64_t value);
 
 // Reads a number of the printer's, the same under every locale: blanks around it, a sign before or
-// behind it, "." as decimal separator, no grouping. Type mismatch (13) for anything else.
+// after it, "." as decimal separator, no grouping. Type mismatch (13) for anything else.
 [[nodiscard]] Decimal parsePrinterNumber(std::wstring_view text);
 
 // The number that a text begins with: blanks, tabs and line feeds are passed over wherever they

@@ -32,7 +32,7 @@ std::string sumOf(std::string a, std::string b) {
   return a;
 }
 
-// The larger one stands in front.
+// The larger one comes first.
 std::string differenceOf(std::string larger, std::string smaller) {
   padFront(smaller, larger.size());
   int borrow = 0;
@@ -52,7 +52,7 @@ int compareMagnitudes(std::string a, std::string b) {
   return order == 0 ? 0 : (order < 0 ? -1 : 1);
 }
 
-std::string withZerosBehind(const std::string& digits, int count) {
+std::string withTrailingZeros(const std::string& digits, int count) {
   return digits + std::string(static_cast<std::size_t>(count), '0');
 }
 
@@ -66,10 +66,10 @@ bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9';
 // Cuts a number's last digits off for rounding.
 struct Cut {
   std::string kept;     // at least one digit
-  std::string dropped;  // the digits behind the new end
+  std::string dropped;  // the digits after the new end
 };
 
-Cut cutBehind(std::string digits, int count) {
+Cut cutAfter(std::string digits, int count) {
   const auto dropped = static_cast<std::size_t>(count);
   padFront(digits, dropped + 1);
   const std::size_t end = digits.size() - dropped;
@@ -87,7 +87,7 @@ Decimal::Decimal(bool negative, std::string digits, int decimals)
     return;
   }
   if (decimals_ < 0) {
-    digits_ = withZerosBehind(digits_, -decimals_);
+    digits_ = withTrailingZeros(digits_, -decimals_);
     decimals_ = 0;
   }
   while (decimals_ > 0 && digits_.back() == '0') {
@@ -146,8 +146,8 @@ Decimal Decimal::absolute() const { return {false, digits_, decimals_}; }
 
 Decimal Decimal::operator+(const Decimal& other) const {
   const int decimals = std::max(decimals_, other.decimals_);
-  const std::string mine = withZerosBehind(digits_, decimals - decimals_);
-  const std::string theirs = withZerosBehind(other.digits_, decimals - other.decimals_);
+  const std::string mine = withTrailingZeros(digits_, decimals - decimals_);
+  const std::string theirs = withTrailingZeros(other.digits_, decimals - other.decimals_);
   if (negative_ == other.negative_) return {negative_, sumOf(mine, theirs), decimals};
   if (compareMagnitudes(mine, theirs) >= 0) {
     return {negative_, differenceOf(mine, theirs), decimals};
@@ -163,20 +163,20 @@ Decimal Decimal::timesPowerOfTen(int power) const {
 
 Decimal Decimal::floor() const {
   if (decimals_ == 0) return *this;
-  const Cut cut = cutBehind(digits_, decimals_);
+  const Cut cut = cutAfter(digits_, decimals_);
   return {negative_, negative_ ? sumOf(cut.kept, "1") : cut.kept, 0};
 }
 
 Decimal Decimal::roundedHalfAway(int decimals) const {
   if (decimals >= decimals_) return *this;
-  const Cut cut = cutBehind(digits_, decimals_ - decimals);
+  const Cut cut = cutAfter(digits_, decimals_ - decimals);
   const bool up = cut.dropped.front() >= '5';
   return {negative_, up ? sumOf(cut.kept, "1") : cut.kept, decimals};
 }
 
 Decimal Decimal::roundedHalfEven(int decimals) const {
   if (decimals >= decimals_) return *this;
-  const Cut cut = cutBehind(digits_, decimals_ - decimals);
+  const Cut cut = cutAfter(digits_, decimals_ - decimals);
   // No zero ends the decimals, so a half is a five alone.
   const bool staysOnHalf = cut.dropped == "5" && (cut.kept.back() - '0') % 2 == 0;
   const bool up = cut.dropped.front() >= '5' && !staysOnHalf;

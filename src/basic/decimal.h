@@ -53,9 +53,9 @@ class Decimal {
 
   // The power of ten of the first digit: 2 for 123, -2 for 0.0123, 0 for zero.
   [[nodiscard]] int magnitude() const noexcept;
-  // The digits in front of the decimal point, without sign or leading zeros: empty below 1.
+  // The digits before the decimal point, without sign or leading zeros: empty below 1.
   [[nodiscard]] std::wstring integerDigits() const;
-  // The digits behind the decimal point, without trailing zeros: empty for an integer.
+  // The digits after the decimal point, without trailing zeros: empty for an integer.
   [[nodiscard]] std::wstring fractionDigits() const;
 
  private:

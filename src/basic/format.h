@@ -12,9 +12,9 @@
 namespace corvid {
 
 // Renders a number by a pattern of "0" (a digit, zero-filled), "#" (a digit if significant), ","
-// (thousands grouping, anywhere in front of the point) and "." (the locale's decimal separator).
-// Rounds half away from zero on the decimal value to the pattern's decimals; digits in front of
-// the point are never cut; a minus stands in front of the padded digits, and never before zero.
+// (thousands grouping, anywhere before the point) and "." (the locale's decimal separator).
+// Rounds half away from zero on the decimal value to the pattern's decimals; digits before
+// the point are never cut; a minus stands before the padded digits, and never before zero.
 // A point in the pattern always shows. "Currency" is the locale's money form, digits grouped by
 // three. Infinities and what is not a number throw overflow (6). The locale defaults to the
 // invariant one.
@@ -28,13 +28,13 @@ namespace corvid {
 [[nodiscard]] std::wstring formatInteger(long long value, std::wstring_view pattern,
                                          const Locale& locale = {});
 
-// Renders a date by "dd", "mm" (the month; minutes right behind hours), "nn" (minutes), "yy",
+// Renders a date by "dd", "mm" (the month; minutes right after hours), "nn" (minutes), "yy",
 // "yyyy", "hh", "h", "ss" (24 hours); every other character stands for itself. Dates outside the
 // years 100 to 9999 throw error 5, here and below.
 [[nodiscard]] std::wstring format(Date value, std::wstring_view pattern);
 
 // Int(value x 10^decimals + 0.5) with at least that many digits: zero-padded, never cut, a minus
-// in front of the padded digits. Both counts are 0 and up.
+// before the padded digits. Both counts are 0 and up.
 [[nodiscard]] std::wstring formatFixedPoint(const Decimal& value, int digits, int decimals);
 
 // The default text form, as when a value is joined to a text: at most 15 (double) or 7 (single)

@@ -39,12 +39,12 @@ const Token* tokenAt(std::wstring_view pattern) {
 
 bool isHour(Place place) { return place == Place::Hour || place == Place::ShortHour; }
 
-std::wstring textOf(Place place, bool isBehindHour, const DateParts& parts) {
+std::wstring textOf(Place place, bool followsHour, const DateParts& parts) {
   switch (place) {
     case Place::Day:
       return padded(parts.day, 2);
     case Place::MonthOrMinute:
-      return padded(isBehindHour ? parts.minute : parts.month, 2);
+      return padded(followsHour ? parts.minute : parts.month, 2);
     case Place::Minute:
       return padded(parts.minute, 2);
     case Place::ShortYear:
@@ -137,7 +137,7 @@ bool isZeroDate(const DateParts& parts) {
 std::wstring format(Date value, std::wstring_view pattern) {
   const DateParts parts = toParts(value);
   std::wstring text;
-  bool isBehindHour = false;
+  bool followsHour = false;
   while (!pattern.empty()) {
     const Token* const token = tokenAt(pattern);
     if (token == nullptr) {
@@ -145,8 +145,8 @@ std::wstring format(Date value, std::wstring_view pattern) {
       pattern.remove_prefix(1);
       continue;
     }
-    text += textOf(token->place, isBehindHour, parts);
-    isBehindHour = isHour(token->place);
+    text += textOf(token->place, followsHour, parts);
+    followsHour = isHour(token->place);
     pattern.remove_prefix(token->name.size());
   }
   return text;

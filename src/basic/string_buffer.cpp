@@ -67,16 +67,16 @@ void CStringBuffer::Insert(std::int32_t index, std::wstring_view text) {
 }
 
 void CStringBuffer::Remove(std::int32_t index, std::int32_t& length) {
-  const std::int32_t behind = narrowToInt32(std::int64_t{index} + length);
-  if (behind >= used_) {
+  const std::int32_t after = narrowToInt32(std::int64_t{index} + length);
+  if (after >= used_) {
     length = narrowToInt32(std::int64_t{used_} + 1 - index);
     write(index, nuls(length));
     used_ = index - 1;
     return;
   }
-  // Longer than the tail: it moves characters from behind the used part along.
+  // Longer than the tail: it moves characters from after the used part along.
   const std::int32_t blockLength = narrowToInt32(std::int64_t{used_} - index + length);
-  write(index, part(behind, blockLength));
+  write(index, part(after, blockLength));
   write(std::int64_t{used_} - length + 1, nuls(length));
   used_ -= length;
 }

@@ -9,8 +9,8 @@
 
 namespace corvid {
 
-// Keeps one character store with NULs behind the used part and grows it by 65536 characters at a
-// time. Positions count from 1. Position arithmetic outside 32 bits raises overflow (6).
+// Keeps one character store with NULs after the used part and grows it by 65536 characters at a
+// time. Positions count from 1. Position arithmetic outside 32 bits throws overflow (6).
 class CStringBuffer {
  public:
   CStringBuffer();
@@ -19,7 +19,7 @@ class CStringBuffer {
   // Error 5 when index > used + 1 or below 1; at used + 1 the same as Append.
   void Insert(std::int32_t index, std::wstring_view text);
   // Removes length characters from position index. From index + length = used on it cuts
-  // everything behind index, the last character included, and writes the true count back.
+  // everything after index, the last character included, and writes the true count back.
   // Error 5 for an index below 1 or a length that reaches before position 1.
   void Remove(std::int32_t index, std::int32_t& length);
   // Replaces in the whole store, its NUL padding included; the text then ends at the first NUL.
@@ -27,7 +27,7 @@ class CStringBuffer {
 
   // Error 5 after a Replace that left no NUL in the store.
   [[nodiscard]] std::wstring Value() const;
-  // Keeps a grown store, with what lies behind the new text.
+  // Keeps a grown store, with what lies after the new text.
   void setValue(std::wstring_view text);
 
  private:

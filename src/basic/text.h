@@ -16,7 +16,7 @@ using Lines = std::vector<std::wstring>;
 [[nodiscard]] Text left(TextView text, std::int64_t count);
 [[nodiscard]] Text right(TextView text, std::int64_t count);
 // From position start on, at most count characters; a start below 1 or a negative count is an
-// error (5), a start behind the end gives an empty text.
+// error (5), a start after the end gives an empty text.
 [[nodiscard]] Text mid(TextView text, std::int64_t start);
 [[nodiscard]] Text mid(TextView text, std::int64_t start, std::int64_t count);
 // The pieces between separators, empty ones included; no piece at all for an empty text. An

@@ -17,7 +17,7 @@ struct RegistryEntry {
   const wchar_t* valueName = nullptr;  // null: the key's default value
 };
 
-// In the order of writing: parents in front of their children.
+// In the order of writing: parents before their children.
 [[nodiscard]] std::vector<RegistryEntry> registryEntries(const PublicClass& one,
                                                          const std::wstring& modulePath);
 

@@ -6,56 +6,60 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace corvid {
 namespace {
 
 constexpr const wchar_t* kFailureTitle = L"Error en Printer Fiscal";
 
-// Sends a series up to the first command that fails; of one whose data cannot be sent, nothing. The
-// place of the command that failed, or the series' length.
-template <class Commands, class TextOf>
-std::size_t sendInTurn(Member& member, const Commands& commands, TextOf textOf) {
-  const auto refused = std::ranges::find_if(
-      commands, [&](const auto& command) { return member.refusesText(textOf(command)); });
-  const auto failed = refused != commands.end()
-                          ? refused
-                          : std::ranges::find_if(commands, [&](const auto& command) {
-                              return member.send(textOf(command)) != pfOk;
-                            });
-  return static_cast<std::size_t>(failed - commands.begin());
+struct Failure {
+  std::size_t index;  // of the command that failed
+  std::wstring description;
+};
+
+// Sends commands up to the first that fails; where the data of one cannot be sent, none.
+std::optional<Failure> sendInTurn(Member& member, const Lines& commands, const Outcome& outcome) {
+  auto failed = std::ranges::find_if(
+      commands, [&](const std::wstring& command) { return member.refusesText(command); });
+  if (failed == commands.end()) {
+    failed = std::ranges::find_if(
+        commands, [&](const std::wstring& command) { return member.send(command) != pfOk; });
+  }
+  if (failed == commands.end()) return std::nullopt;
+  return Failure{static_cast<std::size_t>(failed - commands.begin()), outcome.DescripcionError};
 }
 
-// Boxes are shown when the member's turn is over: the host's message loop runs in them.
-std::int32_t sendAll(PrinterSession& session, const wchar_t* name, const Lines& commands) {
-  std::size_t sent = 0;
+// Shows a failure when the member's turn is over: the host's message loop runs in the box.
+template <class ShowFailure>
+std::int32_t sendAndShow(PrinterSession& session, const wchar_t* name, const Lines& commands,
+                         ShowFailure showFailure) {
+  std::optional<Failure> failure;
+  std::int32_t result = pfOk;
   {
     Member member(session, name);
     if (member.isRefused()) return pfClientError;
-    sent = sendInTurn(member, commands, [](const std::wstring& command) { return command; });
+    failure = sendInTurn(member, commands, session.outcome());
+    result = session.outcome().pfError;
   }
-  const std::int32_t result = session.outcome().pfError;
-  if (sent < commands.size()) {
-    session.exchange().dialog().show(session.outcome().DescripcionError, L"", MessageIcon::None);
-  }
+  if (failure) showFailure(session.exchange().dialog(), *failure);
   return result;
+}
+
+std::int32_t sendAll(PrinterSession& session, const wchar_t* name, const Lines& commands) {
+  return sendAndShow(session, name, commands, [](MessageDialog& dialog, const Failure& failure) {
+    dialog.show(failure.description, L"", MessageIcon::None);
+  });
 }
 
 std::int32_t sendSeries(PrinterSession& session, const wchar_t* name, const Series& series) {
-  std::size_t sent = 0;
-  {
-    Member member(session, name);
-    if (member.isRefused()) return pfClientError;
-    sent = sendInTurn(member, series, [](const SeriesStep& step) { return step.command; });
-  }
-  const std::int32_t result = session.outcome().pfError;
-  if (sent < series.size()) {
+  Lines commands;
+  for (const SeriesStep& step : series) commands.push_back(step.command);
+  return sendAndShow(session, name, commands, [&](MessageDialog& dialog, const Failure& failure) {
     const std::wstring place =
-        std::wstring(name) + L" (" + std::to_wstring(series[sent].number) + L"): ";
-    session.exchange().dialog().show(place + session.outcome().DescripcionError, kFailureTitle,
-                                     MessageIcon::Critical);
-  }
-  return result;
+        std::wstring(name) + L" (" + std::to_wstring(series[failure.index].number) + L"): ";
+    dialog.show(place + failure.description, kFailureTitle, MessageIcon::Critical);
+  });
 }
 
 // Where a chunk held CR and LF, the one that did not break the line is still in it.
@@ -85,7 +89,7 @@ std::int32_t PasarDatosClienteNC(PrinterSession& session, const Customer& custom
     return pfClientError;
   }
   for (const std::wstring& command : commands) {
-    if (member.send(command) != pfOk && session.exchange().isAbandoned()) break;
+    member.send(command);
   }
   return session.outcome().pfError;
 }

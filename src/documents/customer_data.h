@@ -1,4 +1,4 @@
-// Customer data: the lines in front of an invoice or a credit note.
+// Customer data: the lines before an invoice or a credit note.
 #pragma once
 
 #include "protocol/customer_commands.h"

@@ -26,7 +26,7 @@ std::int16_t RefundItem(PrinterSession& session, const std::wstring& description
 std::int16_t AnularItem(PrinterSession& session, const std::wstring& description, Currency price,
                         double quantity, double rate);
 
-// The general line: kind, rate index, price with two and quantity with three decimals behind a
+// The general line: kind, rate index, price with two and quantity with three decimals after a
 // comma, each rounded once, the code between bars unless it is empty, the whole description. Rates
 // as above.
 std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,

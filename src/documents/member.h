@@ -19,7 +19,6 @@ class Member {
   // The host called in the middle of another member's wait: the member returns pfClientError, or
   // what stands for it, and leaves everything as it is.
   [[nodiscard]] bool isRefused() const { return turn_.isRefused(); }
-  [[nodiscard]] PrinterSession& session() { return session_; }
 
   // Execute's result; pfClientError, and nothing sent, for a command that refusesText.
   std::int16_t send(const std::wstring& command);

@@ -59,14 +59,14 @@ std::int16_t setFlag(PrinterSession& session, const Decimal& flag, const Decimal
 
 void reimprimirDocumentos(PrinterSession& session, const std::wstring& command,
                           const ReprintLimit& first, const ReprintLimit& last) {
+  // Before the turn: a host's value may run the host's code when it is read.
   const bool byDate = isLimitedByDates(command);
   const auto limit = [&](const ReprintLimit& host) {
     return byDate ? reprintLimit(host.date()) : reprintLimit(host.number());
   };
-  sendAs(session, L"reimprimirDocumentos", [&] {
-    const std::wstring from = limit(first);
-    return reprintCommand(command, from, limit(last));
-  });
+  const std::wstring from = limit(first);
+  const std::wstring to = limit(last);
+  sendAs(session, L"reimprimirDocumentos", [&] { return reprintCommand(command, from, to); });
 }
 
 void reimprimirFactura(PrinterSession& session, const Decimal& number) {

@@ -22,7 +22,7 @@ std::int16_t ReporteDiario(PrinterSession& session, const std::wstring& range,
 
 // Program a line above or below every document, centred to 40 characters. A header's line number
 // comes as its text; a footer's is sent as the character with the code number + 64, and error 5 is
-// raised where that is no byte.
+// thrown where that is no byte.
 std::int16_t SetHeader(PrinterSession& session, const std::wstring& lineNumber,
                        const std::wstring& text);
 std::int16_t SetFooter(PrinterSession& session, std::int32_t lineNumber, const std::wstring& text);
@@ -38,7 +38,7 @@ std::int16_t EndTraining(PrinterSession& session);
 std::int16_t setFlag(PrinterSession& session, const Decimal& flag, const Decimal& value);
 
 // A limit of a range of documents, which the command tells to be a date or a number: only the one
-// that is needed is asked for, and what that raises crosses before anything is sent.
+// that is needed is asked for, and what that throws crosses before anything is sent.
 struct ReprintLimit {
   std::function<Date()> date;
   std::function<Decimal()> number;

@@ -24,7 +24,7 @@ std::size_t findLineBreak(std::wstring_view chunk) {
   return carriageReturn != std::wstring_view::npos ? carriageReturn : chunk.find(L'\n');
 }
 
-std::size_t behindBlanks(std::wstring_view text, std::size_t from) {
+std::size_t afterBlanks(std::wstring_view text, std::size_t from) {
   while (from < text.size() && text[from] <= kBlank) ++from;
   return from;
 }
@@ -42,7 +42,7 @@ FirstLine wrapped(std::wstring_view chunk) {
 FirstLine firstLine(std::wstring_view text, std::size_t width) {
   const std::wstring_view chunk = text.substr(0, width);
   const std::size_t lineBreak = findLineBreak(chunk);
-  if (lineBreak != std::wstring_view::npos) return {lineBreak, behindBlanks(text, lineBreak)};
+  if (lineBreak != std::wstring_view::npos) return {lineBreak, afterBlanks(text, lineBreak)};
   if (chunk.size() < width) return {chunk.size(), chunk.size()};
   return wrapped(chunk);
 }

@@ -8,7 +8,7 @@
 
 namespace corvid {
 
-// Lines of at most `width` characters, broken at line breaks and behind (opening marks: in front
+// Lines of at most `width` characters, broken at line breaks and after (opening marks: in front
 // of) punctuation and at blanks, hard where a line has neither. No lines for an empty text;
 // invalid procedure call (5) for a width below 1.
 [[nodiscard]] Lines lmStr2Lines(std::wstring_view text, std::int32_t width);

@@ -21,34 +21,30 @@ Exchange::Exchange(ProcessState& process)
       line_(process) {}
 
 std::int16_t Exchange::Execute(const std::wstring& command) {
+  const Turn turn(*this, L"Execute");
+  if (turn.isRefused()) return pfClientError;
+  beginCommand();
+  return runCommand(command);
+}
+
+std::int16_t Exchange::runCommand(const std::wstring& command) {
   trace([&] { return L"Execute: -> " + EscapeString(command); });
   if (state_.testMode) {
     addToPreview(command);
     return narrowToInt16(state_.outcome.pfError);
   }
-  const Turn turn(*this, L"Execute");
-  if (turn.isRefused()) return pfClientError;
   if (!isOpen()) {
     setPortClosed();
     return pfCommError;
   }
-  const Limit limit(*this);
   int attempts = kMostBlocksSent;
   bool isOver = false;
   while (!isOver && requestStatus()) {
-    if (state_.outcome.pfError == pfOk) {
-      const Sent sent = sendUntilAccepted(command, attempts);
-      isOver = sent == Sent::Over || state_.outcome.pfError == pfOk || attempts == 0;
-    }
-    if (!isOver) isOver = !mayAskAgain();
+    if (state_.outcome.pfError != pfOk) continue;
+    const Sent sent = sendUntilAccepted(command, attempts);
+    isOver = sent == Sent::Over || state_.outcome.pfError == pfOk || attempts == 0;
   }
   return narrowToInt16(state_.outcome.pfError);
-}
-
-bool Exchange::mayAskAgain() {
-  if (!line_.isQuitting() && !isPastLimit()) return true;
-  setSilent();
-  return false;
 }
 
 Exchange::Sent Exchange::sendUntilAccepted(const std::wstring& command, int& attempts) {
@@ -70,6 +66,7 @@ Exchange::Sent Exchange::sendBlock(const std::wstring& command) {
   }
   const std::wstring block = BuildCommandBlock(command, process_.codePage());
   trace([&] { return L"SEND -> " + EscapeString(block); });
+  discardLate();
   const std::int32_t written = write(block);
   if (written != static_cast<std::int32_t>(block.size())) {
     trace([&] {
@@ -97,6 +94,7 @@ void Exchange::ExecuteNoCheck(const std::wstring& command) {
   const Turn turn(*this, L"ExecuteNoCheck");
   if (turn.isRefused()) return;
   if (!isOpen()) return setPortClosed();
+  discardLate();
   write(BuildCommandBlock(command, process_.codePage()));
 }
 
@@ -105,6 +103,7 @@ void Exchange::SendDirect(const std::wstring& command) {
   trace([&] { return L"SendDirect: -> " + EscapeString(command); });
   const Turn turn(*this, L"SendDirect");
   if (turn.isRefused()) return;
+  if (isOpen()) discardLate();
   write(BuildCommandBlock(command, process_.codePage()));
 }
 
@@ -113,7 +112,6 @@ void Exchange::SendAck() {
   if (state_.testMode) return;
   const Turn turn(*this, L"SendAck");
   if (turn.isRefused()) return;
-  const Limit limit(*this);
   write(kAcknowledge);
   WaitForReply(false);
 }
@@ -128,19 +126,23 @@ Lines Exchange::NextStatusBlock() {
 void Exchange::GetStatus() {
   const Turn turn(*this, L"GetStatus");
   if (turn.isRefused()) return;
-  const Limit limit(*this);
+  beginCommand();
   requestStatus();
 }
 
-// False where asking again is no use: without a port, or behind the loss of the device. A printer
-// that stays silent is an outcome.
+// False where the printer was not asked: without a port, or where asking is no use any more. That
+// it stays silent is an outcome.
 bool Exchange::requestStatus() {
+  if (isOpen() && (member_.gaveUp || patience() <= 0)) {
+    setSilent();
+    return false;
+  }
   Outcome& outcome = state_.outcome;
   outcome.result.clear();
   outcome.pfError = pfOk;
   outcome.STS1 = 0;
   outcome.STS2 = 0;
-  block_.reset();
+  member_.block.reset();
   if (state_.testMode || state_.skipChecks) return true;
   if (!isOpen()) {
     setPortClosed();
@@ -148,46 +150,42 @@ bool Exchange::requestStatus() {
   }
 
   trace([] { return L"GetStatus: -> [ENQ]"; });
-  const bool asked = awaitStatus();
+  const bool isAsked = awaitStatus();
   trace([&] {
     return L"GetStatus: <- pfError = " + std::to_wstring(outcome.pfError) + L"; resultFlag = " +
            std::to_wstring(outcome.resultFlag) + L", STS1=" + toHex(outcome.STS1) + L", STS2= " +
            toHex(outcome.STS2);
   });
-  return asked;
+  return isAsked;
 }
 
 bool Exchange::awaitStatus() {
   const Look line = settleLine();
   if (line != Look::Quiet) return line == Look::Nothing;
-  if (line_.write(member_.opening, process_.codePage().encode(kEnquiry)) != 1) {
-    setSilent();
-    return false;
-  }
+  const OpeningRef opening = member_.opening;
+  const Look written = line_.writeSurely(opening, process_.codePage().encode(kEnquiry));
+  if (!isUsable(written)) return false;
+  opening->isSettled = false;
   const WaitEnd end = WaitForReply(true);
   if (end == WaitEnd::Closed || end == WaitEnd::Lost) return false;
-  if (block_) {
+  if (const std::optional<ReplyEvent> status = std::exchange(member_.block, std::nullopt)) {
     Outcome& outcome = state_.outcome;
-    outcome.STS1 = static_cast<std::uint8_t>(block_->text[0]);
-    outcome.STS2 = static_cast<std::uint8_t>(block_->text[1]);
+    outcome.STS1 = status->statusByte(0);
+    outcome.STS2 = status->statusByte(1);
     outcome.result.clear();
-    block_.reset();
   } else {
     state_.outcome.pfError = pfCommError;
   }
   return true;
 }
 
-// Raises as the port table does where the session has no port; another session may hold a port of
+// Throws as the port table does where the session has no port; another session may hold a port of
 // the number that a failed Abrir left.
 std::int32_t Exchange::write(std::wstring_view text) {
   if (!isOpen()) throw subscriptOutOfRange();
-  discardLate();
-  return line_.write(member_.opening, process_.codePage().encode(text));
-}
-
-bool Exchange::isPastLimit() {
-  return member_.deadline > 0 && process_.clock().monotonicSeconds() >= member_.deadline;
+  const OpeningRef opening = member_.opening;
+  opening->isSettled = false;
+  return line_.write(opening, process_.codePage().encode(text));
 }
 
 void Exchange::addToPreview(const std::wstring& line) {

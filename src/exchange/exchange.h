@@ -17,14 +17,14 @@
 
 namespace corvid {
 
-// The one field of a reply that failed; no other reply is this text.
+// The one field of a reply that failed.
 inline constexpr const wchar_t* kFailedReply = L"pfError";
 
 // Leaves every outcome in its state. All waits poll the clock and the port, and let the host's
 // message loop run between two looks. From there the host may
 //   - close or reopen the session: the exchange ends with pfCommError and "PUERTO CERRADO";
 //   - call a member that would use the line: it is refused (see Turn);
-//   - quit: a silent printer is not asked for its status again, and nothing is repeated behind a
+//   - quit: a silent printer is not asked for its status again, and nothing is repeated after a
 //     time-out.
 class Exchange {
  public:
@@ -34,13 +34,17 @@ class Exchange {
 
   // What holds for one member of the session while it uses the line.
   struct Member {
-    OpeningRef opening;   // of the port, when the member began
-    double deadline = 0;  // monotonic seconds for its current command; 0: none
+    OpeningRef opening;        // of the port, when the member began
+    double silentSeconds = 0;  // in waits of the command in progress that brought no answer
+    bool gaveUp = false;       // asking is no use: quitting, no status within the limit, lost
+    std::optional<ReplyEvent> block = {};  // what the last wait ended with, where that was a block
+    std::uint32_t number = 0;              // of the turn
   };
 
   // A member's use of the line, from its first byte to its last. Every member that may touch the
-  // port makes one on the stack before anything else; members that it calls in turn share it, and
-  // with it the opening of the port that it began with.
+  // port makes one on the stack before anything else, but for Abrir, which makes it when the port
+  // is its own; members that it calls in turn share it, and with it the opening of the port that it
+  // began with.
   class Turn {
    public:
     Turn(Exchange& exchange, std::wstring_view member);
@@ -62,18 +66,20 @@ class Exchange {
   };
 
   // Full checked exchange; returns pfError. A silent printer is asked for its status for as long
-  // as it stays silent, or as the setting "LimiteEspera" has it; a port that is not there ends the
-  // exchange. Seven refusals end it with the status request's pfError and resultFlag NAK, or, by
-  // the setting "RechazoEsError", with pfPrinterError.
+  // as it stays silent. With the setting "LimiteEspera", a command whose waits without answer have
+  // lasted that many seconds ends; one that was written is awaited for "TimeOut" all the same, and
+  // after no status within the limit the member sends nothing more. A port that is not there ends
+  // the exchange. Seven refusals end it with the status request's pfError and resultFlag NAK, or,
+  // by the setting "RechazoEsError", with pfPrinterError.
   std::int16_t Execute(const std::wstring& command);
   // Frames and writes, no status, no wait.
   void ExecuteNoCheck(const std::wstring& command);
   // As ExecuteNoCheck, but with the outcome untouched; subscript out of range (9) without a port.
   void SendDirect(const std::wstring& command);
-  // Writes ACK and waits for a reply; subscript out of range (9) without a port.
+  // Writes ACK and waits for a reply, which may be there already: what came before the ACK counts.
+  // Subscript out of range (9) without a port.
   void SendAck();
-  // Writes ENQ and decodes STS1 and STS2 from the reply. A request that cannot be written is not
-  // waited for.
+  // Writes ENQ and decodes STS1 and STS2 from the reply.
   void GetStatus();
   // Writes ACK, reads nothing and returns no field; subscript out of range (9) without a port.
   Lines NextStatusBlock();
@@ -103,9 +109,8 @@ class Exchange {
 
   // For a member in its turn: the port is open, and has been since the member began.
   [[nodiscard]] bool isOpen() const { return line_.isOpen(member_.opening); }
-  // For a member in its turn, behind a failure: the host closed or reopened the port since the
-  // member began, or is about to quit, so that nothing more should be sent.
-  [[nodiscard]] bool isAbandoned() const;
+  // For a member in its turn: tells it from every other turn of this session.
+  [[nodiscard]] std::uint32_t turnNumber() const { return member_.number; }
 
   // The session takes over a stream that it opened, and closes it.
   void attach(std::shared_ptr<Transport> transport) { line_.attach(std::move(transport)); }
@@ -118,18 +123,6 @@ class Exchange {
   void setOutcome(pfErrors error, const wchar_t* description);
 
  private:
-  // Sets the end of one command's waiting, unless a command around it has set one.
-  class Limit {
-   public:
-    explicit Limit(Exchange& exchange);
-    Limit(const Limit&) = delete;
-    Limit& operator=(const Limit&) = delete;
-    ~Limit() { exchange_.member_.deadline = outer_; }
-
-   private:
-    Exchange& exchange_;
-    double outer_;
-  };
   // Message boxes as lines of the trace.
   class TracedDialog : public MessageDialog {
    public:
@@ -141,23 +134,26 @@ class Exchange {
   };
   enum class Sent { Accepted, Refused, Unanswered, Over };
 
+  void beginCommand() { member_.silentSeconds = 0; }
+  std::int16_t runCommand(const std::wstring& command);
   Sent sendUntilAccepted(const std::wstring& command, int& attempts);
   Sent sendBlock(const std::wstring& command);
-  [[nodiscard]] bool mayAskAgain();
   bool requestStatus();
   bool awaitStatus();
   Look settleLine();
+  bool isUsable(Look look);
   bool receiveNextBlock();
   WaitEnd WaitForReply(bool forStatus);
   WaitEnd collectReply(bool forStatus);
+  void noteSilence(bool forStatus, double seconds);
   WaitEnd concludeWait(WaitEnd end);
   WaitEnd waitWithoutChecks();
   void tellFailure(const RunTimeError& error);
   std::int32_t write(std::wstring_view text);
   void discardLate();
   void traceDiscarded(const std::string& late);
-  [[nodiscard]] float waitSeconds() const { return state_.timeOut; }
-  [[nodiscard]] bool isPastLimit();
+  // How much longer the command may wait for a status.
+  [[nodiscard]] double patience() const;
   [[nodiscard]] Lines fieldsOfReply();
   void addToPreview(const std::wstring& line);
   void setPortClosed() { setOutcome(pfCommError, L"PUERTO CERRADO"); }
@@ -172,8 +168,8 @@ class Exchange {
   TracedDialog tracedDialog_;
   ExchangeState state_;
   Line line_;
-  std::optional<ReplyEvent> block_;  // what the last wait ended with, where that was a block
-  int turns_ = 0;                    // turns under way, those that wait included
+  int turns_ = 0;  // turns under way, those that wait included
+  std::uint32_t lastTurn_ = 0;
   Member member_;
 };
 

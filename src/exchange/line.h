@@ -17,9 +17,11 @@ namespace corvid {
 struct Opening {
   std::shared_ptr<Transport> transport;
 
-  double lastTaken = 0;    // when the last byte was taken (monotonic)
-  bool isSettled = true;   // false while an answer may be under way that nobody waits for
-  int failuresInARow = 0;  // looks at the line that failed
+  double lastTaken = 0;  // when the last byte was taken (monotonic)
+  // False while an answer may be under way that nobody waits for: at first, since a session before
+  // this one may have asked.
+  bool isSettled = false;
+  int failuresInARow = 0;  // calls that failed
   double firstFailure = 0;
 };
 using OpeningRef = std::shared_ptr<Opening>;
@@ -30,7 +32,7 @@ enum class Look {
   Nothing,
   Quiet,   // nothing, 60 ms or more after the last byte was taken
   Failed,  // the port failed, this time
-  Lost,    // it failed at three looks over 100 ms: the device is gone
+  Lost,    // it failed at three calls over 100 ms: the device is gone
   Closed,  // the host has closed or reopened the session
 };
 
@@ -59,6 +61,8 @@ class Line {
   // Writes, then runs the host's message loop. The count of bytes written; -1 on failure, also
   // where the opening is not this line's any more.
   std::int32_t write(const OpeningRef& opening, std::string_view bytes);
+  // As write, but a failure is tried again until it has passed, or the device counts as lost.
+  Look writeSurely(const OpeningRef& opening, std::string_view bytes);
 
   // Whether a quit message waited for the host when its message loop last ran.
   [[nodiscard]] bool isQuitting() const { return isQuitting_; }
@@ -71,6 +75,7 @@ class Line {
 
  private:
   void runHost();
+  Look noteFailure(Opening& opening);
 
   ProcessState& process_;
   Pauses pauses_;

@@ -12,13 +12,8 @@
 #include "platform/settings.h"
 #include "platform/sleep_calls.h"
 #include "platform/trace.h"
-#include "transport/modcomm.h"
-#include "transport/port_dump.h"
-#include "transport/serial_calls.h"
-#include "transport/transport.h"
+#include "transport/transports.h"
 
-#include <cstdint>
-#include <memory>
 #include <string>
 
 namespace corvid {
@@ -46,12 +41,8 @@ class ProcessState {
 
   // Readers for an object that is made now.
   [[nodiscard]] Settings currentSettings() const;
-  // The stream to the printer on a port, 1 to 99; closed, and as the settings have it.
-  [[nodiscard]] std::shared_ptr<Transport> transport(std::int16_t port, const Settings& settings);
-  // Opens the port dump; may show a message box.
-  void openDump(const Settings& settings, MessageDialog& dialog) { dump_.open(settings, dialog); }
-  void closeDump() { dump_.close(); }
 
+  [[nodiscard]] Transports& transports() { return transports_; }
   [[nodiscard]] TraceLog& trace() { return trace_; }
   [[nodiscard]] Clock& clock() { return environment_.clock; }
   [[nodiscard]] SleepCalls& sleep() { return environment_.sleep; }
@@ -66,8 +57,7 @@ class ProcessState {
 
  private:
   Environment environment_;
-  PortDump dump_;
-  modCOMM comm_;
+  Transports transports_;
   TraceLog trace_;
 };
 

@@ -7,27 +7,22 @@
 #include <utility>
 
 namespace corvid {
-namespace {
-
-constexpr std::size_t kStatusBytes = 2;
-
-}  // namespace
 
 ReplyWait::ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outcome& outcome,
-                     const WaitTerms& terms)
+                     const WaitTerms& terms, const TimeOut& timeOut)
     : process_(process),
       trace_(process.trace()),
       line_(line),
       opening_(std::move(opening)),
       outcome_(outcome),
       terms_(terms),
-      start_(process.clock().secondsSinceMidnight()) {}
+      timeOut_(timeOut) {}
 
 WaitEnd ReplyWait::run() {
   outcome_.result.clear();
   trace_.traceWith([&] {
-    return L"WaitForReply t = " + toText(start_, process_.locale()) + L"; timeout = " +
-           toText(terms_.seconds, Locale{});
+    return L"WaitForReply t = " + toText(timeOut_.start(), process_.locale()) + L"; timeout = " +
+           toText(timeOut_.seconds(), Locale{});
   });
   Pauses::Wait pauses(line_.pauses());
   for (;;) {
@@ -48,7 +43,7 @@ WaitEnd ReplyWait::run() {
 }
 
 std::optional<ReplyEvent> ReplyWait::nextEvent(Pauses::Wait& pauses) {
-  const bool hadRest = !pending_.empty();  // behind an event that did not end the wait
+  const bool hadRest = !pending_.empty();  // after an event that did not end the wait
   if (std::optional<ReplyEvent> event = decodePending()) return event;
   std::string gathered;
   std::optional<ReplyEvent> event = gather(pauses, gathered);
@@ -91,8 +86,7 @@ std::optional<WaitEnd> ReplyWait::conclude(ReplyEvent& event) {
     case ReplyKind::Refused:
       return concludeAnswer(WaitEnd::Refused, NAK, L" <- NAK");
     case ReplyKind::Request:
-      acknowledgeRequest();
-      return std::nullopt;
+      return acknowledgeRequest();
     default:
       return concludeBlock(event);
   }
@@ -105,26 +99,30 @@ WaitEnd ReplyWait::concludeAnswer(WaitEnd end, controlValues flag, const wchar_t
   return end;
 }
 
-// Discards nothing: behind an ENQ the answer itself may be waiting already.
-void ReplyWait::acknowledgeRequest() {
+// Discards nothing: after an ENQ the answer itself may be waiting already.
+std::optional<WaitEnd> ReplyWait::acknowledgeRequest() {
   trace_.traceWith([] { return L" <- ENQ"; });
-  line_.write(opening_, std::string(1, ACK));
+  const Look written = line_.writeSurely(opening_, std::string(1, ACK));
+  if (written == Look::Closed) return WaitEnd::Closed;
+  if (written == Look::Lost) return WaitEnd::Lost;
   trace_.traceWith([] { return L" -> ACK"; });
   showCollected(decoder_.collected(), false);
+  return std::nullopt;
 }
 
 std::optional<WaitEnd> ReplyWait::concludeBlock(ReplyEvent& event) {
   traceCheckByte(event);
-  if (terms_.forStatus && !(event.isFramed && event.text.size() == kStatusBytes)) {
-    trace_.traceWith([&] { return L"Dropped: <-" + escaped(event.collected); });
-    outcome_.result.clear();
-    return std::nullopt;
-  }
+  // Before its kind: noise can make a status look like something else.
   if (terms_.verifies && event.check != CheckByte::Right) {
     showCollected(event.collected, false);
     return WaitEnd::Damaged;
   }
-  outcome_.resultFlag = event.end == ETB ? ETB : ETX;
+  if (terms_.forStatus && !event.isStatus()) {
+    trace_.traceWith([&] { return L"Dropped: <-" + escaped(event.collected); });
+    outcome_.result.clear();
+    return std::nullopt;
+  }
+  outcome_.resultFlag = event.endFlag();
   showCollected(event.collected, true);
   block_ = std::move(event);
   return WaitEnd::Block;
@@ -142,19 +140,19 @@ void ReplyWait::showCollected(std::string_view bytes, bool isReady) {
   });
 }
 
-// What came behind the answer belongs to nobody, and more of it may be under way.
+// What came after the answer belongs to nobody, and more of it may be under way.
 void ReplyWait::dropRest() {
   const std::string rest = decoder_.collected() + pending_;
   if (rest.empty()) return;
-  opening_->isSettled = false;
+  tookAll_ = false;
   trace_.traceWith([&] { return L"Discarded: <-" + escaped(rest); });
 }
 
-// Not corrected for midnight: a wait across it goes on until a reply completes.
-bool ReplyWait::isOver() {
-  Clock& clock = process_.clock();
-  if (clock.secondsSinceMidnight() - start_ >= terms_.seconds) return true;
-  return terms_.deadline > 0 && clock.monotonicSeconds() >= terms_.deadline;
+// A reply that is whole but for its check byte is not thrown away; quiet follows soon. A program
+// that quits does not wait for midnight's clock.
+bool ReplyWait::isOver() const {
+  if (decoder_.awaitsCheckByte()) return false;
+  return line_.isQuitting() ? timeOut_.isOverBySteadyClock() : timeOut_.isOver();
 }
 
 std::wstring ReplyWait::escaped(std::string_view bytes) const {

@@ -3,6 +3,7 @@
 
 #include "exchange/line.h"
 #include "exchange/outcome.h"
+#include "exchange/time_out.h"
 #include "protocol/reply_decoder.h"
 
 #include <optional>
@@ -12,11 +13,8 @@
 namespace corvid {
 
 struct WaitTerms {
-  bool forStatus =
-      false;  // only a block of exactly two bytes is an answer; other blocks are dropped
-  bool verifies = false;  // a block without its right check byte is none
-  float seconds = 0;      // from the wait's start, by the clock since midnight
-  double deadline = 0;    // monotonic seconds; 0: none
+  bool forStatus = false;  // only a status is an answer; other blocks are dropped
+  bool verifies = false;   // a block without its right check byte ends the wait
 };
 
 enum class WaitEnd {
@@ -35,13 +33,15 @@ enum class WaitEnd {
 class ReplyWait {
  public:
   ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outcome& outcome,
-            const WaitTerms& terms);
+            const WaitTerms& terms, const TimeOut& timeOut);
   ReplyWait(const ReplyWait&) = delete;
   ReplyWait& operator=(const ReplyWait&) = delete;
 
   [[nodiscard]] WaitEnd run();
-  // Behind a wait that ended with a block.
+  // After a wait that ended with a block.
   [[nodiscard]] ReplyEvent& block() { return block_; }
+  // Whether the answer was the last that the line gave.
+  [[nodiscard]] bool tookAll() const { return tookAll_; }
 
  private:
   std::optional<ReplyEvent> nextEvent(Pauses::Wait& pauses);
@@ -50,11 +50,11 @@ class ReplyWait {
   std::optional<WaitEnd> conclude(ReplyEvent& event);
   std::optional<WaitEnd> concludeBlock(ReplyEvent& event);
   WaitEnd concludeAnswer(WaitEnd end, controlValues flag, const wchar_t* words);
-  void acknowledgeRequest();
+  std::optional<WaitEnd> acknowledgeRequest();
   void traceCheckByte(const ReplyEvent& event);
   void showCollected(std::string_view bytes, bool isReady);
   void dropRest();
-  [[nodiscard]] bool isOver();
+  [[nodiscard]] bool isOver() const;
   [[nodiscard]] std::wstring escaped(std::string_view bytes) const;
 
   ProcessState& process_;
@@ -63,11 +63,12 @@ class ReplyWait {
   OpeningRef opening_;
   Outcome& outcome_;
   WaitTerms terms_;
-  float start_;
+  const TimeOut& timeOut_;
   ReplyDecoder decoder_;
   std::string pending_;          // read and not yet decoded
   std::optional<WaitEnd> gone_;  // the line went while it was looked at
   ReplyEvent block_;
+  bool tookAll_ = true;
 };
 
 }  // namespace corvid

@@ -34,8 +34,8 @@ Lines Exchange::GetResponse(const std::wstring& command) {
   }
   const Turn turn(*this, L"GetResponse");
   if (turn.isRefused()) return {kFailedReply};
-  const Limit limit(*this);
-  GetStatus();
+  beginCommand();
+  requestStatus();
   if (state_.outcome.pfError != pfOk) {
     trace([&] {
       const std::wstring error(1, static_cast<wchar_t>(state_.outcome.pfError));
@@ -43,16 +43,16 @@ Lines Exchange::GetResponse(const std::wstring& command) {
     });
     return {kFailedReply};
   }
-  if (Execute(command) != pfOk) return {kFailedReply};
+  if (runCommand(command) != pfOk) return {kFailedReply};
   return fieldsOfReply();
 }
 
 // None but of a whole block: a printer that merely acknowledged told no field.
 Lines Exchange::fieldsOfReply() {
-  if (!block_) return {};
-  const std::wstring text = process_.codePage().decode(block_->text);
+  if (!member_.block) return {};
+  const std::wstring text = process_.codePage().decode(member_.block->text);
   trace([&] {
-    const std::wstring end = process_.codePage().decode(std::string(1, block_->end));
+    const std::wstring end = process_.codePage().decode(std::string(1, member_.block->end));
     return L"GetResponse. After Execute (1), s = " + EscapeString(text + end);
   });
   trace([&] { return L"GetResponse. After Execute (2), s = " + EscapeString(text); });
@@ -78,23 +78,27 @@ std::vector<Lines> Exchange::GetMultipleResponses(const std::wstring& command) {
   trace([&] { return L"GetMultipleResponses: " + EscapeString(command); });
   const Turn turn(*this, L"GetMultipleResponses");
   if (turn.isRefused()) return {{kFailedReply}};
-  block_.reset();
+  member_.block.reset();
   std::vector<Lines> rows{GetResponse(command)};
-  while (block_ && block_->end == ETB && rows.size() < kMostRows && receiveNextBlock()) {
-    rows.push_back(fieldsOf(process_.codePage().decode(block_->text)));
+  while (member_.block && member_.block->hasMore() && rows.size() < kMostRows &&
+         receiveNextBlock()) {
+    rows.push_back(fieldsOf(process_.codePage().decode(member_.block->text)));
   }
   return rows;
 }
 
 bool Exchange::receiveNextBlock() {
-  if (!mayAskAgain()) return false;
+  if (line_.isQuitting()) {
+    setSilent();
+    return false;
+  }
   state_.outcome.result.clear();
   trace([] { return L" -> ACK"; });
   if (!isOpen()) {
     setPortClosed();
     return false;
   }
-  const Limit limit(*this);
+  discardLate();
   write(kAcknowledge);
   return WaitForReply(false) == WaitEnd::Block;
 }

@@ -13,7 +13,8 @@ Exchange::Turn::Turn(Exchange& exchange, std::wstring_view member)
   }
   ++exchange_.turns_;
   if (isShared_) return;
-  outer_ = std::exchange(exchange_.member_, Member{exchange_.line_.opening()});
+  outer_ = std::exchange(exchange_.member_, Member{.opening = exchange_.line_.opening(),
+                                                   .number = ++exchange_.lastTurn_});
   hostRan_ = exchange_.line_.setHostRuns(false);
 }
 
@@ -22,18 +23,12 @@ Exchange::Turn::~Turn() {
   --exchange_.turns_;
   if (isShared_) return;
   exchange_.line_.setHostRuns(hostRan_);
+  const bool wasOpen = exchange_.member_.opening != nullptr;
   exchange_.member_ = std::move(*outer_);
-}
-
-Exchange::Limit::Limit(Exchange& exchange)
-    : exchange_(exchange), outer_(exchange.member_.deadline) {
-  const double seconds = exchange.state_.limiteEspera;
-  if (outer_ > 0 || seconds <= 0) return;
-  exchange.member_.deadline = exchange.process_.clock().monotonicSeconds() + seconds;
-}
-
-bool Exchange::isAbandoned() const {
-  return line_.isQuitting() || (member_.opening && !line_.isOpen(member_.opening));
+  // What the member traced after the host had closed the port opened the file again.
+  if (exchange_.turns_ == 0 && wasOpen && !exchange_.line_.opening()) {
+    exchange_.process_.trace().closeFile();
+  }
 }
 
 }  // namespace corvid

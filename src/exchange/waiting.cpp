@@ -2,12 +2,18 @@
 #include "exchange/exchange.h"
 #include "protocol/framing.h"
 
+#include <limits>
 #include <utility>
 
 namespace corvid {
+namespace {
+
+constexpr double kNoEnd = std::numeric_limits<double>::infinity();
+
+}  // namespace
 
 WaitEnd Exchange::WaitForReply(bool forStatus) {
-  block_.reset();
+  member_.block.reset();
   if (state_.skipChecks) return waitWithoutChecks();
   try {
     return collectReply(forStatus);
@@ -26,17 +32,27 @@ WaitEnd Exchange::waitWithoutChecks() {
 WaitEnd Exchange::collectReply(bool forStatus) {
   // The session may be reopened meanwhile; what becomes of this opening is noted here.
   const OpeningRef opening = member_.opening;
+  const TimeOut timeOut(process_.clock(), state_.timeOut, forStatus ? patience() : kNoEnd);
   ReplyWait wait(process_, line_, opening, state_.outcome,
-                 {.forStatus = forStatus,
-                  .verifies = state_.verificarRespuesta,
-                  .seconds = waitSeconds(),
-                  .deadline = member_.deadline});
+                 {.forStatus = forStatus, .verifies = state_.verificarRespuesta}, timeOut);
   const WaitEnd end = wait.run();
-  if (end == WaitEnd::Block) block_ = std::move(wait.block());
-  const bool isAnswer = end == WaitEnd::Block ||
-                        (!forStatus && (end == WaitEnd::Accepted || end == WaitEnd::Refused));
-  if (!isAnswer) opening->isSettled = false;
+  if (end == WaitEnd::Block) member_.block = std::move(wait.block());
+  const bool isAnswered = end == WaitEnd::Block ||
+                          (!forStatus && (end == WaitEnd::Accepted || end == WaitEnd::Refused));
+  opening->isSettled = isAnswered && wait.tookAll();
+  if (!isAnswered) noteSilence(forStatus, timeOut.elapsedSeconds());
+  if (end == WaitEnd::Lost) member_.gaveUp = true;
   return concludeWait(end);
+}
+
+double Exchange::patience() const {
+  return state_.limiteEspera > 0 ? state_.limiteEspera - member_.silentSeconds : kNoEnd;
+}
+
+// After a wait without answer.
+void Exchange::noteSilence(bool forStatus, double seconds) {
+  member_.silentSeconds += seconds;
+  if (line_.isQuitting() || (forStatus && patience() <= 0)) member_.gaveUp = true;
 }
 
 WaitEnd Exchange::concludeWait(WaitEnd end) {
@@ -70,32 +86,35 @@ Look Exchange::settleLine() {
   const OpeningRef opening = member_.opening;
   discardLate();
   if (opening->isSettled) return Look::Quiet;
-  Clock& clock = process_.clock();
-  const float start = clock.secondsSinceMidnight();
+  const TimeOut timeOut(process_.clock(), state_.timeOut, patience());
   Pauses::Wait pauses(line_.pauses());
   for (;;) {
     std::string late;
     const Look look = line_.look(opening, late);
     traceDiscarded(late);
-    switch (look) {
-      case Look::Quiet:
-        opening->isSettled = true;
-        return look;
-      case Look::Closed:
-        setPortClosed();
-        return look;
-      case Look::Lost:
-        setSilent();
-        return look;
-      default:
-        break;
+    if (look == Look::Quiet) {
+      opening->isSettled = true;
+      member_.silentSeconds += timeOut.elapsedSeconds();
+      return look;
     }
-    if (clock.secondsSinceMidnight() - start >= waitSeconds() || isPastLimit()) {
+    if (!isUsable(look)) return look;
+    if (timeOut.isOverBySteadyClock()) {
+      noteSilence(true, timeOut.elapsedSeconds());
       setSilent();
       return Look::Nothing;
     }
     pauses.pause();
   }
+}
+
+// False, with the outcome set, where the port has gone.
+bool Exchange::isUsable(Look look) {
+  if (look == Look::Closed) setPortClosed();
+  if (look == Look::Lost) {
+    member_.gaveUp = true;
+    setSilent();
+  }
+  return look != Look::Closed && look != Look::Lost;
 }
 
 // A late answer is not read as the next one's.

@@ -12,7 +12,7 @@ class AppendFile {
  public:
   virtual ~AppendFile() = default;
   // Adds the bytes at the file's end by one system call, so that nothing of them is lost when the
-  // process ends right behind it. False when they were not written whole.
+  // process ends right after it. False when they were not written whole.
   [[nodiscard]] virtual bool append(std::string_view bytes) = 0;
 };
 

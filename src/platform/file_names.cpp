@@ -36,6 +36,16 @@ bool leadsElsewhere(std::wstring_view name) {
   return name.size() > 1 && isSlash(name[0]) && (isSlash(name[1]) || name[1] == L'?');
 }
 
+// "D:name" is relative to the folder where that is on the drive, else to the drive's root: what
+// folder is current there is the process's affair.
+std::wstring resolvedOnDrive(std::wstring_view folder, std::wstring_view name) {
+  const std::wstring drive(name.substr(0, 2));
+  const std::wstring_view rest = name.substr(2);
+  if (!rest.empty() && isSlash(rest[0])) return std::wstring(name);
+  const bool isSameDrive = upperCase(std::wstring(folder.substr(0, 2))) == upperCase(drive);
+  return resolvedIn(isSameDrive ? folder : drive + L"\\", rest);
+}
+
 }  // namespace
 
 bool namesNetworkOrDevice(std::wstring_view name) {
@@ -45,7 +55,8 @@ bool namesNetworkOrDevice(std::wstring_view name) {
 }
 
 std::wstring resolvedIn(std::wstring_view folder, std::wstring_view name) {
-  if (hasDrive(name) || leadsElsewhere(name)) return std::wstring(name);
+  if (hasDrive(name)) return resolvedOnDrive(folder, name);
+  if (leadsElsewhere(name)) return std::wstring(name);
   const bool isRooted = !name.empty() && isSlash(name[0]);
   if (isRooted) folder = folder.substr(0, hasDrive(folder) ? 2 : 0);
   std::wstring path(folder);

@@ -12,7 +12,8 @@ namespace corvid {
 [[nodiscard]] bool namesNetworkOrDevice(std::wstring_view name);
 
 // A relative name as one below the folder; a name that begins with one slash is on the folder's
-// drive; one that begins with a drive, or leads to a network, stands as it is.
+// drive. One that begins with a drive and no slash is below the folder where that is on the drive,
+// else in the drive's root. Names with drive and slash, or to a network, stand as they are.
 [[nodiscard]] std::wstring resolvedIn(std::wstring_view folder, std::wstring_view name);
 
 }  // namespace corvid

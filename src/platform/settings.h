@@ -44,7 +44,7 @@ struct FoundSetting {
 
 // Reads a setting from <folder>\<application>.ini and, where that has no text for it, from the
 // per-user store. The folder is the one that was current when the reader's owner was made, so that
-// a host which changes its folder keeps its settings. Nothing is cached. No reader raises.
+// a host which changes its folder keeps its settings. Nothing is cached. No reader throws.
 class Settings {
  public:
   // The sources outlive the readers, which may be copied.

@@ -7,7 +7,7 @@ namespace {
 
 constexpr wchar_t kFirstPrintable = 32;
 
-// Positions count characters from 1; position 0 stands in front of the text.
+// Positions count characters from 1; position 0 stands before the text.
 bool isControl(std::wstring_view text, std::size_t position) {
   return text[position - 1] < kFirstPrintable;
 }
@@ -29,9 +29,9 @@ std::size_t rightEnd(std::wstring_view text, std::size_t caret) {
 std::optional<ClickedLine> clickedLine(std::wstring_view text, std::int32_t caret) {
   const auto offset = std::min(static_cast<std::size_t>(std::max(caret, 0)), text.size());
   const std::size_t before = leftEnd(text, offset);
-  const std::size_t behind = rightEnd(text, offset);
-  if (behind == before) return std::nullopt;
-  return ClickedLine{std::wstring(text.substr(before, behind - before - 1)),
+  const std::size_t after = rightEnd(text, offset);
+  if (after == before) return std::nullopt;
+  return ClickedLine{std::wstring(text.substr(before, after - before - 1)),
                      static_cast<std::int32_t>(offset - before)};
 }
 

@@ -16,7 +16,7 @@ struct ClickedLine {
 };
 
 // The run of characters without control characters around a caret offset in the text (CR LF as two
-// characters). The last character of the text belongs to no line: lines end in front of a line
+// characters). The last character of the text belongs to no line: lines end before a line
 // break or there. Nothing where a control character stands left of the caret and ends the line at
 // once.
 [[nodiscard]] std::optional<ClickedLine> clickedLine(std::wstring_view text, std::int32_t caret);

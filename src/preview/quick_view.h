@@ -31,7 +31,7 @@ inline constexpr double kLeastScreenFont = 5;  // points
 inline constexpr double kGreatestScreenFont = 23;
 
 // One member for each thing that a user or the window's own life can do. Members that answer the
-// user raise nothing; those of report(), which the host calls, may. A member may be called again
+// user throw nothing; those of report(), which the host calls, may. A member may be called again
 // from inside a dialog or from the host's handler. Made before its controls are: the text box and
 // the margin entry are first touched by load(), LoadText or PrintListBox, and load() comes first,
 // so the window makes its controls, hidden, when the first of them is asked for.
@@ -49,7 +49,7 @@ class QuickView {
   // Once, when the controls were made: an empty text box in the screen font, without line wrap,
   // locked unless the setting "EditQView" lets the user edit, and the left margin in its entry.
   void load();
-  // At each showing, in front of it, and when the window is activated.
+  // At each showing, before it, and when the window is activated.
   void showing();
   void activate();
   // When the outer size, in twips, has changed; not while the window is minimised. The window takes
@@ -68,7 +68,7 @@ class QuickView {
   void shrinkScreenFont();
   // Command1: asks for a text and finds it.
   void search();
-  // Finds from one behind the selection on, from the top where that is the end of the text, and
+  // Finds from one after the selection on, from the top where that is the end of the text, and
   // says so when there is none. The text is kept for the next search.
   void FindText(const std::wstring& text);
   // cbGuardar: asks for a file and saves the text to it. A file that cannot be written is told.

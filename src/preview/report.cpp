@@ -61,7 +61,7 @@ void Report::fitInitialWidth() {
   try {
     SetReportWidth(kInitialWidth);
   } catch (const RunTimeError&) {
-    return;  // creation raises nothing: what the printer's measures overflow is not paged
+    return;  // creation throws nothing: what the printer's measures overflow is not paged
   }
 }
 

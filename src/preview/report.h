@@ -18,18 +18,18 @@ inline constexpr const wchar_t* kPreviewSection = L"FVIEW";
 // The number of lines per page that stands for no paging.
 inline constexpr std::int16_t kNoPaging = 32767;
 
-// Line and page counters are 16-bit: stepping one beyond its end raises overflow (6) after what
+// Line and page counters are 16-bit: stepping one beyond its end throws overflow (6) after what
 // came before it in the member was done. Lines count from 1 on each page. One thread; the seams
 // outlive the report.
 class Report {
  public:
   // Reads the settings "MaxFontSize", "FontFactor" and "FontOffset" (a value that does not fit
   // leaves its default: 14, 1, 0) and fits a width of 120 characters, which may show the dialogs
-  // of SetReportWidth. Raises nothing: where the fitting ends early there is no paging.
+  // of SetReportWidth. Throws nothing: where the fitting ends early there is no paging.
   Report(const Settings& settings, ReportPrinter& printer, ReportTextBox& box,
          ReportDialogs& dialogs);
 
-  // Spaces in front of every printed line. Below 0: error 0x80040005 "Argumento inválido", and the
+  // Spaces before every printed line. Below 0: error 0x80040005 "Argumento inválido", and the
   // margin stays.
   [[nodiscard]] std::int16_t LeftMargin() const { return leftMargin_; }
   void setLeftMargin(std::int16_t margin);
@@ -47,7 +47,7 @@ class Report {
   // page beyond 16 bits, 5 for a width below -6, 11 for a font without height.
   bool SetReportWidth(std::int16_t width);
 
-  // Adds a line, followed by one space, behind a page break where the page is full. Alignment 0 is
+  // Adds a line, followed by one space, after a page break where the page is full. Alignment 0 is
   // left, 1 right (error 5 for a text longer than the width), 2 centred (a longer text is cut, odd
   // spaces round half to even); any other gives an empty line.
   void Add(std::wstring_view text, std::int32_t alignment);
@@ -70,7 +70,7 @@ class Report {
 
   // Whether PrintListBox runs and was not told to stop.
   [[nodiscard]] bool printing() const { return printing_; }
-  // A running PrintListBox aborts its job in front of the next line.
+  // A running PrintListBox aborts its job before the next line.
   void stopPrinting() { printing_ = false; }
   // Ends the fitting of the printer's font, as SetPrintFontSize does.
   void fixPrintFont() { printFontFixed_ = true; }

@@ -9,7 +9,7 @@ namespace corvid {
 
 // All positions and lengths count the characters of text(), in which a line end is CR LF and
 // counts two, whatever the control keeps inside. Offsets count from 0: a caret at offset n stands
-// behind n characters. Offsets and lengths beyond the text are cut to it. The text box may be
+// after n characters. Offsets and lengths beyond the text are cut to it. The text box may be
 // used while its window is hidden, and keeps its contents then. One thread.
 class ReportTextBox {
  public:
@@ -19,7 +19,7 @@ class ReportTextBox {
   // The caret then stands at offset 0 with nothing selected.
   virtual void setText(const std::wstring& text) = 0;
   [[nodiscard]] virtual std::int32_t length() = 0;
-  // Puts the caret behind the last character, with nothing selected, and inserts there; also while
+  // Puts the caret after the last character, with nothing selected, and inserts there; also while
   // the box is locked. The time does not grow with the text that is already there.
   virtual void append(std::wstring_view text) = 0;
 

@@ -14,7 +14,7 @@ namespace corvid {
 inline constexpr wchar_t kEnquiry[] = {ENQ, 0};
 inline constexpr wchar_t kAcknowledge[] = {ACK, 0};
 
-// STX, the command as given, ETX, and the check byte: the XOR of every byte behind STX up to ETX.
+// STX, the command as given, ETX, and the check byte: the XOR of every byte after STX up to ETX.
 // The check byte is the character of that code in the code page, whatever it is.
 [[nodiscard]] std::wstring BuildCommandBlock(std::wstring_view command, const CodePage& codePage);
 

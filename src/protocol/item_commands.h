@@ -9,7 +9,7 @@
 
 namespace corvid {
 
-// The rate in front of a classic line, by rate index (0 exempt, 1 to 3, and on for the collected
+// The rate before a classic line, by rate index (0 exempt, 1 to 3, and on for the collected
 // levy). It is made of single bytes; one outside 0 to 255 is an invalid procedure call (5).
 [[nodiscard]] std::wstring salePrefix(int index, const CodePage& codePage);
 [[nodiscard]] std::wstring refundPrefix(int index, const CodePage& codePage);

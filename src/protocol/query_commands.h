@@ -13,7 +13,8 @@ inline constexpr const wchar_t* kQueryRates = L"S3";
 inline constexpr const wchar_t* kQueryPayments = L"S4";
 inline constexpr const wchar_t* kQueryDailySummary = L"U0Z";
 
-// The closures of a range of numbers, with six digits each: rounded half away from zero, never cut.
+// The Z reports of a range of numbers, with six digits each: rounded half away from zero, never
+// cut.
 [[nodiscard]] std::wstring zReportsQuery(const Decimal& first, const Decimal& last);
 
 }  // namespace corvid

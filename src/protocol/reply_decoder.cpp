@@ -1,7 +1,5 @@
 #include "protocol/reply_decoder.h"
 
-#include "protocol/control_bytes.h"
-
 #include <string_view>
 #include <utility>
 
@@ -23,10 +21,10 @@ char checkByteOf(std::string_view textAndEnd) {
 }  // namespace
 
 std::optional<ReplyEvent> ReplyDecoder::take(char byte) {
-  const bool isBehindQuiet = std::exchange(isQuiet_, false);
+  const bool isAfterQuiet = std::exchange(isQuiet_, false);
   switch (state_) {
     case State::InBlock:
-      return takeInBlock(byte, isBehindQuiet);
+      return takeInBlock(byte, isAfterQuiet);
     case State::AtCheckByte:
       return takeCheckByte(byte);
     default:
@@ -52,8 +50,8 @@ std::optional<ReplyEvent> ReplyDecoder::takeOutside(char byte) {
   return std::nullopt;
 }
 
-std::optional<ReplyEvent> ReplyDecoder::takeInBlock(char byte, bool isBehindQuiet) {
-  if (isAnswer(byte) && isBehindQuiet) return answer(kindOf(byte));
+std::optional<ReplyEvent> ReplyDecoder::takeInBlock(char byte, bool isAfterQuiet) {
+  if (isAnswer(byte) && isAfterQuiet) return answer(kindOf(byte));
   if (byte == STX) {
     collected_.resize(textStart_ - 1);
     beginBlock();

@@ -35,7 +35,7 @@ constexpr LayoutLine<V> kShortLayout[] = {
     {13, counterOrZero<&V::notasCreditoDia>},
 };
 
-// Here the report counter stands before the closures, and the time before the date.
+// Here the report counter stands before the Z reports, and the time before the date.
 constexpr LayoutLine<V> kLongLayout[] = {
     {0, cashier<&V::numeroCajero>},
     {1, amount<&V::totalVentasDiarias>},

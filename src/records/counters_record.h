@@ -42,13 +42,13 @@ class CountersRecord {
 
   CountersValues values;
 
-  // Fills the values from the settings, section "Config\NimbusPF\Response1"; raises where a stored
+  // Fills the values from the settings, section "Config\NimbusPF\Response1"; throws where a stored
   // text does not convert (what comes before it is set).
   void loadFake();
-  // As loadFake, but the value that does not convert, and those behind it, stay as they are.
+  // As loadFake, but the value that does not convert, and those after it, stay as they are.
   void loadFakeQuietly();
   // `reply` is the whole reply, fields joined by line feeds: fewer than 16 fields in the short
-  // layout, others in the long one. Whatever cannot be read turns into loadFake; never raises.
+  // layout, others in the long one. Whatever cannot be read turns into loadFake; never throws.
   void loadFromResponse(std::wstring_view reply);
   // One "name = value" line each, ended by CR LF, by the user's locale.
   [[nodiscard]] std::wstring toString() const;

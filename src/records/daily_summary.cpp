@@ -65,7 +65,7 @@ constexpr LayoutLine<V> k30FieldLayout[] = {
     {23, amounts<kCreditNotes>},  // to 29
 };
 
-// Behind the fields of k30FieldLayout.
+// After the fields of k30FieldLayout.
 constexpr LayoutLine<V> kLongLayoutEnd[] = {
     {30, amounts<kCollected>},  // to 32
     {33, amounts<kIgtf>},       // to 38

@@ -70,7 +70,7 @@ class DailySummary {
   void load(Exchange& exchange);
   void Refresh(Exchange& exchange) { load(exchange); }
   // Chooses the layout by the count of fields, whatever the printer's model. The first field that
-  // is missing or cannot be read ends the reading, and what comes before it stays; never raises.
+  // is missing or cannot be read ends the reading, and what comes before it stays; never throws.
   // Values that a layout does not carry keep what they held.
   void loadFromResponse(const FieldArray& fields);
   // One "name = value" line each, ended by CR LF, by the user's locale; the serial number is the

@@ -12,7 +12,7 @@ using V = DocumentStateValues;
 
 // Field 0 begins with the command's echo and a blank.
 constexpr LayoutLine<V> kLayout[] = {
-    {0, amountBehindBlank<&V::subTotalBasesImponibles>},
+    {0, amountAfterBlank<&V::subTotalBasesImponibles>},
     {1, amount<&V::subTotalIVA>},
     {3, text<&V::NotaS2>},
     {4, amount<&V::MontoPorPagar>},

@@ -26,7 +26,7 @@ class DocumentStateRecord {
 
   DocumentStateValues values;
 
-  // Loads nothing where field 0 has no blank, as in a failed reply. Otherwise raises where a field
+  // Loads nothing where field 0 has no blank, as in a failed reply. Otherwise throws where a field
   // is missing (9), no number (13) or too large (6); what comes before it is set.
   void loadFromResponse(const FieldArray& fields);
   // One "name = value" line each, ended by CR LF, by the user's locale.

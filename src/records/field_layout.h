@@ -37,7 +37,7 @@ struct LayoutLine {
 
 inline constexpr std::int32_t kNoField = -1;  // for a line that reads nothing
 
-// Fills the record in place, line by line. What a line raises ends the filling (a missing field 9,
+// Fills the record in place, line by line. What a line throws ends the filling (a missing field 9,
 // no number 13, too large a number 6), and what the lines before it filled stays.
 template <class Record, class Layout>
 void fillRecord(Record& record, const Layout& layout, const Reply& reply) {
@@ -47,7 +47,7 @@ void fillRecord(Record& record, const Layout& layout, const Reply& reply) {
 // A number in hundredths, blanks around it allowed.
 [[nodiscard]] Currency readAmount(std::wstring_view text);
 [[nodiscard]] std::int32_t readCounter(std::wstring_view text);
-// The last two characters, behind the command's echo.
+// The last two characters, after the command's echo.
 [[nodiscard]] std::int16_t readCashier(std::wstring_view text);
 // As readCounter, then as wide as the value that it fills.
 template <class Integer>
@@ -80,7 +80,7 @@ void amountFrom(Record& record, const Reply& reply, std::int32_t field) {
 
 // The text between the first blank and the next.
 template <auto value, class Record>
-void amountBehindBlank(Record& record, const Reply& reply, std::int32_t field) {
+void amountAfterBlank(Record& record, const Reply& reply, std::int32_t field) {
   record.*value = readAmount(split(reply.fields.text(field), L" ").at(1));
 }
 

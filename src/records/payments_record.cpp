@@ -9,11 +9,11 @@
 namespace corvid {
 namespace {
 
-constexpr std::int64_t kBehindEcho = 3;  // position in field 0
+constexpr std::int64_t kAfterEcho = 3;  // position in field 0
 
-Currency readMeans(const FieldArray& fields, std::int32_t field) {
+Currency readMethod(const FieldArray& fields, std::int32_t field) {
   const std::wstring text = fields.text(field);
-  return readAmount(field == 0 ? mid(text, kBehindEcho) : text);
+  return readAmount(field == 0 ? mid(text, kAfterEcho) : text);
 }
 
 }  // namespace
@@ -28,7 +28,7 @@ void PaymentsRecord::loadFromResponse(const FieldArray& fields) {
   const auto most = static_cast<std::int32_t>(amounts_.size());
   const std::int32_t count = std::min(fields.upperBound() + 1, most);
   for (std::int32_t i = 0; i < count; ++i) {
-    amounts_.at(static_cast<std::size_t>(i)) = readMeans(fields, i);
+    amounts_.at(static_cast<std::size_t>(i)) = readMethod(fields, i);
   }
   nMedios_ = narrowToInt16(count);
 }

@@ -1,4 +1,4 @@
-// PrinterResponse4: the accumulated amount of each means of payment (reply to "S4").
+// PrinterResponse4: the accumulated amount of each payment method (reply to "S4").
 #pragma once
 
 #include "basic/currency.h"
@@ -13,24 +13,24 @@ namespace corvid {
 
 class PaymentsRecord {
  public:
-  static constexpr std::size_t kMostMeans = 24;
+  static constexpr std::size_t kMostMethods = 24;
 
   bool isFake = false;  // True after loadFake; no reply clears it
 
-  // How many means of payment were loaded, at most 24.
+  // How many payment method were loaded, at most 24.
   [[nodiscard]] std::int16_t nMedios() const { return nMedios_; }
 
   // The amounts stay, but are no longer shown.
   void loadFake();
-  // Reads at most 24 fields. Raises where one is no number (13) or too large (6); the amounts
+  // Reads at most 24 fields. Throws where one is no number (13) or too large (6); the amounts
   // before it are stored and nMedios is 0.
   void loadFromResponse(const FieldArray& fields);
-  // The amount of the n-th means, counted from 1; 0 for n below 1 or above nMedios. Between two
+  // The amount of the n-th method, counted from 1; 0 for n below 1 or above nMedios. Between two
   // whole numbers, n - 1 is rounded half to even.
   [[nodiscard]] Currency valor(const Decimal& n) const;
 
  private:
-  std::array<Currency, kMostMeans> amounts_;
+  std::array<Currency, kMostMethods> amounts_;
   std::int16_t nMedios_ = 0;
 };
 

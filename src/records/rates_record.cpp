@@ -40,7 +40,8 @@ void RatesRecord::loadFromResponse(const FieldArray& fields) {
     loadFlags(fields);
     isPartial_ = false;
   } catch (const RunTimeError& error) {
-    process_.trace().Trace(L"PrinterResponse3.LoadFormResponse. Error: " + error.description());
+    process_.trace().traceWith(
+        [&] { return L"PrinterResponse3.LoadFormResponse. Error: " + error.description(); });
   }
 }
 
@@ -51,16 +52,17 @@ void RatesRecord::loadRates(const FieldArray& fields) {
     loadRate(fields.text(1), values.TipoTasa2, values.ValorTasa2);
     loadRate(fields.text(2), values.TipoTasa3, values.ValorTasa3);
   }
-  process_.trace().Trace(L"PrinterResponse3.LoadFromResponse, UBound(v) = " +
-                         std::to_wstring(last));
+  process_.trace().traceWith(
+      [&] { return L"PrinterResponse3.LoadFromResponse, UBound(v) = " + std::to_wstring(last); });
 }
 
 void RatesRecord::loadFlags(const FieldArray& fields) {
   const bool reportsIgtf = fields.upperBound() > 3 && !fields.text(4).empty();
   values.TasaIGTF = reportsIgtf ? readRate(fields.text(3)) : kUsualIgtf;
   const std::int32_t flagField = reportsIgtf ? 4 : 3;
-  process_.trace().Trace(L"PrinterResponse3.LoadFromResponse, indiceFlags = " +
-                         std::to_wstring(flagField));
+  process_.trace().traceWith([&] {
+    return L"PrinterResponse3.LoadFromResponse, indiceFlags = " + std::to_wstring(flagField);
+  });
   const std::wstring row = fields.text(flagField);
   const std::size_t count = row.size() / 2;
   values.nFlags = narrowToInt16(static_cast<std::int64_t>(count) - 1);

@@ -31,7 +31,7 @@ class RatesRecord {
 
   // Clears kinds and rates; the flags stay as they are.
   void loadFake();
-  // Never raises: an error goes to the trace, and what was set before it remains.
+  // Never throws: an error goes to the trace, and what was set before it remains.
   void loadFromResponse(const FieldArray& fields);
   // Printer flag n, or -1 when the record has no such flag.
   [[nodiscard]] std::int16_t Flag(std::int16_t n) const;

@@ -34,7 +34,7 @@ std::shared_ptr<CountersRecord> Response1(Exchange& exchange) {
   std::wstring reply;
   if (!exchange.answersWithSubstitutes()) {
     reply = exchange.GetResponseString(kQueryCounters, std::wstring(1, kLineFeed));
-    reply.erase(0, 1);  // the separator in front of the first field
+    reply.erase(0, 1);  // the separator before the first field
   }
   if (reply.empty() || reply == kFailedReply) {
     record->loadFakeQuietly();

@@ -28,7 +28,7 @@ class TransactionRecord {
 
   // Sets tipoTrans to -1 and leaves all other values as they are.
   void loadFake();
-  // Raises where a field is missing (9), no number (13) or too large (6); what comes before it is
+  // Throws where a field is missing (9), no number (13) or too large (6); what comes before it is
   // set.
   void loadFromResponse(const FieldArray& fields);
   // One "name = value" line each, ended by CR LF, in the user's default text forms.

@@ -28,7 +28,7 @@ std::shared_ptr<DailySummary> loadResumenZ(Exchange& exchange) {
 std::vector<std::shared_ptr<ZReportRecord>> reportesZMF(Exchange& exchange, const Decimal& desde,
                                                         const Decimal& hasta) {
   const std::vector<Lines> rows = zReportRows(exchange, desde, hasta);
-  // Hosts count closures in 16 bits.
+  // Hosts count Z reports in 16 bits.
   if (rows.size() > std::numeric_limits<std::int16_t>::max()) throw overflow();
   std::vector<std::shared_ptr<ZReportRecord>> records;
   for (const Lines& row : rows) {

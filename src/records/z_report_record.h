@@ -1,4 +1,4 @@
-// ReporteZMF: one daily closure as the printer's fiscal memory keeps it (a block of "U3A").
+// ReporteZMF: one Z report as the printer's fiscal memory keeps it (a block of "U3A").
 #pragma once
 
 #include "basic/currency.h"
@@ -40,10 +40,10 @@ class ZReportRecord {
 
   ZReportValues values;
 
-  // Raises where a field is missing (9), no number (13) or too large (6); what comes before it is
+  // Throws where a field is missing (9), no number (13) or too large (6); what comes before it is
   // set.
   void loadFromResponse(const FieldArray& row);
-  // Asks the printer for closure `numero` (rounded half away from zero) and reads it as
+  // Asks the printer for Z report `numero` (rounded half away from zero) and reads it as
   // loadFromResponse does. False when the exchange failed; the values are then untouched.
   [[nodiscard]] bool load(Exchange& exchange, const Decimal& numero);
   // One "name = value" line each, ended by CR LF, in the user's default text forms.

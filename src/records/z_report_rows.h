@@ -1,4 +1,4 @@
-// The rows of the fiscal memory, one for each daily closure.
+// The rows of the fiscal memory, one for each Z report.
 #pragma once
 
 #include "basic/decimal.h"
@@ -9,7 +9,7 @@
 
 namespace corvid {
 
-// Asks for the closures of a range of numbers, sent with six digits each: rounded half away from
+// Asks for the Z reports of a range of numbers, sent with six digits each: rounded half away from
 // zero, never cut. No rows when the query failed; the outcome tells why.
 [[nodiscard]] std::vector<Lines> zReportRows(Exchange& exchange, const Decimal& desde,
                                              const Decimal& hasta);

@@ -34,7 +34,7 @@ PrinterSession::PrinterSession(ProcessState& process)
 PrinterSession::~PrinterSession() {
   try {
     release();
-  } catch (...) {  // NOLINT(bugprone-empty-catch): releasing an object never raises
+  } catch (...) {  // NOLINT(bugprone-empty-catch): releasing an object never throws
   }
 }
 
@@ -44,34 +44,38 @@ void PrinterSession::Abrir(std::int16_t portNumber) {
     if (!preview.isPending()) preview.make(process_.views(), settings());
     return;
   }
-  if (portNumber < 1 || portNumber > kHighestPort) throw subscriptOutOfRange();
+  if (!Transports::isPortNumber(portNumber)) throw subscriptOutOfRange();
   closePort();
   const OpeningRef opening = openPort(portNumber);
   // The host may have closed or reopened the session from a message box, and below from a wait.
   if (exchange_.opening() != opening) return;
+  const Exchange::Turn turn(exchange_, L"Abrir");
   opening->transport->setLines();
   exchange_.GetStatus();
-  if (exchange_.opening() == opening) learnSerial();
+  learnSerial();
 }
 
 // The stream is this session's before anything runs the host's code. A failed configuration leaves
 // it open, and then it is the session's to close.
 OpeningRef PrinterSession::openPort(std::int16_t portNumber) {
-  const std::shared_ptr<Transport> transport = process_.transport(portNumber, settings());
+  const std::shared_ptr<Transport> transport = process_.transports().make(portNumber, settings());
   exchange_.state().port = portNumber;
   const bool failed = transport->open() != 0;
   const std::wstring words = failed ? transport->errorText() : std::wstring();
   if (transport->isOpen()) exchange_.attach(transport);
   OpeningRef opening = exchange_.opening();
-  process_.openDump(settings(), exchange_.dialog());
+  process_.transports().openDump(settings(), exchange_.dialog());
   if (failed) throw RunTimeError(kCannotOpenPort, L"PrinterFiscal.Abrir", words);
   return opening;
 }
 
+// The host may reopen the session while the number is asked for, and the later opening knows it.
 void PrinterSession::learnSerial() {
-  if (!state_.SerialPrinter.empty()) return;
-  state_.SerialPrinter = Response1(exchange_)->values.Serial;
-  process_.lastSerial = state_.SerialPrinter;
+  if (!state_.SerialPrinter.empty() || !exchange_.isOpen()) return;
+  const std::wstring serial = Response1(exchange_)->values.Serial;
+  if (!state_.SerialPrinter.empty() || !exchange_.isOpen()) return;
+  state_.SerialPrinter = serial;
+  process_.lastSerial = serial;
 }
 
 void PrinterSession::Cerrar() {
@@ -97,9 +101,15 @@ void PrinterSession::release() {
   }
 }
 
+void PrinterSession::abandon() {
+  exchange_.state().sinMensajes = true;
+  closePort();
+}
+
 void PrinterSession::closePort() {
   // A port that could not be opened has opened the dump all the same.
-  if (std::exchange(exchange_.state().port, std::int16_t{0}) != 0) process_.closeDump();
+  if (std::exchange(exchange_.state().port, std::int16_t{0}) != 0)
+    process_.transports().closeDump();
   exchange_.detach();
 }
 
@@ -136,7 +146,7 @@ void PrinterSession::Demora(std::int16_t n) {
   while (elapsed < delay) {
     process_.sleep().sleep(1);
     elapsed = clock.secondsSinceMidnight() - start;
-    // Without this, a target behind midnight would never be reached.
+    // Without this, a target after midnight would never be reached.
     if (elapsed < 0) elapsed += kSecondsPerDay;
   }
 }
@@ -144,8 +154,12 @@ void PrinterSession::Demora(std::int16_t n) {
 void PrinterSession::LoadFlag21() {
   const Exchange::Turn turn(exchange_, L"LoadFlag21");
   if (turn.isRefused()) return;
-  if (!knowsRates()) state_.s3 = Response3(exchange_);
-  state_.f21 = state_.s3->Flag(21);
+  // A printer that refuses the query is asked once for a line, not for each number in it.
+  if (!knowsRates() && ratesAskedIn_ != exchange_.turnNumber()) {
+    ratesAskedIn_ = exchange_.turnNumber();
+    state_.s3 = Response3(exchange_);
+  }
+  if (state_.s3) state_.f21 = state_.s3->Flag(21);  // the host may have taken it away meanwhile
 }
 
 std::wstring PrinterSession::FormatPrecio(const Decimal& value) {

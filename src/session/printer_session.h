@@ -13,7 +13,7 @@
 
 namespace corvid {
 
-// Created closed, with its settings read once. Outcomes land in outcome() and are not raised,
+// Created closed, with its settings read once. Outcomes land in outcome() and are not thrown,
 // except where a member says so. Everything runs on the host's thread. While a member waits for the
 // printer the host's message loop runs; members that the host calls from there are refused, but for
 // Abrir and Cerrar, which end the wait.
@@ -22,7 +22,7 @@ class PrinterSession {
   explicit PrinterSession(ProcessState& process);
   PrinterSession(const PrinterSession&) = delete;
   PrinterSession& operator=(const PrinterSession&) = delete;
-  // As Cerrar, without showing again what was shown in full; never raises.
+  // As Cerrar, without showing again what was shown in full; never throws.
   ~PrinterSession();
 
   [[nodiscard]] SessionState& state() { return state_; }
@@ -32,15 +32,15 @@ class PrinterSession {
   [[nodiscard]] const Settings& settings() const { return exchange_.settings(); }
 
   // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, asks for the status
-  // and learns the serial number. Raises 9 for a number outside 1 to 99 (nothing changes), and
+  // and learns the serial number. Throws 9 for a number outside 1 to 99 (nothing changes), and
   // 40001 from "PrinterFiscal.Abrir" when the port cannot be opened (the number is kept). In test
   // mode it creates the preview and opens no port.
   void Abrir(std::int16_t portNumber);
   // Closes the port that this session opened; shows the preview of test mode, or the debug view.
   void Cerrar();
-  // The host has let go of the session in the middle of a member: ends its wait, and closes the
-  // port, which the member notices as after Cerrar. Shows nothing.
-  void abandon() { closePort(); }
+  // The host has let go of the session in the middle of a member: closes the port, which ends the
+  // member's wait as Cerrar does. No message is shown from here on.
+  void abandon();
 
   // The model: setting "TipoPrinter", or, when that is negative, by the serial number's prefix.
   [[nodiscard]] std::int32_t tipoPrinter() const;
@@ -51,8 +51,8 @@ class PrinterSession {
   [[nodiscard]] std::int16_t LineasDireccion() const;
   // Waits n x "FactorDelay" seconds without letting the host run.
   void Demora(std::int16_t n);
-  // Reads the rates and flags where none are there yet, and takes flag 21 from them. Does nothing
-  // where its turn is refused.
+  // Reads the rates and flags where none are there yet, once in a member, and takes flag 21 from
+  // them. Does nothing where its turn is refused.
   void LoadFlag21();
   // Whether the printer's rates and flags are there, whole and not substituted.
   [[nodiscard]] bool knowsRates() const { return state_.s3 && !state_.s3->countsAsNone(); }
@@ -77,6 +77,7 @@ class PrinterSession {
   SessionState state_;
   AmountFormats formats_;
   float factorDelay_ = 0;
+  std::uint32_t ratesAskedIn_ = 0;  // the last turn in which the printer was asked for its rates
 };
 
 }  // namespace corvid

@@ -28,7 +28,7 @@ struct SessionState {
 };
 
 // Reads the settings of a new session, in their fixed order; one that does not fit its field
-// leaves the field as it is. Never raises.
+// leaves the field as it is. Never throws.
 void readSettings(SessionState& state, Exchange& exchange);
 
 }  // namespace corvid

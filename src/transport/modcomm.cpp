@@ -179,7 +179,7 @@ std::int32_t modCOMM::CommWrite(std::int16_t port, std::string_view data) {
   return static_cast<std::int32_t>(count);
 }
 
-// Behind a read or write that did not finish at once; false after any error but a pending one.
+// After a read or write that did not finish at once; false after any error but a pending one.
 bool modCOMM::awaitTransfer(const Record& record, const wchar_t* call, const wchar_t* wait,
                             std::uint32_t& count) {
   const std::uint32_t error = lastErrorNumber();

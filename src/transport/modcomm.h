@@ -32,14 +32,14 @@ struct PortEnvironment {
 // The size by which a read takes exactly what is waiting.
 constexpr std::int32_t kExactly = 0;
 
-// Every member raises subscript out of range (9) for a port outside 1 to 99; no other failure is
-// raised: it is returned, and kept in the process-wide error record. None runs the host's code.
+// Every member throws subscript out of range (9) for a port outside 1 to 99; no other failure is
+// thrown: it is returned, and kept in the process-wide error record. None runs the host's code.
 class modCOMM {
  public:
   explicit modCOMM(const PortEnvironment& environment) : environment_(environment) {}
 
   // 0, or the error number (-1 with "Port in use." when the record is already open). A failure
-  // behind CreateFile leaves the record open, to be closed by CommClose. The port's whole state is
+  // after CreateFile leaves the record open, to be closed by CommClose. The port's whole state is
   // set, whatever another program left behind: no flow control, parity checked, DTR on, RTS off.
   std::int32_t CommOpen(std::int16_t port, const std::wstring& name, const std::wstring& settings);
   // 0, or the error number; the record is free for the next opening in both cases. Closes the port

@@ -34,8 +34,8 @@ class PortDump {
   std::unique_ptr<AppendFile> file_;
 };
 
-// The lines of a hex dump: upper-case pairs with a blank behind each, padded to 48 columns, then
-// the bytes themselves with "." for those below the blank; CR LF behind each line.
+// The lines of a hex dump: upper-case pairs with a blank after each, padded to 48 columns, then
+// the bytes themselves with "." for those below the blank; CR LF after each line.
 [[nodiscard]] std::string hexDump(std::string_view bytes);
 
 }  // namespace corvid

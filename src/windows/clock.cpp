@@ -1,5 +1,7 @@
 #include "windows/clock.h"
 
+#include "windows/system_library.h"
+
 namespace corvid {
 namespace {
 
@@ -10,10 +12,8 @@ constexpr UINT kFinestTick = 1;               // milliseconds
 
 using PeriodCall = UINT(WINAPI*)(UINT milliseconds);
 
-// From the system's own folder only; the process and its search path are the host's.
 PeriodCall periodCall(const char* name) {
-  static HMODULE const library =
-      LoadLibraryExW(L"winmm.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  static HMODULE const library = loadSystemLibrary(L"winmm.dll");
   if (library == nullptr) return nullptr;
   return reinterpret_cast<PeriodCall>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }

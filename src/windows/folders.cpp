@@ -3,7 +3,7 @@
 #include "windows/owned_handle.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <shlobj.h>
 
 #include <array>

@@ -6,7 +6,7 @@
 #include "windows/twips.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include <algorithm>

@@ -53,7 +53,7 @@ class GdiReportPrinter : public ReportPrinter {
   PrinterOpener open_;
   FontChoice font_{L"Courier New", 10, false, false};
   std::optional<PrinterDevice> device_;
-  std::optional<PrintJob> job_;  // behind the device, whose context it uses
+  std::optional<PrintJob> job_;  // after the device, whose context it uses
 };
 
 }  // namespace corvid

@@ -10,7 +10,7 @@
 
 namespace corvid {
 
-// Pages open with what is printed on them, so that a new page in front of the end leaves no empty
+// Pages open with what is printed on them, so that a new page before the end leaves no empty
 // sheet. Failing calls throw PrinterError. The context outlives the job.
 class PrintJob {
  public:

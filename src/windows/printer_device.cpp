@@ -3,7 +3,7 @@
 #include "windows/font_description.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <winspool.h>
 
 #include <algorithm>

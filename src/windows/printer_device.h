@@ -55,7 +55,7 @@ class PrinterDevice {
   [[nodiscard]] double toTwips(int pixels, int resolutionIndex) const;
   [[nodiscard]] double offeredSize(double wanted) const;
 
-  Font font_;  // in front of the context, which has it selected: members go in reverse order
+  Font font_;  // before the context, which has it selected: members go in reverse order
   OpenedPrinter printer_;
 };
 

@@ -2,7 +2,7 @@
 #include "windows/quick_view_form.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include <utility>

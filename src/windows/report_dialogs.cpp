@@ -5,7 +5,7 @@
 #include "windows/message_box.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <commdlg.h>
 
 #include <utility>

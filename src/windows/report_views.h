@@ -9,7 +9,7 @@
 
 namespace corvid {
 
-// Each view is a QuickViewForm with no host behind it. Showing one that is visible raises error
+// Each view is a QuickViewForm without a host. Showing one that is visible throws error
 // 400; where the process has no interactive desktop showing returns at once.
 class WindowsReportViews : public ReportViews {
  public:

@@ -1,7 +1,9 @@
 #include "windows/rich_edit_text_box.h"
 
+#include "windows/system_library.h"
+
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <commdlg.h>
 
 #include <algorithm>
@@ -27,18 +29,9 @@ constexpr RichEditLibrary kLibraries[] = {
     {L"riched20.dll", L"RichEdit20W"},
 };
 
-// With the separator behind it. By its full path no other folder's library comes first.
-std::wstring systemFolder() {
-  std::wstring folder(MAX_PATH, L'\0');
-  folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
-  return folder + L"\\";
-}
-
 const wchar_t* loadRichEdit() {
-  for (const RichEditLibrary& process : kLibraries) {
-    if (LoadLibraryW((systemFolder() + process.file).c_str()) != nullptr) {
-      return process.windowClass;
-    }
+  for (const RichEditLibrary& library : kLibraries) {
+    if (loadSystemLibrary(library.file) != nullptr) return library.windowClass;
   }
   return nullptr;
 }
@@ -143,7 +136,7 @@ LONG RichEditTextBox::heldPosition(std::int32_t offset) {
 CHARRANGE RichEditTextBox::heldSelection() {
   CHARRANGE range{};
   tell(EM_EXGETSEL, 0, &range);
-  // A selection of everything counts one character behind the last.
+  // A selection of everything counts one character after the last.
   const LONG end = heldLength(GTL_DEFAULT);
   return {std::clamp(range.cpMin, LONG{0}, end), std::clamp(range.cpMax, LONG{0}, end)};
 }

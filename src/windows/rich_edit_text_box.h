@@ -4,7 +4,7 @@
 #include "preview/report_text_box.h"
 
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <richedit.h>
 
 #include <functional>

@@ -1,4 +1,4 @@
-// What a call raises, as one value to compare.
+// What a call throws, as one value to compare.
 #pragma once
 
 #include "basic/run_time_error.h"

@@ -14,7 +14,7 @@ class FakeClock : public Clock, public SleepCalls {
   double monotonicSeconds() override { return total_; }
   Date now() override { return now_; }
 
-  // A sleep ends with the first tick behind its time.
+  // A sleep ends with the first tick after its time.
   void sleep(int milliseconds) override {
     ++sleeps;
     const double end = total_ + milliseconds / 1000.0;

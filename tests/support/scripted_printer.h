@@ -15,7 +15,7 @@ using Answer = std::vector<std::string>;  // chunks; none is silence
 
 inline constexpr char kEtb = '\x17';
 
-// A reply as one chunk; more blocks follow behind kEtb.
+// A reply as one chunk; more blocks follow after kEtb.
 [[nodiscard]] inline Answer blockOf(const std::string& text, char end = '\x03') {
   char check = end;
   for (const char byte : text) check = static_cast<char>(check ^ byte);

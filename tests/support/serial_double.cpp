@@ -36,10 +36,11 @@ double SerialDouble::arrival(double passed, std::size_t index, std::size_t count
       constexpr std::size_t kDepth = 8;
       const std::size_t last = std::min((index / kDepth + 1) * kDepth, count) - 1;
       const bool isFull = (last + 1) % kDepth == 0;
-      return passed + static_cast<double>(last - index + (isFull ? 0 : 4)) * kByteSeconds;
+      return passed + driver.phase +
+             static_cast<double>(last - index + (isFull ? 0 : 4)) * kByteSeconds;
     }
     default:
-      return passed;
+      return passed + driver.phase;
   }
 }
 

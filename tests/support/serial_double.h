@@ -39,7 +39,7 @@ struct DriverModel {
   };
   Reads reads = Reads::AtOnce;
   Arrival arrival = Arrival::Whole;
-  double phase = 0;  // seconds by which frames and lumps are late
+  double phase = 0;  // seconds by which all that arrives is late
 };
 
 inline constexpr double kByteSeconds = 11.0 / 9600;  // start, eight data bits, parity, stop
@@ -54,7 +54,7 @@ class SerialDouble : public SerialCalls {
 
   void connect(LinePeer* peer) { peer_ = peer; }
   // Sends bytes on the line written last (opened last, where none was), that many seconds from now
-  // and behind what is on its way.
+  // and after what is on its way.
   void deliver(std::string_view bytes, double delaySeconds = 0);
   // Takes back what has not arrived.
   void silence();

@@ -108,7 +108,7 @@ TEST(StringBuffer, RemoveCutsEverythingBehindWhenItReachesTheLastCharacter) {
 
 TEST(StringBuffer, RemoveMovesCharactersFromBehindTheTextAlong) {
   CStringBuffer buffer = holding(L"abcdefghij");
-  buffer.setValue(L"12345");  // leaves fghij behind the text
+  buffer.setValue(L"12345");  // leaves fghij after the text
   std::int32_t length = 2;
   buffer.Remove(1, length);
   EXPECT_EQ(buffer.Value(), L"345");

@@ -35,7 +35,7 @@ short numberOf(const VARIANT& item) {
   return number;
 }
 
-// The numbers of the next closures, up to `count`; how the walk answered last stands behind them.
+// The numbers of the next closures, up to `count`; how the walk answered last stands after them.
 std::vector<int> next(IEnumVARIANT* walk, ULONG count) {
   std::vector<VARIANT> items(count);
   ULONG fetched = 99;

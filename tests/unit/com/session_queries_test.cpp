@@ -80,7 +80,7 @@ TEST_F(ClosedSession, GivesHousekeepingItsKindsOfResult) {
   EXPECT_EQ(VT_EMPTY, again.value.type());
 }
 
-// What cannot be converted raises, and what a member does not need is not converted.
+// What cannot be converted throws, and what a member does not need is not converted.
 TEST_F(ClosedSession, ConvertsWhatHousekeepingNeeds) {
   const auto session = newSession();
   const Variant words = text(L"abc");

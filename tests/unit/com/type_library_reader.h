@@ -75,7 +75,7 @@ inline std::wstring argumentsOf(ITypeInfo& info, const FUNCDESC& member) {
   return list.empty() ? list : L"(" + list + L")";
 }
 
-// As a class browser writes it, behind the dispatch identifier.
+// As a class browser writes it, after the dispatch identifier.
 inline std::wstring declaration(ITypeInfo& info, const FUNCDESC& member) {
   const std::wstring name = std::to_wstring(member.memid) + L" ";
   const std::wstring rest = nameOf(info, member.memid);

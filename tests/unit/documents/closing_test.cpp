@@ -35,11 +35,11 @@ const Case kCases[] = {
     {[](S& s) { return CerrarComprobante(s, money(0)); }, "101", "without an amount"},
     {[](S& s) { return CerrarComprobante(s, money(100)); }, "201000000010000", "with an amount"},
     {[](S& s) { return CerrarComprobante(s, money(-1)); }, "201-000000000100", "below zero"},
-    {[](S& s) { return CerrarConMedio(s, number(3), money(100)); }, "203000000010000", "means 3"},
+    {[](S& s) { return CerrarConMedio(s, number(3), money(100)); }, "203000000010000", "method 3"},
     {[](S& s) { return CerrarConMedio(s, number(3), money(0)); }, "203000000000000",
      "nothing paid"},
     {[](S& s) { return CerrarConMedio(s, number(123), money(1)); }, "2123000000000100",
-     "three digits of means"},
+     "three digits of method"},
     {[](S& s) { return CerrarConMedio(s, number(2.5), money(1)); }, "203000000000100",
      "half away from zero"},
     {[](S& s) { return CerrarConMedio(s, number(1), money(-1)); }, "201-000000000100",
@@ -48,7 +48,7 @@ const Case kCases[] = {
      "half a hundredth counts up"},
     {[](S& s) { return CerrarNotaCredito(s); }, "f01000000000000", "credit note"},
     {[](S& s) { return CerrarNotaCreditoConMedio(s, number(12), money(7)); }, "f12000000000700",
-     "credit note with means"},
+     "credit note with method"},
     {[](S& s) { return CancelarTransaccion(s); }, "7", "cancellation"},
 };
 

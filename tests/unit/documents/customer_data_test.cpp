@@ -141,7 +141,7 @@ struct FailureCase {
   Method method;
   std::string silentTo;  // the printer's time runs out at this command
   std::size_t sent;      // commands up to that one
-  std::wstring message;  // in front of the outcome's own words
+  std::wstring message;  // before the outcome's own words
   const char* reason;
 };
 

@@ -145,6 +145,10 @@ TEST(Refusals, ItemIsNotSoldAsExemptForWantOfRates) {
           << item.reason;
     }
   }
+  DocumentBench refusing;
+  refusing.printer().answers["S3"] = {"\x15"};
+  EXPECT_EQ(PasarItem(refusing.session(), {L"PAN", 1, 1, 0}), pfOk);
+  EXPECT_EQ(refusing.printer().blocks.size(), 7U + 1) << "the rates are asked for once in a line";
   DocumentBench closed;
   closed.session().Cerrar();
   EXPECT_EQ(PasarItem(closed.session(), {L"PAN", 0, 0, 16}), pfCommError);

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace corvid {
 namespace {
 
@@ -135,6 +137,7 @@ TEST(Exchange, CheckBytesOfRepliesCountBySetting) {
       {kStatus, kGood, 1, 1, "both right"},
       {{"\x02\x60\x40\x03?"}, kGood, 2, 1, "a wrong status is asked for again"},
       {{"\x02\x60\x40\x03"}, kGood, 2, 1, "one without its check byte too"},
+      {{"\2A\3?", "\x02\x60\x40\x03\x23"}, kGood, 2, 1, "noise that looks like no status"},
       {kStatus, {"\2A\nB\3?"}, 2, 2, "a wrong reply as well"},
   };
   for (const auto& item : kCases) {
@@ -227,7 +230,7 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   bench.world().pump.whenYielded = [&, sent = false]() mutable {
     if (sent || bench.printer().statusRequests == 0) return;
     sent = true;
-    // The first request's answer begins at the end of its wait, and ends behind it.
+    // The first request's answer begins at the end of its wait, and ends after it.
     bench.world().serial.deliver("\x02\x61", 9.98);
     bench.world().serial.deliver("\x42\x03\x20", 10.03);
   };
@@ -235,14 +238,61 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   EXPECT_EQ(bench.outcome().STS1, 0x60);
   EXPECT_EQ(bench.printer().statusRequests, 2U);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
+
+  OpenBench unchecked;
+  unchecked.printer().answersToBlock = {Answer{}};
+  unchecked.exchange().ExecuteNoCheck(L"w");
+  unchecked.world().serial.deliver(kNak, 0.03);
+  EXPECT_EQ(unchecked.session().Execute(L"e"), 0);
+  EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
 }
 
 // Lost, garbled or late: without an ACK within the time-out a command is sent again.
-TEST(Exchange, CommandWhoseAcknowledgementIsLateIsSentTwice) {
-  OpenBench bench({{L"TimeOut", L"1"}});
-  bench.printer().answersToBlock = {Answer{}};
+TEST(Exchange, CommandWithoutAcknowledgementInTimeIsSentTwice) {
+  const struct {
+    Answer answer;
+    double delay;
+    std::size_t blocks;
+  } kCases[] = {{{}, 0, 2}, {{"\x86"}, 0, 2}, {{"\x06"}, 1.02, 2}, {{"\x06"}, 0.98, 1}};
+  for (const auto& item : kCases) {
+    OpenBench bench({{L"TimeOut", L"1"}});
+    bench.printer().answersToBlock = {Answer{}};
+    bench.world().pump.whenYielded = [&, isSent = false]() mutable {
+      if (bench.printer().blocks.empty() || std::exchange(isSent, true)) return;
+      for (const std::string& bytes : item.answer) bench.world().serial.deliver(bytes, item.delay);
+    };
+    EXPECT_EQ(bench.session().Execute(L"w"), 0);
+    EXPECT_EQ(bench.printer().blocks.size(), item.blocks) << item.delay;
+  }
+}
+
+// As time services and the summer's begin do. The command would be sent again though it is done.
+TEST(Exchange, ClockThatIsSetForwardEndsNoWait) {
+  OpenBench bench;
+  bench.printer().delaySeconds = 0.5;
+  bench.world().pump.whenYielded = [&] { bench.world().clock.setSeconds(50000); };
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().blocks.size(), 2U);
+  EXPECT_EQ(bench.printer().statusRequests, 1U);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+}
+
+TEST(Exchange, ClosingEndsACommandAtEachYield) {
+  for (int nth = 1;; ++nth) {
+    OpenBench bench;
+    bench.printer().answersToBlock = {{"\5\6"}};
+    bool isClosed = false;
+    bench.atYield(nth, [&] {
+      bench.session().Cerrar();
+      isClosed = true;
+    });
+    const std::int16_t result = bench.session().Execute(L"w");
+    if (!isClosed) {
+      EXPECT_GT(nth, 5);
+      return;
+    }
+    EXPECT_EQ(result, pfCommError) << nth;
+    EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO") << nth;
+  }
 }
 
 TEST(Exchange, DeviceThatIsGoneEndsTheCommandAtOnceAndOpensAgain) {
@@ -267,6 +317,7 @@ TEST(Exchange, DeviceThatIsGoneEndsTheCommandAtOnceAndOpensAgain) {
 TEST(Exchange, ErrorThatPassesIsWaitedOut) {
   OpenBench bench;
   for (const int nth : {2, 3, 5, 6}) bench.world().serial.failNth("clearCommError", nth, 22);
+  bench.world().serial.failNth("writeFile", 1, 22);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
 }

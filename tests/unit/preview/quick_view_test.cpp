@@ -285,7 +285,7 @@ TEST_F(Preview, ClickTellsTheEventThenTheTarget) {
   EXPECT_EQ(listener.heard.size(), 3U);
   EXPECT_EQ(notified.size(), 1U) << "cleared";
 
-  world.box.select(10, 2);  // in front of a line
+  world.box.select(10, 2);  // before a line
   view.clickText();
   EXPECT_EQ(listener.heard.size(), 3U);
   EXPECT_EQ(world.box.selected, 2) << "nothing more is done";

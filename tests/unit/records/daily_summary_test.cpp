@@ -80,7 +80,7 @@ TEST(DailySummary, FirstFieldThatCannotBeReadEndsTheReading) {
     std::wstring origins;
     const char* reason;
   } kCases[] = {
-      {20, 0, L"40000", kFresh, "a closure beyond 16 bits"},
+      {20, 0, L"40000", kFresh, "a zReport beyond 16 bits"},
       {20, 0, L"pfError", kFresh, "letters at once"},
       {20, 2, L"", L"0 1 _ _ _ _ _" + kSeven + kSeven + kSeven + L" _ _ _ _ _ _ _ _ _",
        "an empty counter"},

@@ -20,7 +20,7 @@ namespace corvid {
 inline constexpr std::int16_t kFieldZero = 321;
 
 // Field i is 20mmdd with month and day counted up from 0101: an amount or a counter as well as a
-// date of 2020 and a time behind 20 hours.
+// date of 2020 and a time after 20 hours.
 inline Lines distinctFields(int count) {
   Lines fields;
   for (int i = 0; i < count; ++i) {

@@ -46,7 +46,7 @@ TEST(FourthRecord, LoadsOneAmountForEachOfTheFirst24FieldsAndHidesOlderOnes) {
   }
 }
 
-TEST(FourthRecord, BadFieldIsRaisedAndLeavesNoMeansInView) {
+TEST(FourthRecord, BadFieldIsRaisedAndLeavesNoMethodInView) {
   const struct {
     std::wstring fields;
     int error;
@@ -69,7 +69,7 @@ TEST(FourthRecord, BadFieldIsRaisedAndLeavesNoMeansInView) {
   }
 }
 
-TEST(FourthRecord, ElementsBehindTheLastMeansAreNotRead) {
+TEST(FourthRecord, ElementsBehindTheLastMethodAreNotRead) {
   PaymentsRecord record;
   Lines fields(30, L"100");
   fields.front() = L"S4100";
@@ -86,7 +86,7 @@ TEST(FourthRecord, SubstituteShowsNoMeans) {
   EXPECT_EQ(image(record), imageOf(0));
 }
 
-TEST(FourthRecord, NumberBetweenTwoMeansCountsAsAnIndexDoes) {
+TEST(FourthRecord, NumberBetweenTwoMethodCountsAsAnIndexDoes) {
   PaymentsRecord record;
   record.loadFromResponse(reply(24));
   const struct {

@@ -96,7 +96,7 @@ TEST(StatusQuery, ReplyThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
   EXPECT_EQ(second(session), L"6");
 }
 
-// The number that a query gives, or "error" and the number that it raises.
+// The number that a query gives, or "error" and the number that it throws.
 template <typename Call>
 std::wstring toldBy(Call call) {
   double value = 0;
@@ -108,7 +108,7 @@ TEST(CounterQuery, ReadsItsFieldInEveryLayout) {
   const struct {
     const char* reply;
     std::wstring invoice;
-    std::wstring closure;
+    std::wstring zReport;
     const char* reason;
   } kCases[] = {
       {"S101\n1\n102\n3\n4\n5\n106\n7\nJ\nZ\n240517\n1030", L"102", L"106", "the short layout"},
@@ -125,7 +125,7 @@ TEST(CounterQuery, ReadsItsFieldInEveryLayout) {
     bench.printer().answers["S1"] = blockOf(item.reply);
     S& session = bench.exchange();
     EXPECT_EQ(toldBy([&] { return numeroUltimaFactura(session); }), item.invoice) << item.reason;
-    EXPECT_EQ(toldBy([&] { return NumeroUltimoCierre(session); }), item.closure) << item.reason;
+    EXPECT_EQ(toldBy([&] { return NumeroUltimoCierre(session); }), item.zReport) << item.reason;
   }
 }
 

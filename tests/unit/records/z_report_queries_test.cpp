@@ -12,16 +12,16 @@ namespace {
 
 Decimal number(int value) { return Decimal::fromInteger(value); }
 
-// A row of a closure; its invoice has the closure's number, and each amount one hundredth.
-std::string row(int closure) {
-  std::string text = std::to_string(closure) + "\n240517\n1030\n" + std::to_string(closure);
+// A row of a Z report; its invoice has the Z report's number, and each amount one hundredth.
+std::string row(int zReport) {
+  std::string text = std::to_string(zReport) + "\n240517\n1030\n" + std::to_string(zReport);
   text += "\n240517\n1030";
   for (int field = 6; field < 28; ++field) text += "\n1";
   return text;
 }
 
-// A reply of a row with more behind it.
-Answer firstOf(int closure) { return blockOf(row(closure), kEtb); }
+// A reply of a row with more after it.
+Answer firstOf(int zReport) { return blockOf(row(zReport), kEtb); }
 
 std::vector<int> numbersOf(const std::vector<std::shared_ptr<ZReportRecord>>& records) {
   std::vector<int> numbers;
@@ -33,7 +33,7 @@ std::vector<int> numbersOf(const std::vector<std::shared_ptr<ZReportRecord>>& re
 const char* const kRange = "U3A000005000012";
 const char* const kSeventh = "U3A000007000007";
 
-std::vector<int> closuresOfRange(DocumentBench& bench) {
+std::vector<int> zReportsOfRange(DocumentBench& bench) {
   return numbersOf(reportesZMF(bench.exchange(), number(5), number(12)));
 }
 
@@ -76,7 +76,7 @@ TEST(MemoryQuery, GivesOneRecordForEachBlock) {
   DocumentBench bench;
   bench.printer().answers[kRange] = firstOf(5);
   bench.printer().answersToAck = {firstOf(7), blockOf(row(12))};
-  EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 7, 12}));
+  EXPECT_EQ(zReportsOfRange(bench), (std::vector<int>{5, 7, 12}));
   EXPECT_EQ(bench.printer().commands(), Sent{kRange});
   EXPECT_EQ(bench.printer().acks, 2U);
 }
@@ -85,7 +85,7 @@ TEST(MemoryQuery, KeepsTheRowsInFrontOfABlockThatDoesNotArrive) {
   DocumentBench bench;
   bench.printer().answers[kRange] = firstOf(5);
   bench.printer().answersToAck = {firstOf(6), {"\x02" + row(7)}};
-  EXPECT_EQ(closuresOfRange(bench), (std::vector<int>{5, 6}));
+  EXPECT_EQ(zReportsOfRange(bench), (std::vector<int>{5, 6}));
 }
 
 TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
@@ -94,7 +94,7 @@ TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
   record.values.numeroCierre = 5;
   for (const FailedAnswer& failed : kFailedAnswers) {
     bench.printer().answers[kRange] = failed.answer;
-    EXPECT_TRUE(closuresOfRange(bench).empty()) << failed.reason;
+    EXPECT_TRUE(zReportsOfRange(bench).empty()) << failed.reason;
     bench.printer().answers[kSeventh] = failed.answer;
     EXPECT_EQ(loadReporteZMF(bench.exchange(), number(7)), nullptr) << failed.reason;
     EXPECT_FALSE(record.load(bench.exchange(), number(7))) << failed.reason;
@@ -125,12 +125,12 @@ TEST(MemoryQuery, RowThatCannotBeReadIsRaisedAndTheSessionGoesOn) {
   DocumentBench bench;
   bench.printer().answers[kRange] = firstOf(5);
   bench.printer().answersToAck = {blockOf("6\n240517")};
-  EXPECT_EQ(errorOf([&] { closuresOfRange(bench); }), 9);
+  EXPECT_EQ(errorOf([&] { zReportsOfRange(bench); }), 9);
   bench.printer().answers[kSeventh] = blockOf("40000");
   const auto load = [&] { static_cast<void>(loadReporteZMF(bench.exchange(), number(7))); };
   EXPECT_EQ(errorOf(load), 6);
   bench.printer().answers[kRange] = blockOf(row(5));
-  EXPECT_EQ(closuresOfRange(bench), std::vector<int>{5});
+  EXPECT_EQ(zReportsOfRange(bench), std::vector<int>{5});
 }
 
 TEST(MemoryQuery, RowsBeyondA16BitCountAreAnOverflow) {
@@ -139,12 +139,12 @@ TEST(MemoryQuery, RowsBeyondA16BitCountAreAnOverflow) {
     bench.printer().answers[kRange] = blockOf("x", kEtb);
     bench.printer().answersToAck.assign(count - 2, blockOf("x", kEtb));
     bench.printer().answersToAck.push_back(blockOf("x"));
-    const int error = errorOf([&] { closuresOfRange(bench); });
+    const int error = errorOf([&] { zReportsOfRange(bench); });
     EXPECT_EQ(error, count > 32767 ? 6 : 13) << count << " rows";
   }
 }
 
-TEST(MemoryQuery, OneClosureIsTheFirstRowOfItsRange) {
+TEST(MemoryQuery, OneZReportIsTheFirstRowOfItsRange) {
   DocumentBench bench;
   bench.printer().answers[kSeventh] = firstOf(7);
   bench.printer().answersToAck = {blockOf(row(8))};
@@ -154,12 +154,12 @@ TEST(MemoryQuery, OneClosureIsTheFirstRowOfItsRange) {
   EXPECT_EQ(bench.printer().commands(), Sent{kSeventh});
 }
 
-TEST(ClosureQueriesInTestMode, AllGoToThePreview) {
+TEST(ZReportQueriesInTestMode, AllGoToThePreview) {
   DocumentBench bench({{L"TestMode", L"True"}});
   const auto closed = CerrarZ(bench.exchange());
   ASSERT_NE(closed, nullptr);
   EXPECT_EQ(closed->values.numeroUltimoZ, -1);
-  EXPECT_EQ(errorOf([&] { closuresOfRange(bench); }), 13) << "\"Ok\" is no closure";
+  EXPECT_EQ(errorOf([&] { zReportsOfRange(bench); }), 13) << "\"Ok\" is no zReport";
   const Lines previewed = {L"I0Z", L"GET RESPONSE: U0Z", L"GET RESPONSE: U3A000005000012"};
   EXPECT_EQ(bench.world().views.created.front()->lines, previewed);
 }

@@ -30,7 +30,7 @@ using Record = RecordOf<ZReportRecord>;
 
 const std::wstring kWhole = L"0 1@2 _ 3 4 @5 9 10 11 12 13 23 24 25 26 27";
 
-TEST(MemoryClosure, RowFillsItUpToTheFirstBadField) {
+TEST(MemoryZReport, RowFillsItUpToTheFirstBadField) {
   const struct {
     int count;
     std::size_t field;    // gets the text
@@ -62,14 +62,14 @@ TEST(MemoryClosure, RowFillsItUpToTheFirstBadField) {
   }
 }
 
-TEST(MemoryClosure, UnusedElementsAreNotRead) {
+TEST(MemoryZReport, UnusedElementsAreNotRead) {
   Record target;
   const FieldsWithHoles row(distinctFields(28), {6, 7, 8, 14, 15, 16, 17, 18, 19, 20, 21, 22});
   target.record.loadFromResponse(row);
   EXPECT_EQ(origins(target.record.values), kWhole);
 }
 
-TEST(MemoryClosure, DatesThatAreNoneAreNow) {
+TEST(MemoryZReport, DatesThatAreNoneAreNow) {
   Record target;
   Lines row = distinctFields(28);
   row.at(1) = L"xx0101";
@@ -82,7 +82,7 @@ TEST(MemoryClosure, DatesThatAreNoneAreNow) {
   EXPECT_EQ(target.record.values.horaUltimaFactura, now);
 }
 
-TEST(MemoryClosure, TextFormIsTheUsersDefault) {
+TEST(MemoryZReport, TextFormIsTheUsersDefault) {
   Record target;
   target.world.locale.locale = venezuelan();
   V& v = target.record.values;

@@ -30,7 +30,7 @@ TEST(WholeSale, PrinterAddsUpWhatTheHostSold) {
   }
   const auto& sales = shop.machine().memory.today().of(simulator::DocumentKind::Invoice);
   EXPECT_EQ(sales.count, 1);
-  // Bases behind the discount: 22.50 and 13.50, exempt 4.50; IVA 3.60 and 1.08.
+  // Bases after the discount: 22.50 and 13.50, exempt 4.50; IVA 3.60 and 1.08.
   EXPECT_EQ(sales.total, 2250 + 1350 + 450 + 360 + 108) << paper;
   const auto record = Response1(shop.exchange());
   EXPECT_EQ(record->values.numeroUltimaFactura, 1);

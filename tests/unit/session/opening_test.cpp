@@ -6,10 +6,12 @@
 namespace corvid {
 namespace {
 
+const Answer kCounters =
+    blockOf("S100\n0012345\n7\n2\n3\n1\n4\n5\nJ-1\nZ7A0000042\n260314\n1030\n0\n0");
+
 TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
   SessionBench bench;
-  bench.printer().answers["S1"] =
-      blockOf("S100\n0012345\n7\n2\n3\n1\n4\n5\nJ-1\nZ7A0000042\n260314\n1030\n0\n0");
+  bench.printer().answers["S1"] = kCounters;
   bench.session().Abrir(7);
   EXPECT_EQ(bench.session().state().SerialPrinter, L"Z7A0000042");
   EXPECT_EQ(bench.process().lastSerial, L"Z7A0000042");
@@ -20,6 +22,23 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
       "createFile",   "setupComm",    "purgeComm",          "setCommTimeouts",   "getCommState",
       "buildCommDcb", "setCommState", "escapeCommFunction", "escapeCommFunction"};
   EXPECT_EQ(calls, expected);
+}
+
+// The query that fails must not take away the number that a later opening has learnt.
+TEST(Opening, ReopeningInTheMiddleOfOpeningKeepsTheSerial) {
+  for (int nth = 1;; ++nth) {
+    SessionBench bench;
+    bench.printer().answers["S1"] = kCounters;
+    bool isReopened = false;
+    bench.atYield(nth, [&] {
+      isReopened = true;
+      bench.session().Abrir(8);
+    });
+    bench.session().Abrir(7);
+    EXPECT_EQ(bench.session().state().SerialPrinter, L"Z7A0000042") << nth;
+    EXPECT_EQ(bench.process().lastSerial, L"Z7A0000042") << nth;
+    if (!isReopened) return;
+  }
 }
 
 TEST(Opening, KnownSerialIsNotAskedFor) {

@@ -57,7 +57,7 @@ TEST(PortOpening, GivesTheQueuesTheTimeoutsAndThePathOfThePort) {
   EXPECT_EQ(timeouts.writeTotalConstant, 0U);
 }
 
-// Another program may have left every flag behind in the driver.
+// Another program may have left every flag after in the driver.
 TEST(PortOpening, SetsTheWholeStateOfThePort) {
   using LineControl = DeviceControlBlock::LineControl;
   PortBench bench;

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <windows.h>
-// Needs windows.h in front of it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include <string>

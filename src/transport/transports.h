@@ -1,0 +1,36 @@
+// The byte streams that a process can open, and what they share.
+#pragma once
+
+#include "platform/message_dialog.h"
+#include "platform/settings.h"
+#include "transport/modcomm.h"
+#include "transport/port_dump.h"
+#include "transport/transport.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace corvid {
+
+class Transports {
+ public:
+  Transports(SerialCalls& calls, AppendFiles& files, Clock& clock)
+      : dump_(files, clock), comm_({calls, dump_}) {}
+  Transports(const Transports&) = delete;
+  Transports& operator=(const Transports&) = delete;
+
+  // Whether Abrir takes the number: 1 to 99.
+  [[nodiscard]] static bool isPortNumber(std::int16_t number);
+  // The stream to the printer on a port, closed, and as the settings have it.
+  [[nodiscard]] std::shared_ptr<Transport> make(std::int16_t port, const Settings& settings);
+
+  // Opens the port dump where the settings ask for it; may show a message box.
+  void openDump(const Settings& settings, MessageDialog& dialog) { dump_.open(settings, dialog); }
+  void closeDump() { dump_.close(); }
+
+ private:
+  PortDump dump_;
+  modCOMM comm_;
+};
+
+}  // namespace corvid
