@@ -15,10 +15,10 @@ void exchange(benchmark::State& state, const wchar_t* setting) {
   World world;
   world.settings.set(kSessionSection, setting, L"True");
   InstantLine line;
-  ProcessState process({world.settings, world.store, line, world.pump, world.dialog, world.folders,
-                        world.files, world.views, world.clock, world.clock, windows1252(),
-                        world.locale});
-  PrinterSession session(process);
+  ThreadState thread({world.process, world.settings, world.store, line, world.pump, world.dialog,
+                      world.folders, world.files, world.views, world.clock, world.clock,
+                      windows1252(), world.locale});
+  PrinterSession session(thread);
   session.state().SerialPrinter = L"KNOWN";
   session.Abrir(7);
   const std::size_t before = line.bytes();

@@ -55,19 +55,19 @@ void fill(CountersRecord& record, const std::wstring& reply) { record.loadFromRe
 
 // This record alone needs no library.
 template <typename Record>
-Record made(ProcessState& process) {
+Record made(ThreadState& thread) {
   if constexpr (std::is_default_constructible_v<Record>) {
     return {};
   } else {
-    return Record(process);
+    return Record(thread);
   }
 }
 
 template <typename Record, const std::wstring& reply>
 void parse(benchmark::State& state) {
   World world;
-  ProcessState process(world.environment());
-  auto record = made<Record>(process);
+  ThreadState thread(world.environment());
+  auto record = made<Record>(thread);
   for (auto _ : state) {
     fill(record, reply);
     benchmark::DoNotOptimize(&record);

@@ -1,68 +1,104 @@
 #include "com/automation_library.h"
 
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "windows/append_files.h"
 #include "windows/clock.h"
 #include "windows/folders.h"
 #include "windows/locale.h"
 #include "windows/message_box.h"
 #include "windows/message_pump.h"
+#include "windows/owned_handle.h"
 #include "windows/report_views.h"
 #include "windows/serial_calls.h"
 #include "windows/settings_sources.h"
 
+#include <algorithm>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <utility>
 
 namespace corvid {
+namespace {
 
-// In the order of their needs.
-struct AutomationLibrary::Parts {
-  const DWORD thread = GetCurrentThreadId();
+// Without a state of their own: any thread may call them.
+struct ProcessParts {
   WindowsCodePage codePage;
   WindowsLocale locale;
   WindowsClock clock;
-  WindowsSleepCalls sleep;
   WindowsInitializationFile file;
   WindowsUserSettings store;
+  WindowsFolders folders;
+  WindowsAppendFiles files;
+  ProcessState state{files, clock};
+};
+
+struct ThreadHandleTraits {
+  using Type = HANDLE;
+  static constexpr Type none() { return nullptr; }
+  static void release(Type handle) { CloseHandle(handle); }
+};
+
+// In the order of their needs.
+struct ThreadParts {
+  explicit ThreadParts(ProcessParts& process)
+      : state({process.state, process.file, process.store, serial, pump, dialog, process.folders,
+               process.files, views, process.clock, sleep, process.codePage, process.locale}) {}
+
+  // The number of a thread that has ended may be given to another.
+  [[nodiscard]] bool isOf(DWORD number) const { return id == number && !hasEnded(); }
+  [[nodiscard]] bool hasEnded() const {
+    return thread.get() != nullptr && WaitForSingleObject(thread.get(), 0) == WAIT_OBJECT_0;
+  }
+
+  const DWORD id = GetCurrentThreadId();
+  const Owned<ThreadHandleTraits> thread{OpenThread(SYNCHRONIZE, FALSE, id)};
+  WindowsSleepCalls sleep;
   WindowsSerialCalls serial;
   WindowsMessagePump pump;
   WindowsMessageDialog dialog;
-  WindowsFolders folders;
-  WindowsAppendFiles files;
   WindowsReportViews views;
-  ProcessState process{
-      {file, store, serial, pump, dialog, folders, files, views, clock, sleep, codePage, locale}};
+  ThreadState state;
 };
 
-namespace {
+struct States {
+  std::unique_ptr<ProcessParts> process;
+  std::list<ThreadParts> threads;
+};
 
 std::mutex theGate;
 // No owner: at the end of a process that never asked whether to unload, windows and printers may
 // not be touched any more.
-AutomationLibrary* theInstance = nullptr;
+States* theStates = nullptr;
 
 }  // namespace
 
-AutomationLibrary::AutomationLibrary() : parts_(std::make_unique<Parts>()) {}
-
-AutomationLibrary::~AutomationLibrary() = default;
-
-AutomationLibrary& AutomationLibrary::instance() {
+ThreadState& AutomationLibrary::here() {
   const std::lock_guard lock(theGate);
-  if (theInstance == nullptr) theInstance = std::make_unique<AutomationLibrary>().release();
-  return *theInstance;
+  if (theStates == nullptr) theStates = std::make_unique<States>().release();
+  if (!theStates->process) theStates->process = std::make_unique<ProcessParts>();
+  auto& threads = theStates->threads;
+  const auto found = std::ranges::find_if(
+      threads, [id = GetCurrentThreadId()](const auto& one) { return one.isOf(id); });
+  if (found != threads.end()) return found->state;
+  return threads.emplace_back(*theStates->process).state;
 }
 
 bool AutomationLibrary::discard() noexcept {
+  States gone;  // destroyed after the lock is given back: windows run their thread's code
   const std::lock_guard lock(theGate);
-  if (theInstance == nullptr) return true;
-  if (theInstance->parts_->thread != GetCurrentThreadId()) return false;
-  const std::unique_ptr<AutomationLibrary> gone(std::exchange(theInstance, nullptr));
+  if (theStates == nullptr) return true;
+  auto& threads = theStates->threads;
+  for (auto next = threads.begin(); next != threads.end();) {
+    const auto one = next++;
+    if (one->id == GetCurrentThreadId() || one->hasEnded()) {
+      gone.threads.splice(gone.threads.end(), threads, one);
+    }
+  }
+  if (!threads.empty()) return false;
+  gone.process = std::move(theStates->process);
+  delete std::exchange(theStates, nullptr);
   return true;
 }
-
-ProcessState& AutomationLibrary::process() { return parts_->process; }
 
 }  // namespace corvid

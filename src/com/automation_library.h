@@ -1,33 +1,22 @@
-// The composition root: makes the Windows half of every seam and the one library of the process.
+// The composition root: makes the Windows half of every seam and the states of the library.
 #pragma once
-
-#include <memory>
 
 namespace corvid {
 
-class ProcessState;
+class ThreadState;
 
-// Process-wide, made when the first object needs it; never while the module is being loaded.
+// One state for the process and one for each thread that has objects; both are made when the first
+// object needs them, never while the module is being loaded. Any thread.
 class AutomationLibrary {
  public:
-  // Throws what construction throws.
-  static AutomationLibrary& instance();
-  // Drops the one that is there, with all process-wide state. No object may be alive. False, and
-  // nothing is dropped, on another thread than the one that made it, whose windows it holds.
+  AutomationLibrary() = delete;
+
+  // The calling thread's; throws what construction throws.
+  [[nodiscard]] static ThreadState& here();
+  // Drops the calling thread's state and those of threads that have ended; with the last of them
+  // that of the process. No object may be alive. False while another thread still has one, whose
+  // windows nobody else can destroy.
   [[nodiscard]] static bool discard() noexcept;
-
-  AutomationLibrary();
-  AutomationLibrary(const AutomationLibrary&) = delete;
-  AutomationLibrary& operator=(const AutomationLibrary&) = delete;
-  AutomationLibrary(AutomationLibrary&&) = delete;
-  AutomationLibrary& operator=(AutomationLibrary&&) = delete;
-  ~AutomationLibrary();
-
-  [[nodiscard]] ProcessState& process();
-
- private:
-  struct Parts;
-  std::unique_ptr<Parts> parts_;
 };
 
 }  // namespace corvid

@@ -27,15 +27,13 @@ IUnknown* identityOf(ComPtr<Object> object) {
 }
 
 IUnknown* createSession() {
-  AutomationLibrary& automation = AutomationLibrary::instance();
-  auto session = std::make_shared<PrinterSession>(automation.process());
-  return identityOf(makeObject<PrinterFiscalObject>(std::move(session)));
+  return identityOf(
+      makeObject<PrinterFiscalObject>(std::make_shared<PrinterSession>(AutomationLibrary::here())));
 }
 
 template <class Object, class Record>
 IUnknown* createRecord() {
-  ProcessState& process = AutomationLibrary::instance().process();
-  return identityOf(makeObject<Object>(std::make_shared<Record>(process)));
+  return identityOf(makeObject<Object>(std::make_shared<Record>(AutomationLibrary::here())));
 }
 
 // The one record that needs nothing of the library.
@@ -44,8 +42,7 @@ IUnknown* createResponse4() {
 }
 
 IUnknown* createQuickView() {
-  return identityOf(
-      QuickViewObject::create(AutomationLibrary::instance().process().currentSettings()));
+  return identityOf(QuickViewObject::create(AutomationLibrary::here().currentSettings()));
 }
 
 IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }

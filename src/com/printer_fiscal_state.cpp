@@ -49,13 +49,12 @@ STDMETHODIMP PrinterFiscalObject::tipoPrinter(::VariantesPF* ret) {
 
 STDMETHODIMP PrinterFiscalObject::BuildCommandBlock(BSTR command, BSTR* ret) {
   return giveResult(ret, [&] {
-    return corvid::BuildCommandBlock(viewOf(command), session_->process().codePage());
+    return corvid::BuildCommandBlock(viewOf(command), session_->thread().codePage());
   });
 }
 
 STDMETHODIMP PrinterFiscalObject::CalcXOr(BSTR s, short* ret) {
-  return giveResult(ret,
-                    [&] { return corvid::CalcXOr(viewOf(s), session_->process().codePage()); });
+  return giveResult(ret, [&] { return corvid::CalcXOr(viewOf(s), session_->thread().codePage()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::EscapeString(BSTR s, BSTR* ret) {

@@ -17,8 +17,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   return factory ? factory->QueryInterface(id, object) : E_OUTOFMEMORY;
 }
 
-// S_OK when no object, window, factory or lock is alive; drops the process-wide state then. On
-// another thread than the library's own it stays loaded.
+// S_OK when no object, window, factory or lock is alive; drops the library's state then. It stays
+// loaded while another thread that had objects still runs.
 STDAPI DllCanUnloadNow() {
   if (corvid::ModuleCount::value() != 0) return S_FALSE;
   return corvid::AutomationLibrary::discard() ? S_OK : S_FALSE;

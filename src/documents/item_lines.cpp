@@ -75,7 +75,7 @@ std::int16_t sendClassic(PrinterSession& session, const ClassicKind& kind,
   if (member.refusesText(shown)) return pfClientError;
   const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
   if (!index) return pfCommError;
-  std::wstring command = kind.prefix(*index, session.process().codePage());
+  std::wstring command = kind.prefix(*index, session.thread().codePage());
   command += session.FormatPrecio(price.toDecimal());
   command += session.FormatCantidad(quantity);
   return member.send(command + shown);

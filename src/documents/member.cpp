@@ -10,7 +10,7 @@ std::int16_t Member::send(const std::wstring& command) {
 }
 
 bool Member::refusesText(const std::wstring& text) {
-  if (!holdsLineControl(session_.process().codePage().encode(text))) return false;
+  if (!holdsLineControl(session_.thread().codePage().encode(text))) return false;
   refuse(L"car\u00E1cter de control");
   return true;
 }

@@ -28,7 +28,7 @@ std::int16_t SetHeader(PrinterSession& session, const std::wstring& lineNumber,
 
 std::int16_t SetFooter(PrinterSession& session, std::int32_t lineNumber, const std::wstring& text) {
   return sendAs(session, L"SetFooter",
-                [&] { return footerCommand(lineNumber, text, session.process().codePage()); });
+                [&] { return footerCommand(lineNumber, text, session.thread().codePage()); });
 }
 
 std::int16_t SetDate(PrinterSession& session, Date date) {

@@ -14,11 +14,11 @@ constexpr int kMostBlocksSent = 7;  // one command is written at most this often
 
 }  // namespace
 
-Exchange::Exchange(ProcessState& process)
-    : process_(process),
-      settings_(process.currentSettings()),
-      tracedDialog_(process.trace()),
-      line_(process) {}
+Exchange::Exchange(ThreadState& thread)
+    : thread_(thread),
+      settings_(thread.currentSettings()),
+      tracedDialog_(thread.trace()),
+      line_(thread) {}
 
 std::int16_t Exchange::Execute(const std::wstring& command) {
   const Turn turn(*this, L"Execute");
@@ -64,7 +64,7 @@ Exchange::Sent Exchange::sendBlock(const std::wstring& command) {
     setPortClosed();
     return Sent::Over;
   }
-  const std::wstring block = BuildCommandBlock(command, process_.codePage());
+  const std::wstring block = BuildCommandBlock(command, thread_.codePage());
   trace([&] { return L"SEND -> " + EscapeString(block); });
   discardLate();
   const std::int32_t written = write(block);
@@ -95,7 +95,7 @@ void Exchange::ExecuteNoCheck(const std::wstring& command) {
   if (turn.isRefused()) return;
   if (!isOpen()) return setPortClosed();
   discardLate();
-  write(BuildCommandBlock(command, process_.codePage()));
+  write(BuildCommandBlock(command, thread_.codePage()));
 }
 
 void Exchange::SendDirect(const std::wstring& command) {
@@ -104,7 +104,7 @@ void Exchange::SendDirect(const std::wstring& command) {
   const Turn turn(*this, L"SendDirect");
   if (turn.isRefused()) return;
   if (isOpen()) discardLate();
-  write(BuildCommandBlock(command, process_.codePage()));
+  write(BuildCommandBlock(command, thread_.codePage()));
 }
 
 void Exchange::SendAck() {
@@ -163,7 +163,7 @@ bool Exchange::awaitStatus() {
   const Look line = settleLine();
   if (line != Look::Quiet) return line == Look::Nothing;
   const OpeningRef opening = member_.opening;
-  const Look written = line_.writeSurely(opening, process_.codePage().encode(kEnquiry));
+  const Look written = line_.writeSurely(opening, thread_.codePage().encode(kEnquiry));
   if (!isUsable(written)) return false;
   opening->isSettled = false;
   const WaitEnd end = WaitForReply(true);
@@ -185,17 +185,17 @@ std::int32_t Exchange::write(std::wstring_view text) {
   if (!isOpen()) throw subscriptOutOfRange();
   const OpeningRef opening = member_.opening;
   opening->isSettled = false;
-  return line_.write(opening, process_.codePage().encode(text));
+  return line_.write(opening, thread_.codePage().encode(text));
 }
 
 void Exchange::addToPreview(const std::wstring& line) {
-  if (!state_.preview.isMade()) state_.preview.make(process_.views(), settings_);
+  if (!state_.preview.isMade()) state_.preview.make(thread_.views(), settings_);
   state_.preview.Add(line);
 }
 
 MessageDialog& Exchange::dialog() {
   if (state_.sinMensajes) return tracedDialog_;
-  return process_.dialog();
+  return thread_.dialog();
 }
 
 void Exchange::TracedDialog::show(const std::wstring& text, const std::wstring& title,

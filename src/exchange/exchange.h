@@ -5,8 +5,8 @@
 #include "basic/text.h"
 #include "exchange/exchange_state.h"
 #include "exchange/line.h"
-#include "exchange/process_state.h"
 #include "exchange/reply_wait.h"
+#include "exchange/thread_state.h"
 
 #include <cstdint>
 #include <memory>
@@ -28,7 +28,7 @@ inline constexpr const wchar_t* kFailedReply = L"pfError";
 //     time-out.
 class Exchange {
  public:
-  explicit Exchange(ProcessState& process);
+  explicit Exchange(ThreadState& thread);
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
 
@@ -102,7 +102,7 @@ class Exchange {
   [[nodiscard]] ExchangeState& state() { return state_; }
   [[nodiscard]] Outcome& outcome() { return state_.outcome; }
   [[nodiscard]] const Outcome& outcome() const { return state_.outcome; }
-  [[nodiscard]] ProcessState& process() { return process_; }
+  [[nodiscard]] ThreadState& thread() { return thread_; }
   [[nodiscard]] const Settings& settings() const { return settings_; }
   // Test mode or unchecked mode: queries give substitute records.
   [[nodiscard]] bool answersWithSubstitutes() const { return state_.testMode || state_.skipChecks; }
@@ -160,10 +160,10 @@ class Exchange {
   void setSilent() { setOutcome(pfCommError, L"pfError de comunicacion"); }
   template <class Words>
   void trace(Words&& words) {
-    process_.trace().traceWith(std::forward<Words>(words));
+    thread_.trace().traceWith(std::forward<Words>(words));
   }
 
-  ProcessState& process_;
+  ThreadState& thread_;
   Settings settings_;
   TracedDialog tracedDialog_;
   ExchangeState state_;

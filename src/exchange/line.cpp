@@ -12,7 +12,7 @@ constexpr double kLossSeconds = 0.1;
 void Line::attach(std::shared_ptr<Transport> transport) {
   opening_ = std::make_shared<Opening>();
   opening_->transport = std::move(transport);
-  opening_->lastTaken = process_.clock().monotonicSeconds();
+  opening_->lastTaken = thread_.clock().monotonicSeconds();
 }
 
 void Line::close() {
@@ -21,14 +21,14 @@ void Line::close() {
 
 void Line::runHost() {
   const bool before = setHostRuns(true);
-  isQuitting_ = process_.pump().yield();
+  isQuitting_ = thread_.pump().yield();
   setHostRuns(before);
 }
 
 Look Line::look(const OpeningRef& opening, std::string& bytes) {
   runHost();
   if (!isOpen(opening)) return Look::Closed;
-  Clock& clock = process_.clock();
+  Clock& clock = thread_.clock();
   const double now = clock.monotonicSeconds();
   const std::int32_t count = opening->transport->read(bytes);
   if (count < 0) return noteFailure(*opening);
@@ -40,7 +40,7 @@ Look Line::look(const OpeningRef& opening, std::string& bytes) {
 }
 
 Look Line::noteFailure(Opening& opening) {
-  const double now = process_.clock().monotonicSeconds();
+  const double now = thread_.clock().monotonicSeconds();
   if (opening.failuresInARow++ == 0) opening.firstFailure = now;
   const bool isLost =
       opening.failuresInARow >= kFailuresOfALoss && now - opening.firstFailure >= kLossSeconds;
@@ -51,7 +51,7 @@ std::string Line::discard(Opening& opening) {
   std::string late = opening.transport->discard();
   if (!late.empty()) {
     opening.isSettled = false;
-    opening.lastTaken = process_.clock().monotonicSeconds();
+    opening.lastTaken = thread_.clock().monotonicSeconds();
   }
   return late;
 }

@@ -1,7 +1,7 @@
 // A session's line to its printer: one opening of a port after the other.
 #pragma once
 
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "platform/pauses.h"
 #include "transport/transport.h"
 
@@ -40,8 +40,7 @@ enum class Look {
 // or reopen the session, which a caller notices by isOpen of its own opening.
 class Line {
  public:
-  explicit Line(ProcessState& process)
-      : process_(process), pauses_(process.clock(), process.sleep()) {}
+  explicit Line(ThreadState& thread) : thread_(thread), pauses_(thread.clock(), thread.sleep()) {}
   Line(const Line&) = delete;
   Line& operator=(const Line&) = delete;
 
@@ -77,7 +76,7 @@ class Line {
   void runHost();
   Look noteFailure(Opening& opening);
 
-  ProcessState& process_;
+  ThreadState& thread_;
   Pauses pauses_;
   OpeningRef opening_;
   bool hostRuns_ = false;

@@ -1,64 +1,43 @@
-// The process's state, shared by all sessions, and everything of the world around it.
+// What all threads of the process share.
 #pragma once
 
-#include "basic/code_page.h"
-#include "basic/locale.h"
 #include "platform/append_file.h"
 #include "platform/clock.h"
-#include "platform/folders.h"
-#include "platform/message_dialog.h"
-#include "platform/message_pump.h"
-#include "platform/report_view.h"
-#include "platform/settings.h"
-#include "platform/sleep_calls.h"
-#include "platform/trace.h"
+#include "platform/trace_file.h"
 #include "transport/transports.h"
 
+#include <atomic>
+#include <mutex>
 #include <string>
 
 namespace corvid {
 
-// The seams, each with one Windows half and one test double. All outlive the process's state.
-struct Environment {
-  InitializationFile& file;
-  UserSettings& store;
-  SerialCalls& serial;
-  MessagePump& pump;
-  MessageDialog& dialog;
-  Folders& folders;
-  AppendFiles& files;
-  ReportViews& views;
-  Clock& clock;
-  SleepCalls& sleep;
-  const CodePage& codePage;
-  const LocaleSource& locale;
-};
-
-// The last writer wins. One thread.
+// Any thread; the last writer wins.
 class ProcessState {
  public:
-  explicit ProcessState(const Environment& environment);
+  // Both are called from every thread that has a session, and outlive it.
+  ProcessState(AppendFiles& files, Clock& clock) : transports_(files, clock) {}
 
-  // Readers for an object that is made now.
-  [[nodiscard]] Settings currentSettings() const;
+  [[nodiscard]] SharedTransports& transports() noexcept { return transports_; }
+  [[nodiscard]] TraceFile& traceFile() noexcept { return traceFile_; }
 
-  [[nodiscard]] Transports& transports() { return transports_; }
-  [[nodiscard]] TraceLog& trace() { return trace_; }
-  [[nodiscard]] Clock& clock() { return environment_.clock; }
-  [[nodiscard]] SleepCalls& sleep() { return environment_.sleep; }
-  [[nodiscard]] MessagePump& pump() { return environment_.pump; }
-  [[nodiscard]] MessageDialog& dialog() { return environment_.dialog; }
-  [[nodiscard]] ReportViews& views() { return environment_.views; }
-  [[nodiscard]] const CodePage& codePage() const { return environment_.codePage; }
-  [[nodiscard]] Locale locale() const { return environment_.locale.current(); }
+  // The serial number that Abrir learnt last.
+  [[nodiscard]] std::wstring lastSerial() const {
+    const std::lock_guard lock(gate_);
+    return lastSerial_;
+  }
+  void setLastSerial(const std::wstring& serial) {
+    const std::lock_guard lock(gate_);
+    lastSerial_ = serial;
+  }
 
-  bool testMode = false;    // setting "TestMode" as the newest session read it
-  std::wstring lastSerial;  // the serial number that Abrir learnt last
+  std::atomic<bool> testMode{false};  // setting "TestMode" as the newest session read it
 
  private:
-  Environment environment_;
-  Transports transports_;
-  TraceLog trace_;
+  SharedTransports transports_;
+  TraceFile traceFile_;
+  mutable std::mutex gate_;
+  std::wstring lastSerial_;
 };
 
 }  // namespace corvid

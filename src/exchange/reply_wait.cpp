@@ -8,10 +8,10 @@
 
 namespace corvid {
 
-ReplyWait::ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outcome& outcome,
+ReplyWait::ReplyWait(ThreadState& thread, Line& line, OpeningRef opening, Outcome& outcome,
                      const WaitTerms& terms, const TimeOut& timeOut)
-    : process_(process),
-      trace_(process.trace()),
+    : thread_(thread),
+      trace_(thread.trace()),
       line_(line),
       opening_(std::move(opening)),
       outcome_(outcome),
@@ -21,7 +21,7 @@ ReplyWait::ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outc
 WaitEnd ReplyWait::run() {
   outcome_.result.clear();
   trace_.traceWith([&] {
-    return L"WaitForReply t = " + toText(timeOut_.start(), process_.locale()) + L"; timeout = " +
+    return L"WaitForReply t = " + toText(timeOut_.start(), thread_.locale()) + L"; timeout = " +
            toText(timeOut_.seconds(), Locale{});
   });
   Pauses::Wait pauses(line_.pauses());
@@ -134,7 +134,7 @@ void ReplyWait::traceCheckByte(const ReplyEvent& event) {
 }
 
 void ReplyWait::showCollected(std::string_view bytes, bool isReady) {
-  outcome_.result = process_.codePage().decode(bytes);
+  outcome_.result = thread_.codePage().decode(bytes);
   trace_.traceWith([&] {
     return L"WaitForReply (ready = " + toText(isReady) + L"): <-" + EscapeString(outcome_.result);
   });
@@ -156,7 +156,7 @@ bool ReplyWait::isOver() const {
 }
 
 std::wstring ReplyWait::escaped(std::string_view bytes) const {
-  return EscapeString(process_.codePage().decode(bytes));
+  return EscapeString(thread_.codePage().decode(bytes));
 }
 
 }  // namespace corvid

@@ -32,7 +32,7 @@ enum class WaitEnd {
 // the kind of the answer in its resultFlag.
 class ReplyWait {
  public:
-  ReplyWait(ProcessState& process, Line& line, OpeningRef opening, Outcome& outcome,
+  ReplyWait(ThreadState& thread, Line& line, OpeningRef opening, Outcome& outcome,
             const WaitTerms& terms, const TimeOut& timeOut);
   ReplyWait(const ReplyWait&) = delete;
   ReplyWait& operator=(const ReplyWait&) = delete;
@@ -57,7 +57,7 @@ class ReplyWait {
   [[nodiscard]] bool isOver() const;
   [[nodiscard]] std::wstring escaped(std::string_view bytes) const;
 
-  ProcessState& process_;
+  ThreadState& thread_;
   TraceLog& trace_;
   Line& line_;
   OpeningRef opening_;

@@ -50,9 +50,9 @@ Lines Exchange::GetResponse(const std::wstring& command) {
 // None but of a whole block: a printer that merely acknowledged told no field.
 Lines Exchange::fieldsOfReply() {
   if (!member_.block) return {};
-  const std::wstring text = process_.codePage().decode(member_.block->text);
+  const std::wstring text = thread_.codePage().decode(member_.block->text);
   trace([&] {
-    const std::wstring end = process_.codePage().decode(std::string(1, member_.block->end));
+    const std::wstring end = thread_.codePage().decode(std::string(1, member_.block->end));
     return L"GetResponse. After Execute (1), s = " + EscapeString(text + end);
   });
   trace([&] { return L"GetResponse. After Execute (2), s = " + EscapeString(text); });
@@ -82,7 +82,7 @@ std::vector<Lines> Exchange::GetMultipleResponses(const std::wstring& command) {
   std::vector<Lines> rows{GetResponse(command)};
   while (member_.block && member_.block->hasMore() && rows.size() < kMostRows &&
          receiveNextBlock()) {
-    rows.push_back(fieldsOf(process_.codePage().decode(member_.block->text)));
+    rows.push_back(fieldsOf(thread_.codePage().decode(member_.block->text)));
   }
   return rows;
 }

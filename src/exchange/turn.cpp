@@ -27,7 +27,7 @@ Exchange::Turn::~Turn() {
   exchange_.member_ = std::move(*outer_);
   // What the member traced after the host had closed the port opened the file again.
   if (exchange_.turns_ == 0 && wasOpen && !exchange_.line_.opening()) {
-    exchange_.process_.trace().closeFile();
+    exchange_.thread_.trace().closeFile();
   }
 }
 

@@ -32,8 +32,8 @@ WaitEnd Exchange::waitWithoutChecks() {
 WaitEnd Exchange::collectReply(bool forStatus) {
   // The session may be reopened meanwhile; what becomes of this opening is noted here.
   const OpeningRef opening = member_.opening;
-  const TimeOut timeOut(process_.clock(), state_.timeOut, forStatus ? patience() : kNoEnd);
-  ReplyWait wait(process_, line_, opening, state_.outcome,
+  const TimeOut timeOut(thread_.clock(), state_.timeOut, forStatus ? patience() : kNoEnd);
+  ReplyWait wait(thread_, line_, opening, state_.outcome,
                  {.forStatus = forStatus, .verifies = state_.verificarRespuesta}, timeOut);
   const WaitEnd end = wait.run();
   if (end == WaitEnd::Block) member_.block = std::move(wait.block());
@@ -86,7 +86,7 @@ Look Exchange::settleLine() {
   const OpeningRef opening = member_.opening;
   discardLate();
   if (opening->isSettled) return Look::Quiet;
-  const TimeOut timeOut(process_.clock(), state_.timeOut, patience());
+  const TimeOut timeOut(thread_.clock(), state_.timeOut, patience());
   Pauses::Wait pauses(line_.pauses());
   for (;;) {
     std::string late;
@@ -122,7 +122,7 @@ void Exchange::discardLate() { traceDiscarded(line_.discard(*member_.opening)); 
 
 void Exchange::traceDiscarded(const std::string& late) {
   if (late.empty()) return;
-  trace([&] { return L"Discarded: <-" + EscapeString(process_.codePage().decode(late)); });
+  trace([&] { return L"Discarded: <-" + EscapeString(thread_.codePage().decode(late)); });
 }
 
 }  // namespace corvid

@@ -8,9 +8,8 @@
 #include "platform/folders.h"
 #include "platform/pending_view.h"
 #include "platform/settings.h"
+#include "platform/trace_file.h"
 
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,17 +26,19 @@ struct TraceEnvironment {
   const LocaleSource& locale;
 };
 
-// Process-wide; follows the session object created last.
+// One thread's way to the process's trace, with a debug view of its own.
 class TraceLog {
  public:
-  explicit TraceLog(const TraceEnvironment& environment) : environment_(environment) {}
+  // The file outlives it.
+  TraceLog(const TraceEnvironment& environment, TraceFile& file)
+      : environment_(environment), file_(file) {}
 
-  // Takes over the newest session's settings: "IsDebug" (nothing is traced while it is off),
-  // "DebugInmediato" (to the debug view instead of the file), and the file's name with the next
-  // line, which tells the settings file first.
-  void follow(const Settings& settings);
+  // Takes over the newest session's settings for all threads: "IsDebug" (nothing is traced while
+  // it is off), "DebugInmediato" (to the debug view instead of the file), and the file's name with
+  // the next line, which tells the settings file first.
+  void follow(const Settings& settings) { file_.follow(settings); }
 
-  [[nodiscard]] bool isOn() const noexcept { return isDebug_; }
+  [[nodiscard]] bool isOn() const noexcept { return file_.isOn(); }
   // Writes one line; no failure is ever reported. The file stays open between lines, each of which
   // is one write, so that none is lost when the host dies.
   void Trace(std::wstring_view message) noexcept;
@@ -51,27 +52,21 @@ class TraceLog {
     }
   }
   // Closes the file; the next line opens it again.
-  void closeFile() noexcept { file_.reset(); }
+  void closeFile() noexcept { file_.close(); }
 
   // Made when the first line goes there. Shown by the session's Cerrar.
   [[nodiscard]] PendingView& debugView() { return debugView_; }
   // Empty until the first line went to the file.
-  [[nodiscard]] const std::wstring& fileName() const { return fileName_; }
+  [[nodiscard]] std::wstring fileName() const { return file_.name(); }
 
  private:
-  void write(std::wstring_view message);
-  void addToView(std::wstring_view message);
+  void write(std::wstring_view message, const TraceFile::Plan& plan);
+  void addToView(std::wstring_view message, const Settings& settings);
   void appendToFile(std::wstring_view message);
-  [[nodiscard]] bool openFile();
 
   TraceEnvironment environment_;
-  std::optional<Settings> settings_;
-  bool isDebug_ = false;
-  bool debugInmediato_ = false;
-  bool toldSettings_ = false;
+  TraceFile& file_;
   PendingView debugView_;
-  std::wstring fileName_;
-  std::unique_ptr<AppendFile> file_;
 };
 
 }  // namespace corvid

@@ -85,7 +85,7 @@ void CountersRecord::loadFake() {
   values.contadorReportes = settings.counter(L"contadorReportes");
   values.RIF = settings.text(L"RIF", L"J-12345678-9");
   values.Serial = settings.text(L"Serial", L"");
-  values.Fecha = process_.clock().now();
+  values.Fecha = thread_.clock().now();
 }
 
 void CountersRecord::loadFakeQuietly() {
@@ -98,7 +98,7 @@ void CountersRecord::loadFakeQuietly() {
 void CountersRecord::loadFromResponse(std::wstring_view reply) {
   values.isFake = false;
   const ReplyFields fields(fieldsOf(reply));
-  const Reply source{fields, process_.clock()};
+  const Reply source{fields, thread_.clock()};
   try {
     if (fields.upperBound() < kLongLayoutUpperBound) {
       fillRecord(values, kShortLayout, source);
@@ -111,7 +111,7 @@ void CountersRecord::loadFromResponse(std::wstring_view reply) {
 }
 
 std::wstring CountersRecord::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
   record.line(L"numeroCajero = ", formatInteger(values.numeroCajero, L"000", locale));
   record.line(L"TotalVentasDiarias = ", format(values.totalVentasDiarias, L"Currency", locale));

@@ -3,7 +3,7 @@
 
 #include "basic/currency.h"
 #include "basic/date.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 
 #include <cstdint>
 #include <string>
@@ -35,10 +35,9 @@ struct CountersValues {
 class CountersRecord {
  public:
   // A record of a session's own reads its substitute values from the session's settings.
-  CountersRecord(ProcessState& process, Settings settings)
-      : process_(process), settings_(std::move(settings)) {}
-  explicit CountersRecord(ProcessState& process)
-      : CountersRecord(process, process.currentSettings()) {}
+  CountersRecord(ThreadState& thread, Settings settings)
+      : thread_(thread), settings_(std::move(settings)) {}
+  explicit CountersRecord(ThreadState& thread) : CountersRecord(thread, thread.currentSettings()) {}
 
   CountersValues values;
 
@@ -54,7 +53,7 @@ class CountersRecord {
   [[nodiscard]] std::wstring toString() const;
 
  private:
-  ProcessState& process_;
+  ThreadState& thread_;
   Settings settings_;
 };
 

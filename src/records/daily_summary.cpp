@@ -109,15 +109,15 @@ void DailySummary::load(Exchange& exchange) {
 
 void DailySummary::loadFromResponse(const FieldArray& fields) {
   try {
-    fillByLayout(values, {fields, process_.clock()});
+    fillByLayout(values, {fields, thread_.clock()});
   } catch (const RunTimeError&) {  // NOLINT(bugprone-empty-catch): the rest stays as it is
   }
 }
 
 std::wstring DailySummary::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
-  record.line(L"Serial = ", process_.lastSerial);
+  record.line(L"Serial = ", thread_.process().lastSerial());
   record.line(L"NumeroCierre = ", formatInteger(values.numeroUltimoZ, L"00000"));
   record.line(L"ultimaFactura = ", formatInteger(values.numeroUltimaFactura, L"000000"));
   record.line(L"fechaUltimaFactura = ", format(values.fechaUltimaFactura, L"dd-mm-yyyy hh:nn"));

@@ -4,7 +4,7 @@
 #include "basic/currency.h"
 #include "basic/date.h"
 #include "exchange/exchange.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "records/field_array.h"
 
 #include <cstdint>
@@ -61,7 +61,7 @@ struct DailySummaryValues {
 
 class DailySummary {
  public:
-  explicit DailySummary(ProcessState& process) : process_(process) {}
+  explicit DailySummary(ThreadState& thread) : thread_(thread) {}
 
   DailySummaryValues values;
 
@@ -78,7 +78,7 @@ class DailySummary {
   [[nodiscard]] std::wstring toString() const;
 
  private:
-  ProcessState& process_;
+  ThreadState& thread_;
 };
 
 }  // namespace corvid

@@ -24,11 +24,11 @@ constexpr LayoutLine<V> kLayout[] = {
 
 void DocumentStateRecord::loadFromResponse(const FieldArray& fields) {
   if (fields.text(0).find(L' ') == std::wstring::npos) return;
-  fillRecord(values, kLayout, {fields, process_.clock()});
+  fillRecord(values, kLayout, {fields, thread_.clock()});
 }
 
 std::wstring DocumentStateRecord::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
   record.line(L"subTotalBasesImponibles = ",
               format(values.subTotalBasesImponibles, L"Currency", locale));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/currency.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "records/field_array.h"
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct DocumentStateValues {
 
 class DocumentStateRecord {
  public:
-  explicit DocumentStateRecord(ProcessState& process) : process_(process) {}
+  explicit DocumentStateRecord(ThreadState& thread) : thread_(thread) {}
 
   DocumentStateValues values;
 
@@ -33,7 +33,7 @@ class DocumentStateRecord {
   [[nodiscard]] std::wstring toString() const;
 
  private:
-  ProcessState& process_;
+  ThreadState& thread_;
 };
 
 }  // namespace corvid

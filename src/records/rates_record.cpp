@@ -40,7 +40,7 @@ void RatesRecord::loadFromResponse(const FieldArray& fields) {
     loadFlags(fields);
     isPartial_ = false;
   } catch (const RunTimeError& error) {
-    process_.trace().traceWith(
+    thread_.trace().traceWith(
         [&] { return L"PrinterResponse3.LoadFormResponse. Error: " + error.description(); });
   }
 }
@@ -52,7 +52,7 @@ void RatesRecord::loadRates(const FieldArray& fields) {
     loadRate(fields.text(1), values.TipoTasa2, values.ValorTasa2);
     loadRate(fields.text(2), values.TipoTasa3, values.ValorTasa3);
   }
-  process_.trace().traceWith(
+  thread_.trace().traceWith(
       [&] { return L"PrinterResponse3.LoadFromResponse, UBound(v) = " + std::to_wstring(last); });
 }
 
@@ -60,7 +60,7 @@ void RatesRecord::loadFlags(const FieldArray& fields) {
   const bool reportsIgtf = fields.upperBound() > 3 && !fields.text(4).empty();
   values.TasaIGTF = reportsIgtf ? readRate(fields.text(3)) : kUsualIgtf;
   const std::int32_t flagField = reportsIgtf ? 4 : 3;
-  process_.trace().traceWith([&] {
+  thread_.trace().traceWith([&] {
     return L"PrinterResponse3.LoadFromResponse, indiceFlags = " + std::to_wstring(flagField);
   });
   const std::wstring row = fields.text(flagField);
@@ -98,7 +98,7 @@ std::wstring RatesRecord::flagRow() const {
 }
 
 std::wstring RatesRecord::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
   record.line(L"Tasa1: ", imagenIncluido(values.TipoTasa1));
   record.line(L"Valor 1: ", toText(values.ValorTasa1, locale));

@@ -1,7 +1,7 @@
 // PrinterResponse3: tax rates with their kinds, IGTF, printer flags (reply to "S3").
 #pragma once
 
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "records/field_array.h"
 
 #include <cstdint>
@@ -25,7 +25,7 @@ struct RatesValues {
 
 class RatesRecord {
  public:
-  explicit RatesRecord(ProcessState& process) : process_(process) {}
+  explicit RatesRecord(ThreadState& thread) : thread_(thread) {}
 
   RatesValues values;
 
@@ -48,7 +48,7 @@ class RatesRecord {
   void loadFlags(const FieldArray& fields);
   [[nodiscard]] std::wstring flagRow() const;
 
-  ProcessState& process_;
+  ThreadState& thread_;
   std::vector<std::int16_t> flags_;
   bool isPartial_ = false;
 };

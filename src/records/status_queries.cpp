@@ -30,7 +30,7 @@ std::int32_t queryCounter(Exchange& exchange, std::int32_t field) {
 }  // namespace
 
 std::shared_ptr<CountersRecord> Response1(Exchange& exchange) {
-  auto record = std::make_shared<CountersRecord>(exchange.process(), exchange.settings());
+  auto record = std::make_shared<CountersRecord>(exchange.thread(), exchange.settings());
   std::wstring reply;
   if (!exchange.answersWithSubstitutes()) {
     reply = exchange.GetResponseString(kQueryCounters, std::wstring(1, kLineFeed));
@@ -46,11 +46,11 @@ std::shared_ptr<CountersRecord> Response1(Exchange& exchange) {
 
 std::shared_ptr<TransactionRecord> Response2(Exchange& exchange) {
   return queryRecord(exchange, kQueryDocument,
-                     std::make_shared<TransactionRecord>(exchange.process()));
+                     std::make_shared<TransactionRecord>(exchange.thread()));
 }
 
 std::shared_ptr<RatesRecord> Response3(Exchange& exchange) {
-  return queryRecord(exchange, kQueryRates, std::make_shared<RatesRecord>(exchange.process()));
+  return queryRecord(exchange, kQueryRates, std::make_shared<RatesRecord>(exchange.thread()));
 }
 
 std::shared_ptr<PaymentsRecord> Response4(Exchange& exchange) {
@@ -58,7 +58,7 @@ std::shared_ptr<PaymentsRecord> Response4(Exchange& exchange) {
 }
 
 std::shared_ptr<DocumentStateRecord> getEstadoDocumento(Exchange& exchange) {
-  auto record = std::make_shared<DocumentStateRecord>(exchange.process());
+  auto record = std::make_shared<DocumentStateRecord>(exchange.thread());
   const Lines fields = exchange.GetResponse(kQueryDocument);
   if (!isFailure(fields)) record->loadFromResponse(ReplyFields(fields));
   return record;

@@ -21,11 +21,11 @@ constexpr LayoutLine<V> kLayout[] = {
 void TransactionRecord::loadFake() { values.tipoTrans = -1; }
 
 void TransactionRecord::loadFromResponse(const FieldArray& fields) {
-  fillRecord(values, kLayout, {fields, process_.clock()});
+  fillRecord(values, kLayout, {fields, thread_.clock()});
 }
 
 std::wstring TransactionRecord::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
   record.line(L"subTotalVenta = ", toText(values.subTotalVenta, locale));
   record.line(L"subTotalImpuestos = ", toText(values.subTotalImpuestos, locale));

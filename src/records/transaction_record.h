@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basic/currency.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "records/field_array.h"
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct TransactionValues {
 
 class TransactionRecord {
  public:
-  explicit TransactionRecord(ProcessState& process) : process_(process) {}
+  explicit TransactionRecord(ThreadState& thread) : thread_(thread) {}
 
   TransactionValues values;
 
@@ -35,7 +35,7 @@ class TransactionRecord {
   [[nodiscard]] std::wstring toString() const;
 
  private:
-  ProcessState& process_;
+  ThreadState& thread_;
 };
 
 }  // namespace corvid

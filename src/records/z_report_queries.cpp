@@ -20,7 +20,7 @@ std::shared_ptr<DailySummary> CerrarZ(Exchange& exchange) {
 }
 
 std::shared_ptr<DailySummary> loadResumenZ(Exchange& exchange) {
-  auto record = std::make_shared<DailySummary>(exchange.process());
+  auto record = std::make_shared<DailySummary>(exchange.thread());
   record->load(exchange);
   return record;
 }
@@ -32,14 +32,14 @@ std::vector<std::shared_ptr<ZReportRecord>> reportesZMF(Exchange& exchange, cons
   if (rows.size() > std::numeric_limits<std::int16_t>::max()) throw overflow();
   std::vector<std::shared_ptr<ZReportRecord>> records;
   for (const Lines& row : rows) {
-    records.push_back(std::make_shared<ZReportRecord>(exchange.process()));
+    records.push_back(std::make_shared<ZReportRecord>(exchange.thread()));
     records.back()->loadFromResponse(ReplyFields(row));
   }
   return records;
 }
 
 std::shared_ptr<ZReportRecord> loadReporteZMF(Exchange& exchange, const Decimal& numero) {
-  auto record = std::make_shared<ZReportRecord>(exchange.process());
+  auto record = std::make_shared<ZReportRecord>(exchange.thread());
   return record->load(exchange, numero) ? record : nullptr;
 }
 

@@ -32,7 +32,7 @@ constexpr LayoutLine<V> kLayout[] = {
 }  // namespace
 
 void ZReportRecord::loadFromResponse(const FieldArray& row) {
-  fillRecord(values, kLayout, {row, process_.clock()});
+  fillRecord(values, kLayout, {row, thread_.clock()});
 }
 
 bool ZReportRecord::load(Exchange& exchange, const Decimal& numero) {
@@ -43,7 +43,7 @@ bool ZReportRecord::load(Exchange& exchange, const Decimal& numero) {
 }
 
 std::wstring ZReportRecord::toString() const {
-  const Locale locale = process_.locale();
+  const Locale locale = thread_.locale();
   RecordText record;
   record.line(L"NumeroCierre = ", std::to_wstring(values.numeroCierre));
   record.line(L"Fecha Cierre = ", toText(values.fechaCierre, locale));

@@ -5,7 +5,7 @@
 #include "basic/date.h"
 #include "basic/decimal.h"
 #include "exchange/exchange.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "records/field_array.h"
 
 #include <cstdint>
@@ -36,7 +36,7 @@ struct ZReportValues {
 
 class ZReportRecord {
  public:
-  explicit ZReportRecord(ProcessState& process) : process_(process) {}
+  explicit ZReportRecord(ThreadState& thread) : thread_(thread) {}
 
   ZReportValues values;
 
@@ -50,7 +50,7 @@ class ZReportRecord {
   [[nodiscard]] std::wstring toString() const;
 
  private:
-  ProcessState& process_;
+  ThreadState& thread_;
 };
 
 }  // namespace corvid

@@ -23,8 +23,8 @@ constexpr std::array<std::pair<std::wstring_view, VariantesPF>, 3> kModels = {{
 
 }  // namespace
 
-PrinterSession::PrinterSession(ProcessState& process)
-    : process_(process), exchange_(process), formats_(exchange_.settings(), [this] {
+PrinterSession::PrinterSession(ThreadState& thread)
+    : thread_(thread), exchange_(thread), formats_(exchange_.settings(), [this] {
         LoadFlag21();
         return AmountFormats::Flag21{state_.f21, knowsRates()};
       }) {
@@ -41,7 +41,7 @@ PrinterSession::~PrinterSession() {
 void PrinterSession::Abrir(std::int16_t portNumber) {
   if (exchange_.state().testMode) {
     PendingView& preview = exchange_.state().preview;
-    if (!preview.isPending()) preview.make(process_.views(), settings());
+    if (!preview.isPending()) preview.make(thread_.views(), settings());
     return;
   }
   if (!Transports::isPortNumber(portNumber)) throw subscriptOutOfRange();
@@ -58,13 +58,13 @@ void PrinterSession::Abrir(std::int16_t portNumber) {
 // The stream is this session's before anything runs the host's code. A failed configuration leaves
 // it open, and then it is the session's to close.
 OpeningRef PrinterSession::openPort(std::int16_t portNumber) {
-  const std::shared_ptr<Transport> transport = process_.transports().make(portNumber, settings());
+  const std::shared_ptr<Transport> transport = thread_.transports().make(portNumber, settings());
   exchange_.state().port = portNumber;
   const bool failed = transport->open() != 0;
   const std::wstring words = failed ? transport->errorText() : std::wstring();
   if (transport->isOpen()) exchange_.attach(transport);
   OpeningRef opening = exchange_.opening();
-  process_.transports().openDump(settings(), exchange_.dialog());
+  thread_.transports().openDump(settings(), exchange_.dialog());
   if (failed) throw RunTimeError(kCannotOpenPort, L"PrinterFiscal.Abrir", words);
   return opening;
 }
@@ -75,7 +75,7 @@ void PrinterSession::learnSerial() {
   const std::wstring serial = Response1(exchange_)->values.Serial;
   if (!state_.SerialPrinter.empty() || !exchange_.isOpen()) return;
   state_.SerialPrinter = serial;
-  process_.lastSerial = serial;
+  thread_.process().setLastSerial(serial);
 }
 
 void PrinterSession::Cerrar() {
@@ -84,7 +84,7 @@ void PrinterSession::Cerrar() {
     return;
   }
   closePort();
-  TraceLog& trace = process_.trace();
+  TraceLog& trace = thread_.trace();
   trace.closeFile();
   if (trace.isOn()) trace.debugView().showModal();
 }
@@ -92,12 +92,12 @@ void PrinterSession::Cerrar() {
 // As Cerrar, but a view that was shown in full does not come again.
 void PrinterSession::release() {
   const PendingView& view =
-      exchange_.state().testMode ? exchange_.state().preview : process_.trace().debugView();
+      exchange_.state().testMode ? exchange_.state().preview : thread_.trace().debugView();
   if (view.isPending()) {
     Cerrar();
   } else {
     closePort();
-    process_.trace().closeFile();
+    thread_.trace().closeFile();
   }
 }
 
@@ -108,8 +108,7 @@ void PrinterSession::abandon() {
 
 void PrinterSession::closePort() {
   // A port that could not be opened has opened the dump all the same.
-  if (std::exchange(exchange_.state().port, std::int16_t{0}) != 0)
-    process_.transports().closeDump();
+  if (std::exchange(exchange_.state().port, std::int16_t{0}) != 0) thread_.transports().closeDump();
   exchange_.detach();
 }
 
@@ -139,12 +138,12 @@ void PrinterSession::Demora(std::int16_t n) {
         settings().number(kApplication, kSessionSection, L"FactorDelay", Currency::fromUnits(3000));
     factorDelay_ = static_cast<float>(factor.toDouble());
   }
-  Clock& clock = process_.clock();
+  Clock& clock = thread_.clock();
   const float start = clock.secondsSinceMidnight();
   const float delay = static_cast<float>(n) * factorDelay_;
   float elapsed = 0;
   while (elapsed < delay) {
-    process_.sleep().sleep(1);
+    thread_.sleep().sleep(1);
     elapsed = clock.secondsSinceMidnight() - start;
     // Without this, a target after midnight would never be reached.
     if (elapsed < 0) elapsed += kSecondsPerDay;

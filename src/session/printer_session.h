@@ -19,7 +19,7 @@ namespace corvid {
 // Abrir and Cerrar, which end the wait.
 class PrinterSession {
  public:
-  explicit PrinterSession(ProcessState& process);
+  explicit PrinterSession(ThreadState& thread);
   PrinterSession(const PrinterSession&) = delete;
   PrinterSession& operator=(const PrinterSession&) = delete;
   // As Cerrar, without showing again what was shown in full; never throws.
@@ -28,7 +28,7 @@ class PrinterSession {
   [[nodiscard]] SessionState& state() { return state_; }
   [[nodiscard]] Exchange& exchange() { return exchange_; }
   [[nodiscard]] Outcome& outcome() { return exchange_.outcome(); }
-  [[nodiscard]] ProcessState& process() { return process_; }
+  [[nodiscard]] ThreadState& thread() { return thread_; }
   [[nodiscard]] const Settings& settings() const { return exchange_.settings(); }
 
   // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, asks for the status
@@ -72,7 +72,7 @@ class PrinterSession {
   void release();
   void learnSerial();
 
-  ProcessState& process_;
+  ThreadState& thread_;
   Exchange exchange_;
   SessionState state_;
   AmountFormats formats_;

@@ -35,9 +35,9 @@ void readSettings(SessionState& state, Exchange& exchange) {
   outer.timeOut = std::max(int16Setting(settings, L"TimeOut", outer.timeOut), kShortestTimeOut);
   state.retries = int16Setting(settings, L"Retries", state.retries);
   outer.skipChecks = flag(settings, L"SkipChecks");
-  exchange.process().testMode = flag(settings, L"TestMode");
-  outer.testMode = exchange.process().testMode;
-  exchange.process().trace().follow(settings);
+  outer.testMode = flag(settings, L"TestMode");
+  exchange.thread().process().testMode = outer.testMode;
+  exchange.thread().trace().follow(settings);
   state.columnasDescripcion =
       int32Setting(settings, L"ColumnasDescripcion", state.columnasDescripcion);
   readRates(state, settings);

@@ -77,17 +77,21 @@ bool modCOMM::isOpen(std::int16_t port) const { return record(port).open; }
 
 std::int32_t modCOMM::CommOpen(std::int16_t port, const std::wstring& name,
                                const std::wstring& settings) {
-  return openRecord(record(port), devicePath(port, name), settings);
+  return openRecord(port, devicePath(port, name), settings);
 }
 
-std::int32_t modCOMM::openRecord(Record& record, const std::wstring& path,
+std::int32_t modCOMM::openRecord(std::int16_t port, const std::wstring& path,
                                  const std::wstring& settings) {
-  if (record.open) {
+  Record& record = this->record(port);
+  if (!environment_.inUse.take(port)) {
     lastError_ = {kPortInUse, L"CommOpen", L"Port in use."};
     return kPortInUse;
   }
   record.handle = environment_.calls.createFile(path);
-  if (record.handle == kInvalidSerialHandle) return fail(L"CommOpen (CreateFile)");
+  if (record.handle == kInvalidSerialHandle) {
+    environment_.inUse.giveBack(port);
+    return fail(L"CommOpen (CreateFile)");
+  }
   record.open = true;
   return configure(record, settings);
 }
@@ -120,14 +124,14 @@ std::int32_t modCOMM::applySettings(Record& record, const std::wstring& settings
 
 std::int32_t modCOMM::CommClose(std::int16_t port) {
   Record& record = this->record(port);
-  std::int32_t error = 0;
-  if (record.open && !environment_.calls.closeHandle(record.handle)) {
-    error = fail(L"CommClose (CloseHandle)");
-  }
+  environment_.dump.close();
+  if (!record.open) return 0;
+  const bool isClosed = environment_.calls.closeHandle(record.handle);
+  const std::int32_t error = isClosed ? 0 : fail(L"CommClose (CloseHandle)");
   // A handle that does not close belongs to a device that is gone; kept, it would keep the port.
   record.open = false;
   record.handle = kInvalidSerialHandle;
-  environment_.dump.close();
+  environment_.inUse.giveBack(port);
   return error;
 }
 

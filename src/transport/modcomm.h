@@ -1,7 +1,8 @@
-// modCOMM: the serial ports of the process, one record per port number.
+// modCOMM: serial ports, one record per port number.
 #pragma once
 
 #include "transport/port_dump.h"
+#include "transport/ports_in_use.h"
 #include "transport/serial_calls.h"
 
 #include <array>
@@ -27,20 +28,23 @@ struct CommError {
 struct PortEnvironment {
   SerialCalls& calls;
   PortDump& dump;
+  PortsInUse& inUse;
 };
 
 // The size by which a read takes exactly what is waiting.
 constexpr std::int32_t kExactly = 0;
 
 // Every member throws subscript out of range (9) for a port outside 1 to 99; no other failure is
-// thrown: it is returned, and kept in the process-wide error record. None runs the host's code.
+// thrown: it is returned, and kept in the error record. None runs the host's code. One for each
+// thread that opens ports; which ports are taken is the process's.
 class modCOMM {
  public:
   explicit modCOMM(const PortEnvironment& environment) : environment_(environment) {}
 
-  // 0, or the error number (-1 with "Port in use." when the record is already open). A failure
-  // after CreateFile leaves the record open, to be closed by CommClose. The port's whole state is
-  // set, whatever another program left behind: no flow control, parity checked, DTR on, RTS off.
+  // 0, or the error number (-1 with "Port in use." when the port is already open here, on any
+  // thread). A failure after CreateFile leaves the record open, to be closed by CommClose. The
+  // port's whole state is set, whatever another program left behind: no flow control, parity
+  // checked, DTR on, RTS off.
   std::int32_t CommOpen(std::int16_t port, const std::wstring& name, const std::wstring& settings);
   // 0, or the error number; the record is free for the next opening in both cases. Closes the port
   // dump.
@@ -74,7 +78,8 @@ class modCOMM {
 
   Record& record(std::int16_t port);
   [[nodiscard]] const Record& record(std::int16_t port) const;
-  std::int32_t openRecord(Record& record, const std::wstring& path, const std::wstring& settings);
+  std::int32_t openRecord(std::int16_t port, const std::wstring& path,
+                          const std::wstring& settings);
   std::int32_t configure(Record& record, const std::wstring& settings);
   std::int32_t applySettings(Record& record, const std::wstring& settings,
                              const std::wstring& operation);

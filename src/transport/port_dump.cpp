@@ -52,10 +52,16 @@ void PortDump::open(const Settings& settings, MessageDialog& dialog) {
   const std::wstring name = settings.fileName(kApplication, kPortSection, L"DumpFile", L"");
   if (name.empty()) return;
   std::wstring reason;
-  file_ = files_.open(name, reason);
-  if (file_) return;
+  keep(files_.open(name, reason));
+  if (isOn()) return;
   dialog.show(L"Imposible abrir el archivo " + name + L". Traza inhabilitada\r\nERR: " + reason,
               L"modComm", MessageIcon::Critical);
+}
+
+void PortDump::keep(std::unique_ptr<AppendFile> file) noexcept {
+  const std::lock_guard lock(gate_);
+  file_ = std::move(file);
+  isOn_ = file_ != nullptr;
 }
 
 void PortDump::write(std::string_view label, std::string_view bytes) {
@@ -64,7 +70,10 @@ void PortDump::write(std::string_view label, std::string_view bytes) {
   record += narrow(format(clock_.now(), L"dd-mm-yyyy hh:mm:ss"));
   record += kLineEnd;
   record += hexDump(bytes);
-  if (!file_->append(record)) close();
+  const std::lock_guard lock(gate_);
+  if (!file_ || file_->append(record)) return;
+  file_.reset();
+  isOn_ = false;
 }
 
 }  // namespace corvid

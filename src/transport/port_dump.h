@@ -6,14 +6,16 @@
 #include "platform/message_dialog.h"
 #include "platform/settings.h"
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 
 namespace corvid {
 
-// Process-wide; on only while its file is open. Lines end with CR LF, bytes in the text column
-// stand as they are.
+// Process-wide, any thread; on only while its file is open. Lines end with CR LF, bytes in the text
+// column stand as they are.
 class PortDump {
  public:
   PortDump(AppendFiles& files, Clock& clock) : files_(files), clock_(clock) {}
@@ -22,15 +24,19 @@ class PortDump {
   // opens that file for appending. A file that cannot be opened shows a message, which runs the
   // host's message loop, and leaves the dump off. Opening an open dump closes it first.
   void open(const Settings& settings, MessageDialog& dialog);
-  void close() noexcept { file_.reset(); }
+  void close() noexcept { keep(nullptr); }
   // Writes "Read " or "Send " with date and time, then 16 bytes a line, all in one write. Nothing
   // while off. A failure ends the dump, quietly.
   void write(std::string_view label, std::string_view bytes);
-  [[nodiscard]] bool isOn() const { return file_ != nullptr; }
+  [[nodiscard]] bool isOn() const noexcept { return isOn_; }
 
  private:
+  void keep(std::unique_ptr<AppendFile> file) noexcept;
+
   AppendFiles& files_;
   Clock& clock_;
+  std::mutex gate_;
+  std::atomic<bool> isOn_{false};
   std::unique_ptr<AppendFile> file_;
 };
 

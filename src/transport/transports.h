@@ -1,10 +1,11 @@
-// The byte streams that a process can open, and what they share.
+// The byte streams to printers.
 #pragma once
 
 #include "platform/message_dialog.h"
 #include "platform/settings.h"
 #include "transport/modcomm.h"
 #include "transport/port_dump.h"
+#include "transport/ports_in_use.h"
 #include "transport/transport.h"
 
 #include <cstdint>
@@ -12,10 +13,20 @@
 
 namespace corvid {
 
+// What the streams of all threads share.
+struct SharedTransports {
+  SharedTransports(AppendFiles& files, Clock& clock) : dump(files, clock) {}
+
+  PortDump dump;
+  PortsInUse inUse;
+};
+
+// The streams that one thread opens.
 class Transports {
  public:
-  Transports(SerialCalls& calls, AppendFiles& files, Clock& clock)
-      : dump_(files, clock), comm_({calls, dump_}) {}
+  // Both outlive it.
+  Transports(SerialCalls& calls, SharedTransports& shared)
+      : dump_(shared.dump), comm_({calls, shared.dump, shared.inUse}) {}
   Transports(const Transports&) = delete;
   Transports& operator=(const Transports&) = delete;
 
@@ -29,7 +40,7 @@ class Transports {
   void closeDump() { dump_.close(); }
 
  private:
-  PortDump dump_;
+  PortDump& dump_;
   modCOMM comm_;
 };
 

@@ -45,14 +45,14 @@ class DocumentBench {
 
   [[nodiscard]] World& world() { return world_; }
   [[nodiscard]] ScriptedPrinter& printer() { return printer_; }
-  [[nodiscard]] ProcessState& process() {
-    if (!process_) process_ = std::make_unique<ProcessState>(world_.environment());
-    return *process_;
+  [[nodiscard]] ThreadState& thread() {
+    if (!thread_) thread_ = std::make_unique<ThreadState>(world_.environment());
+    return *thread_;
   }
   // Created and opened on first use.
   [[nodiscard]] PrinterSession& session() {
     if (!session_) {
-      session_ = std::make_unique<PrinterSession>(process());
+      session_ = std::make_unique<PrinterSession>(thread());
       session_->state().SerialPrinter = L"KNOWN";  // so that opening it asks for no record
       session_->Abrir(1);
     }
@@ -76,7 +76,7 @@ class DocumentBench {
  private:
   World world_;
   ScriptedPrinter printer_;
-  std::unique_ptr<ProcessState> process_;
+  std::unique_ptr<ThreadState> thread_;
   std::unique_ptr<PrinterSession> session_;
 };
 

@@ -28,8 +28,8 @@ class SessionBench {
   explicit SessionBench(Entries settings = {}) {
     for (const auto& [key, value] : settings) world_.settings.set(kSessionSection, key, value);
     world_.serial.connect(&printer_);
-    process_ = std::make_unique<ProcessState>(world_.environment());
-    session_ = std::make_unique<PrinterSession>(*process_);
+    thread_ = std::make_unique<ThreadState>(world_.environment());
+    session_ = std::make_unique<PrinterSession>(*thread_);
   }
 
   // Opens port 7 with a known serial number and forgets what opening did.
@@ -65,14 +65,14 @@ class SessionBench {
 
   // One more session of the library, with a known serial number.
   [[nodiscard]] std::unique_ptr<PrinterSession> another() {
-    auto session = std::make_unique<PrinterSession>(process());
+    auto session = std::make_unique<PrinterSession>(thread());
     session->state().SerialPrinter = L"KNOWN";
     return session;
   }
 
   World& world() { return world_; }
   ScriptedPrinter& printer() { return printer_; }
-  ProcessState& process() { return *process_; }
+  ThreadState& thread() { return *thread_; }
   PrinterSession& session() { return *session_; }
   Exchange& exchange() { return session_->exchange(); }
   Outcome& outcome() { return session_->outcome(); }
@@ -80,7 +80,7 @@ class SessionBench {
  private:
   World world_;
   ScriptedPrinter printer_;
-  std::unique_ptr<ProcessState> process_;
+  std::unique_ptr<ThreadState> thread_;
   std::unique_ptr<PrinterSession> session_;
 };
 

@@ -1,7 +1,7 @@
 // Everything around a library, in memory.
 #pragma once
 
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "platform/folders.h"
 #include "platform/message_dialog.h"
 #include "platform/message_pump.h"
@@ -103,10 +103,11 @@ struct World {
   MemoryFiles files{faults};
   RecordingViews views;
   FixedLocale locale;
+  ProcessState process{files, clock};
 
   [[nodiscard]] Environment environment() {
-    return {settings, store, serial, pump,  dialog,        folders,
-            files,    views, clock,  clock, windows1252(), locale};
+    return {process, settings, store, serial, pump,          dialog, folders,
+            files,   views,    clock, clock,  windows1252(), locale};
   }
 };
 

@@ -9,7 +9,7 @@ namespace corvid::testing {
 namespace {
 
 ComPtr<IReporteZMF> closure(std::int16_t number) {
-  auto record = std::make_shared<ZReportRecord>(AutomationLibrary::instance().process());
+  auto record = std::make_shared<ZReportRecord>(AutomationLibrary::here());
   record->values.numeroCierre = number;
   return ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(std::move(record)).detach());
 }

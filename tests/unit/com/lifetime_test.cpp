@@ -1,7 +1,7 @@
 // Who keeps the module loaded, and for how long.
 #include "com/automation_library.h"
 #include "com/class_table.h"
-#include "exchange/process_state.h"
+#include "exchange/thread_state.h"
 #include "unit/com/automation_host.h"
 
 namespace corvid::testing {
@@ -106,12 +106,12 @@ TEST_F(Lifetime, IsNotTouchedByRefusedRequests) {
 
 TEST_F(Lifetime, EndsTheProcessWideStateWithTheLastObject) {
   auto session = newSession();
-  AutomationLibrary::instance().process().lastSerial = L"Z1F0000001";
+  AutomationLibrary::here().process().setLastSerial(L"Z1F0000001");
   EXPECT_EQ(S_FALSE, DllCanUnloadNow());
-  EXPECT_EQ(L"Z1F0000001", AutomationLibrary::instance().process().lastSerial);
+  EXPECT_EQ(L"Z1F0000001", AutomationLibrary::here().process().lastSerial());
   session = {};
   EXPECT_EQ(S_OK, DllCanUnloadNow());
-  EXPECT_EQ(L"", AutomationLibrary::instance().process().lastSerial);
+  EXPECT_EQ(L"", AutomationLibrary::here().process().lastSerial());
 }
 
 // A host that drops its last reference while a member runs gets its answer all the same.

@@ -10,7 +10,9 @@ namespace {
 
 struct TraceBench {
   World world;
-  TraceLog log{{world.clock, world.folders, world.views, world.files, windows1252(), world.locale}};
+  TraceFile target;
+  TraceLog log{{world.clock, world.folders, world.views, world.files, windows1252(), world.locale},
+               target};
 
   explicit TraceBench(bool toView = false) {
     set(L"IsDebug", L"True");
@@ -148,7 +150,8 @@ TEST(DebugView, ThatCannotBeMadeIsDoneWithout) {
   TraceBench bench(true);
   BrokenViews views;
   TraceLog log({bench.world.clock, bench.world.folders, views, bench.world.files, windows1252(),
-                bench.world.locale});
+                bench.world.locale},
+               bench.target);
   log.follow(Settings(bench.world.settings, bench.world.store, L"C:\\host"));
   log.Trace(L"x");
   EXPECT_FALSE(log.debugView().isMade());

@@ -136,7 +136,7 @@ TEST(DailySummary, ElementThatIsNoTextEndsTheReading) {
 
 TEST(DailySummary, FailedReadingChangesNothingAndTheNextReplaces) {
   DocumentBench bench;
-  DailySummary record(bench.process());
+  DailySummary record(bench.thread());
   std::string reply = "321";
   for (int i = 1; i < 20; ++i) reply += "\n" + std::to_string(100 + i);
   const std::string changed = "322" + reply.substr(3);
@@ -155,7 +155,7 @@ TEST(DailySummary, FailedReadingChangesNothingAndTheNextReplaces) {
 
 TEST(DailySummary, TextFormShowsSalesCreditNotesAndLevy) {
   Record target;
-  target.process.lastSerial = L"z1A";
+  target.world.process.setLastSerial(L"z1A");
   target.world.locale.locale = venezuelan();
   V& v = target.record.values;
   std::int64_t hundredths = 100000;

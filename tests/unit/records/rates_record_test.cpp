@@ -115,7 +115,7 @@ TEST(ThirdRecord, LoadingIsTraced) {
   Record target;
   target.world.settings.set(kSessionSection, L"IsDebug", L"True");
   target.world.settings.set(kSessionSection, L"DebugInmediato", L"True");
-  target.process.trace().follow(target.process.currentSettings());
+  target.thread.trace().follow(target.thread.currentSettings());
   target.record.loadFromResponse(reply(L"11600|20800|13100|20300|01x2"));
   ASSERT_FALSE(target.world.views.created.empty());
   EXPECT_THAT(target.world.views.created.front()->lines,

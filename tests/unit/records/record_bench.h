@@ -13,8 +13,8 @@ namespace corvid {
 template <typename Made>
 struct RecordOf {
   World world;
-  ProcessState process{world.environment()};
-  Made record{process};
+  ThreadState thread{world.environment()};
+  Made record{thread};
 };
 
 // Fields separated by bars.

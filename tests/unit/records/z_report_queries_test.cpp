@@ -90,7 +90,7 @@ TEST(MemoryQuery, KeepsTheRowsInFrontOfABlockThatDoesNotArrive) {
 
 TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
   DocumentBench bench;
-  ZReportRecord record(bench.process());
+  ZReportRecord record(bench.thread());
   record.values.numeroCierre = 5;
   for (const FailedAnswer& failed : kFailedAnswers) {
     bench.printer().answers[kRange] = failed.answer;

@@ -119,7 +119,7 @@ void run(const Course& course) {
   shop.world.pump.seconds = course.yieldSeconds;
   PrinterSession& session = *shop.session;
   openKnown(shop);
-  session.state().s3 = std::make_shared<RatesRecord>(*shop.process);
+  session.state().s3 = std::make_shared<RatesRecord>(*shop.thread);
   session.state().s3->values.ValorTasa1 = 16;
 
   const auto expectStatus = [&] {

@@ -32,8 +32,8 @@ class Shop {
   explicit Shop(std::initializer_list<ShopSetting> settings = {}) {
     for (const auto& [section, key, value] : settings) world.settings.set(section, key, value);
     world.serial.connect(&line);
-    process = std::make_unique<ProcessState>(world.environment());
-    session = std::make_unique<PrinterSession>(*process);
+    thread = std::make_unique<ThreadState>(world.environment());
+    session = std::make_unique<PrinterSession>(*thread);
   }
   Shop(const Shop&) = delete;
   Shop& operator=(const Shop&) = delete;
@@ -44,7 +44,7 @@ class Shop {
 
   World world;
   SimulatedLine line;
-  std::unique_ptr<ProcessState> process;
+  std::unique_ptr<ThreadState> thread;
   std::unique_ptr<PrinterSession> session;
 };
 

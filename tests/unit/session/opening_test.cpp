@@ -14,7 +14,7 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
   bench.printer().answers["S1"] = kCounters;
   bench.session().Abrir(7);
   EXPECT_EQ(bench.session().state().SerialPrinter, L"Z7A0000042");
-  EXPECT_EQ(bench.process().lastSerial, L"Z7A0000042");
+  EXPECT_EQ(bench.thread().process().lastSerial(), L"Z7A0000042");
   EXPECT_EQ(bench.session().tipoPrinter(), HKA112);
   std::vector<std::string> calls = bench.world().serial.calls();
   calls.resize(9);
@@ -36,7 +36,7 @@ TEST(Opening, ReopeningInTheMiddleOfOpeningKeepsTheSerial) {
     });
     bench.session().Abrir(7);
     EXPECT_EQ(bench.session().state().SerialPrinter, L"Z7A0000042") << nth;
-    EXPECT_EQ(bench.process().lastSerial, L"Z7A0000042") << nth;
+    EXPECT_EQ(bench.thread().process().lastSerial(), L"Z7A0000042") << nth;
     if (!isReopened) return;
   }
 }
@@ -174,12 +174,12 @@ TEST(Opening, DrawerTellsTrueForTrouble) {
 
 TEST(Opening, NewestSessionSetsTheSharedFlags) {
   SessionBench bench({{L"IsDebug", L"True"}, {L"TestMode", L"True"}});
-  EXPECT_TRUE(bench.process().trace().isOn());
+  EXPECT_TRUE(bench.thread().trace().isOn());
   bench.world().settings.set(kSessionSection, L"IsDebug", L"False");
   bench.world().settings.set(kSessionSection, L"TestMode", L"no");
   const auto second = bench.another();
-  EXPECT_FALSE(bench.process().trace().isOn());
-  EXPECT_FALSE(bench.process().testMode);
+  EXPECT_FALSE(bench.thread().trace().isOn());
+  EXPECT_FALSE(bench.thread().process().testMode);
   EXPECT_TRUE(bench.session().exchange().state().testMode) << "a session keeps what it read";
 }
 

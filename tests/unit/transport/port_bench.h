@@ -4,7 +4,7 @@
 #include "platform/settings.h"
 #include "support/world.h"
 #include "transport/modcomm.h"
-#include "transport/port_dump.h"
+#include "transport/transports.h"
 
 #include <string>
 
@@ -15,8 +15,9 @@ inline const std::wstring kLineSettings = L"baud=9600 parity=E data=8 stop=1";
 struct PortBench {
   World world;
   Settings settings{world.settings, world.store, L"C:\\host"};
-  PortDump dump{world.files, world.clock};
-  modCOMM comm{{world.serial, dump}};
+  SharedTransports shared{world.files, world.clock};
+  PortDump& dump = shared.dump;
+  modCOMM comm{{world.serial, dump, shared.inUse}};
 
   std::int32_t open(std::int16_t port) {
     return comm.CommOpen(port, L"COM" + std::to_wstring(port), kLineSettings);
