@@ -4,6 +4,7 @@
 #include "basic/text.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 #include <string>
 
@@ -20,6 +21,7 @@ Narrow narrow(std::int64_t value) {
 
 // Beyond every exponent of a double; a text may name any.
 constexpr int kExponentLimit = 5000;
+constexpr std::uint64_t kExponentMask = 0x7FF0000000000000U;  // all ones: infinite or no number
 
 bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
@@ -100,6 +102,11 @@ std::optional<double> readLeading(TextView text) {
 }
 
 }  // namespace
+
+double requireFinite(double value) {
+  if ((std::bit_cast<std::uint64_t>(value) & kExponentMask) == kExponentMask) throw overflow();
+  return value;
+}
 
 std::int16_t narrowToInt16(std::int64_t value) { return narrow<std::int16_t>(value); }
 std::int32_t narrowToInt32(std::int64_t value) { return narrow<std::int32_t>(value); }

@@ -18,6 +18,10 @@ namespace corvid {
 [[nodiscard]] std::int16_t narrowToInt16(std::int64_t value);
 [[nodiscard]] std::int32_t narrowToInt32(std::int64_t value);
 
+// The value itself; overflow (6) for infinities and what is no number, which are found without a
+// comparison: hosts in some languages leave the processor's traps on.
+[[nodiscard]] double requireFinite(double value);
+
 // Reads a number of the printer's, the same under every locale: blanks around it, a sign before or
 // after it, "." as decimal separator, no grouping. Type mismatch (13) for anything else.
 [[nodiscard]] Decimal parsePrinterNumber(std::wstring_view text);

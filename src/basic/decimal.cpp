@@ -1,10 +1,10 @@
 #include "basic/decimal.h"
 
+#include "basic/conversions.h"
 #include "basic/run_time_error.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -56,11 +56,6 @@ std::string withTrailingZeros(const std::string& digits, int count) {
   return digits + std::string(static_cast<std::size_t>(count), '0');
 }
 
-bool isFiniteNumber(double value) {
-  constexpr std::uint64_t kExponentMask = 0x7FF0000000000000U;  // all ones: infinite or no number
-  return (std::bit_cast<std::uint64_t>(value) & kExponentMask) != kExponentMask;
-}
-
 bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
 // Cuts a number's last digits off for rounding.
@@ -97,7 +92,7 @@ Decimal::Decimal(bool negative, std::string digits, int decimals)
 }
 
 Decimal Decimal::fromDouble(double value, int significantDigits) {
-  if (!isFiniteNumber(value)) throw overflow();
+  value = requireFinite(value);
   // "d.ddde-xxx": one digit, a point, the others, the exponent.
   std::array<char, 64> buffer{};
   const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),

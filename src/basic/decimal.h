@@ -18,8 +18,7 @@ class Decimal {
 
   // The value with the 15 significant digits that a double is sure of, so 1.005 is 1.005; 1 to 50
   // of them where another count is asked for (a single is sure of 7). Throws overflow (6) for
-  // infinities and what is not a number, which it finds without a comparison: hosts in some
-  // languages leave the processor's traps on.
+  // infinities and what is no number.
   [[nodiscard]] static Decimal fromDouble(double value, int significantDigits = 15);
   [[nodiscard]] static Decimal fromInteger(std::int64_t value);
   // unscaled x 10^-decimals; decimals from 0 up.

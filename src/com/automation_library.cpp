@@ -1,5 +1,6 @@
 #include "com/automation_library.h"
 
+#include "com/host_thread.h"
 #include "exchange/thread_state.h"
 #include "windows/append_files.h"
 #include "windows/clock.h"
@@ -7,7 +8,6 @@
 #include "windows/locale.h"
 #include "windows/message_box.h"
 #include "windows/message_pump.h"
-#include "windows/owned_handle.h"
 #include "windows/report_views.h"
 #include "windows/serial_calls.h"
 #include "windows/settings_sources.h"
@@ -33,26 +33,13 @@ struct ProcessParts {
   ProcessState state{files, clock};
 };
 
-struct ThreadHandleTraits {
-  using Type = HANDLE;
-  static constexpr Type none() { return nullptr; }
-  static void release(Type handle) { CloseHandle(handle); }
-};
-
 // In the order of their needs.
 struct ThreadParts {
   explicit ThreadParts(ProcessParts& process)
       : state({process.state, process.file, process.store, serial, pump, dialog, process.folders,
                process.files, views, process.clock, sleep, process.codePage, process.locale}) {}
 
-  // The number of a thread that has ended may be given to another.
-  [[nodiscard]] bool isOf(DWORD number) const { return id == number && !hasEnded(); }
-  [[nodiscard]] bool hasEnded() const {
-    return thread.get() != nullptr && WaitForSingleObject(thread.get(), 0) == WAIT_OBJECT_0;
-  }
-
-  const DWORD id = GetCurrentThreadId();
-  const Owned<ThreadHandleTraits> thread{OpenThread(SYNCHRONIZE, FALSE, id)};
+  const HostThread thread{GetCurrentThreadId()};
   WindowsSleepCalls sleep;
   WindowsSerialCalls serial;
   WindowsMessagePump pump;
@@ -78,8 +65,8 @@ ThreadState& AutomationLibrary::here() {
   if (theStates == nullptr) theStates = std::make_unique<States>().release();
   if (!theStates->process) theStates->process = std::make_unique<ProcessParts>();
   auto& threads = theStates->threads;
-  const auto found = std::ranges::find_if(
-      threads, [id = GetCurrentThreadId()](const auto& one) { return one.isOf(id); });
+  const auto found =
+      std::ranges::find_if(threads, [](const auto& one) { return one.thread.isCalling(); });
   if (found != threads.end()) return found->state;
   return threads.emplace_back(*theStates->process).state;
 }
@@ -91,7 +78,7 @@ bool AutomationLibrary::discard() noexcept {
   auto& threads = theStates->threads;
   for (auto next = threads.begin(); next != threads.end();) {
     const auto one = next++;
-    if (one->id == GetCurrentThreadId() || one->hasEnded()) {
+    if (one->thread.isCalling() || one->thread.hasEnded()) {
       gone.threads.splice(gone.threads.end(), threads, one);
     }
   }

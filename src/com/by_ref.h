@@ -16,7 +16,7 @@ namespace corvid {
 // Whether two values are of one kind and equal. Objects and arrays are never the same.
 [[nodiscard]] bool holdSame(const VARIANT& a, const VARIANT& b) noexcept;
 
-// Writes through the host's reference, converted to the kind of the variable behind it. A value
+// Writes through the host's reference, converted to the kind of that variable. A value
 // that is no reference has no variable, and nothing happens.
 [[nodiscard]] HRESULT assignToHost(VARIANT& reference, Variant& value);
 

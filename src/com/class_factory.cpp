@@ -5,26 +5,10 @@
 
 namespace corvid {
 
-STDMETHODIMP ClassFactory::QueryInterface(REFIID id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-  *object = static_cast<IClassFactory*>(this);
-  AddRef();
-  return S_OK;
-}
-
-STDMETHODIMP_(ULONG) ClassFactory::AddRef() { return ++references_; }
-
-STDMETHODIMP_(ULONG) ClassFactory::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
+  if (!isOnItsThread()) return RPC_E_WRONG_THREAD;
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
   ComPtr<IUnknown> created;
   const HRESULT result =
@@ -34,9 +18,9 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** obj
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
   if (lock != FALSE) {
-    ModuleCount::add();
+    ModuleLocks::add();
   } else {
-    ModuleCount::subtract();
+    ModuleLocks::subtract();
   }
   return S_OK;
 }

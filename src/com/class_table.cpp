@@ -1,16 +1,11 @@
 #include "com/class_table.h"
 
 #include "com/automation_library.h"
-#include "com/estado_documento_object.h"
 #include "com/printer_fiscal_object.h"
-#include "com/printer_response1_object.h"
-#include "com/printer_response2_object.h"
-#include "com/printer_response3_object.h"
-#include "com/printer_response4_object.h"
 #include "com/quick_view_object.h"
-#include "com/reporte_zmf_object.h"
-#include "com/resumen_z_object.h"
+#include "com/status_record_objects.h"
 #include "com/string_buffer_object.h"
+#include "com/z_report_objects.h"
 #include "corvid_interfaces.h"
 
 #include <algorithm>

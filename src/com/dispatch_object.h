@@ -1,74 +1,31 @@
-// The base of every automation object: lifetime, dispatch, error information, class information.
+// The base of every automation object: dispatch, error information, class information.
 #pragma once
 
-#include "basic/run_time_error.h"
 #include "com/com_ptr.h"
 #include "com/guard.h"
+#include "com/host_arguments.h"
 #include "com/host_values.h"
 #include "com/late_call.h"
-#include "com/module.h"
-#include "com/own_object.h"
+#include "com/object_of.h"
 #include "com/platform.h"
 #include "com/type_library.h"
 
-#include <atomic>
 #include <utility>
 
 namespace corvid {
-
-// Raises E_POINTER for a place that the host did not give.
-inline void requirePlace(const void* place) {
-  if (place == nullptr) throw RunTimeError(E_POINTER, {}, L"Invalid pointer");
-}
-
-// What the host's reference refers to; raises E_POINTER for none.
-template <class Value>
-[[nodiscard]] Value& behind(Value* place) {
-  requirePlace(place);
-  return *place;
-}
 
 // Automation interfaces have no virtual destructor: their objects delete themselves.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// Implements all of a dual interface but its own members. Interface and Class come from the type
-// library; Others are further interfaces of the object. A new object has one reference, its
-// creator's. While it lives the module stays loaded.
+// Implements all of a dual interface but its own members. Interface (which may extend another dual
+// one) and Class come from the type library; Others are further interfaces of the object. On
+// another thread than the object's own every member returns RPC_E_WRONG_THREAD and does nothing.
 template <class Interface, class Class, class... Others>
-class DispatchObject : public Interface,
-                       public ISupportErrorInfo,
-                       public IProvideClassInfo2,
-                       public Others... {
+class DispatchObject
+    : public ObjectOf<Interface, ISupportErrorInfo, IProvideClassInfo2, Others...> {
  public:
   using Published = Interface;
-
-  DispatchObject() = default;
-  DispatchObject(const DispatchObject&) = delete;
-  DispatchObject& operator=(const DispatchObject&) = delete;
-  DispatchObject(DispatchObject&&) = delete;
-  DispatchObject& operator=(DispatchObject&&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    IUnknown* found = findInterface(id);
-    *object = found;
-    if (found == nullptr) return E_NOINTERFACE;
-    found->AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      if (calls_ == 0) {
-        delete this;
-      } else {
-        lastReferenceReleased();
-      }
-    }
-    return left;
-  }
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     if (count == nullptr) return E_POINTER;
@@ -105,7 +62,7 @@ class DispatchObject : public Interface,
   }
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override {
-    return id == __uuidof(Interface) ? S_OK : S_FALSE;
+    return isOrExtends<Interface>(id) && id != IID_IDispatch ? S_OK : S_FALSE;
   }
 
   STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
@@ -124,27 +81,23 @@ class DispatchObject : public Interface,
   }
 
  protected:
-  virtual ~DispatchObject() = default;
-
   // Runs a member's body at the boundary. The object outlives the call, even if the host releases
   // its last reference while the body lets it run.
   template <class Body>
   HRESULT call(Body&& body) noexcept {
-    ++calls_;
-    const HRESULT result = guarded(__uuidof(Interface), std::forward<Body>(body));
-    if (--calls_ == 0 && references_ == 0) delete this;
-    return result;
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
+    ComObject::deleteOrphans();
+    const Held<ComObject> held(*this);
+    return guarded(__uuidof(Interface), std::forward<Body>(body));
   }
-  // The host has let go of the object in the middle of a call; it is deleted at the call's end.
-  virtual void lastReferenceReleased() noexcept {}
-  // Hands the host what `compute` gives, converted to the interface's type. On failure the place
-  // is cleared.
+  // Hands the host what `compute` gives, converted to the place's type. On failure the place is
+  // cleared.
   template <class Out, class Compute>
   HRESULT giveResult(Out* place, Compute&& compute) noexcept {
     return call([&] {
       requirePlace(place);
       *place = Out{};
-      *place = static_cast<Out>(toHost(compute()));
+      giveToHost(*place, compute());
     });
   }
   template <class Out, class Value>
@@ -156,36 +109,38 @@ class DispatchObject : public Interface,
     return call([&] { fromHost(given, field); });
   }
 
- private:
-  IUnknown* identity() noexcept { return static_cast<Interface*>(this); }
-
-  IUnknown* findInterface(REFIID id) noexcept {
-    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface)) return identity();
-    if (id == kOwnObject) return identity();
-    if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
-      return static_cast<IProvideClassInfo2*>(this);
-    }
-    IUnknown* found = nullptr;
-    static_cast<void>((... || (id == __uuidof(Others) && (found = static_cast<Others*>(this)))));
-    return found;
+  // Calls a function of the core, or a member of what it works on, with the host's values in the
+  // function's own types: they are converted in their order before the function begins. `answer`
+  // hands out what it returns.
+  template <class Out, class Function, class Subject, class... Given>
+  HRESULT answer(Out* place, Function function, Subject& subject, const Given&... given) noexcept {
+    return giveResult(place, [&] { return callWith(function, subject, given...); });
+  }
+  template <class Function, class Subject, class... Given>
+  HRESULT run(Function function, Subject& subject, const Given&... given) noexcept {
+    return call([&] { callWith(function, subject, given...); });
   }
 
+ private:
   HRESULT loadTypeInfo() noexcept {
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
     return typeInfo_ ? S_OK : findTypeInfo(__uuidof(Interface), typeInfo_);
   }
 
-  ModuleReference module_;
-  std::atomic<ULONG> references_{1};
-  std::atomic<ULONG> calls_{0};  // under way
-  ComPtr<ITypeInfo> typeInfo_;   // loaded by the first late-bound call
+  ComPtr<ITypeInfo> typeInfo_;  // loaded by the first late-bound call
 };
 
 #pragma GCC diagnostic pop
 
+// A read-write property of the interface that stands for a field of that name.
+#define CORVID_PROPERTY(holder, Type, name)                                      \
+  STDMETHODIMP get_##name(Type* ret) override { return give(ret, holder.name); } \
+  STDMETHODIMP put_##name(Type rhs) override { return take(rhs, holder.name); }
+
 // A new object, with its one reference in the pointer.
 template <class Object, class... Arguments>
 [[nodiscard]] ComPtr<Object> makeObject(Arguments&&... arguments) {
+  ComObject::deleteOrphans();
   return ComPtr<Object>::adopt(new Object(std::forward<Arguments>(arguments)...));
 }
 

@@ -38,6 +38,7 @@ STDMETHODIMP EventConnections::GetConnectionPointContainer(IConnectionPointConta
 STDMETHODIMP EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
   if (cookie == nullptr) return E_POINTER;
   *cookie = 0;
+  if (!owner_.isOnItsThread()) return RPC_E_WRONG_THREAD;
   if (sink == nullptr) return E_POINTER;
   ComPtr<IDispatch> events;
   if (FAILED(sink->QueryInterface(events_, events.putVoid())) &&
@@ -55,6 +56,7 @@ bool EventConnections::isConnected(DWORD cookie) const {
 }
 
 STDMETHODIMP EventConnections::Unadvise(DWORD cookie) {
+  if (!owner_.isOnItsThread()) return RPC_E_WRONG_THREAD;
   const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
   if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
   const Connection gone = std::move(*found);  // its sink may call back while it is released
@@ -70,6 +72,7 @@ STDMETHODIMP EventConnections::EnumConnections(IEnumConnections** walk) {
   using Enumerator = ListEnumerator<IEnumConnections, CONNECTDATA, Connection, connectData>;
   if (walk == nullptr) return E_POINTER;
   *walk = nullptr;
+  if (!owner_.isOnItsThread()) return RPC_E_WRONG_THREAD;
   return guarded(IID_IEnumConnections, [&] {
     *walk = new Enumerator(std::make_shared<const std::vector<Connection>>(connections_));
   });

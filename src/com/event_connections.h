@@ -1,6 +1,7 @@
 // The connection point of a class's events, and the hosts' sinks behind it.
 #pragma once
 
+#include "com/com_object.h"
 #include "com/com_ptr.h"
 #include "com/platform.h"
 
@@ -12,12 +13,13 @@ namespace corvid {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// A part of its container, whose references it counts as its own. One thread.
+// A part of its container, whose references it counts as its own. On another thread than the
+// container's every member returns RPC_E_WRONG_THREAD.
 class EventConnections final : public IConnectionPoint {
  public:
-  // `events` is the dispatch interface of the events.
-  EventConnections(IConnectionPointContainer& container, REFIID events)
-      : container_(container), events_(events) {}
+  // Both are the container; `events` is the dispatch interface of the events.
+  EventConnections(IConnectionPointContainer& container, const ComObject& owner, REFIID events)
+      : container_(container), owner_(owner), events_(events) {}
   EventConnections(const EventConnections&) = delete;
   EventConnections& operator=(const EventConnections&) = delete;
   EventConnections(EventConnections&&) = delete;
@@ -49,6 +51,7 @@ class EventConnections final : public IConnectionPoint {
   [[nodiscard]] static CONNECTDATA connectData(const Connection& connection);
 
   IConnectionPointContainer& container_;
+  const ComObject& owner_;
   const IID events_;
   std::vector<Connection> connections_;
   DWORD lastCookie_ = 0;

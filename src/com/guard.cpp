@@ -3,6 +3,7 @@
 #include "basic/run_time_error.h"
 #include "com/bstr.h"
 #include "com/com_ptr.h"
+#include "com/module.h"
 
 #include <new>
 #include <string>
@@ -43,6 +44,7 @@ void leaveErrorInfo(REFIID interfaceId, const Source& source, const Words& words
 }  // namespace
 
 HRESULT reportCurrentException(REFIID interfaceId) noexcept {
+  pinModule();
   try {
     throw;
   } catch (const RunTimeError& error) {

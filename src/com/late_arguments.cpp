@@ -1,8 +1,9 @@
 #include "com/late_arguments.h"
 
+#include "com/by_ref.h"
 #include "com/com_ptr.h"
-#include "com/host_reference.h"
 #include "com/type_descriptions.h"
+#include "com/variant_conversions.h"
 
 namespace corvid {
 namespace {
@@ -20,6 +21,11 @@ LateArguments::LateArguments(ITypeInfo& info, const DISPPARAMS& given)
       values_(given.rgvarg, given.rgvarg + given.cArgs) {
   arguments_.rgvarg = values_.data();
   standIns_.reserve(given.cArgs);
+}
+
+bool LateArguments::areWellFormed(const DISPPARAMS& given) noexcept {
+  return (given.cArgs == 0 || given.rgvarg != nullptr) && given.cNamedArgs <= given.cArgs &&
+         (given.cNamedArgs == 0 || given.rgdispidNamedArgs != nullptr);
 }
 
 HRESULT LateArguments::fit(const FUNCDESC& member, UINT* badArgument) {
@@ -47,6 +53,7 @@ UINT LateArguments::parameterOf(UINT place, const FUNCDESC& member) const {
 HRESULT LateArguments::fitOne(UINT place, const TYPEDESC& type) {
   if (type.vt == VT_BSTR) return passText(place);
   if (type.vt == VT_DISPATCH) return passObject(place);
+  if (type.vt == VT_R8) return passDouble(place);
   if (type.vt != VT_PTR) return S_OK;
   // A reference to an interface is an object, not a place to write to.
   if (type.lptdesc->vt == VT_USERDEFINED) return checkObject(place, type.lptdesc->hreftype);
@@ -101,6 +108,17 @@ HRESULT LateArguments::passText(UINT place) {
   const HRESULT result = convertFromHost(values_[place], VT_BSTR, standIn.value);
   if (SUCCEEDED(result)) values_[place] = standIn.value.value();
   return result;
+}
+
+// The system would widen a Single bit by bit: 8.2 would become 8.19999980926514.
+HRESULT LateArguments::passDouble(UINT place) {
+  Variant given;
+  const HRESULT result = copyWithoutReference(values_[place], given);
+  if (FAILED(result) || given.type() != VT_R4) return result;
+  const double number = toDouble(given.value());
+  V_VT(&values_[place]) = VT_R8;
+  V_R8(&values_[place]) = number;
+  return S_OK;
 }
 
 HRESULT LateArguments::writeBack() {

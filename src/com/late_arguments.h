@@ -13,6 +13,8 @@ class LateArguments {
  public:
   LateArguments(ITypeInfo& info, const DISPPARAMS& given);
 
+  // Whether the arguments are formed as the system forms them.
+  [[nodiscard]] static bool areWellFormed(const DISPPARAMS& given) noexcept;
   // The failure's HRESULT and, in badArgument (may be null), the place of the argument that does
   // not fit.
   [[nodiscard]] HRESULT fit(const FUNCDESC& member, UINT* badArgument);
@@ -36,6 +38,7 @@ class LateArguments {
   [[nodiscard]] HRESULT passReference(UINT place, VARTYPE type);
   [[nodiscard]] HRESULT passTyped(UINT place);
   [[nodiscard]] HRESULT passText(UINT place);
+  [[nodiscard]] HRESULT passDouble(UINT place);
 
   ITypeInfo& info_;
   const DISPPARAMS& given_;

@@ -14,6 +14,7 @@ HRESULT pass(ITypeInfo& info, void* object, const LateCall& call, DISPPARAMS* ar
 }  // namespace
 
 HRESULT invoke(ITypeInfo& info, void* object, const LateCall& call) {
+  if (!LateArguments::areWellFormed(*call.arguments)) return E_INVALIDARG;
   if (call.arguments->cArgs == 0) return pass(info, object, call, call.arguments);
   const FunctionDescription member = findFunction(info, call.member, call.flags);
   if (!member) return pass(info, object, call, call.arguments);

@@ -1,12 +1,11 @@
-// The walk over a list that a host makes through one of the system's enumerator interfaces.
+// Generic enumerator over a shared list.
 #pragma once
 
 #include "com/guard.h"
-#include "com/module.h"
+#include "com/object_of.h"
 #include "com/platform.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -14,42 +13,21 @@
 
 namespace corvid {
 
-// Automation interfaces have no virtual destructor: their objects delete themselves.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// Interface has Next, Skip, Reset and Clone, and hands out Items; each is made of a Held one by
-// `handOut`, with a reference of the host's own. The list is shared and may outlive its maker.
-template <class Interface, class Item, class Held, Item (*handOut)(const Held&)>
-class ListEnumerator final : public Interface {
+// Interface has Next, Skip, Reset and Clone, and hands out Items; each is made of a Kept one by
+// `handOut`, with a reference of the host's own. The list is shared and may outlive its maker. On
+// another thread than its own every member returns RPC_E_WRONG_THREAD.
+template <class Interface, class Item, class Kept, Item (*handOut)(const Kept&)>
+class ListEnumerator final : public ObjectOf<Interface> {
  public:
-  using List = std::shared_ptr<const std::vector<Held>>;
+  using List = std::shared_ptr<const std::vector<Kept>>;
 
   // The walk begins at the place given, counted from 0.
   explicit ListEnumerator(List list, std::size_t place = 0)
       : list_(std::move(list)), place_(place) {}
-  ListEnumerator(const ListEnumerator&) = delete;
-  ListEnumerator& operator=(const ListEnumerator&) = delete;
-  ListEnumerator(ListEnumerator&&) = delete;
-  ListEnumerator& operator=(ListEnumerator&&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (id != IID_IUnknown && id != __uuidof(Interface)) return E_NOINTERFACE;
-    *object = static_cast<Interface*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
 
   // Hands out up to `count` items; S_FALSE where there were fewer. `fetched` may be null.
   STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
     if (items == nullptr && count != 0) return E_POINTER;
     const std::size_t first = place_;
     const ULONG found = advance(count);
@@ -57,8 +35,12 @@ class ListEnumerator final : public Interface {
     if (fetched != nullptr) *fetched = found;
     return found == count ? S_OK : S_FALSE;
   }
-  STDMETHODIMP Skip(ULONG count) override { return advance(count) == count ? S_OK : S_FALSE; }
+  STDMETHODIMP Skip(ULONG count) override {
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
+    return advance(count) == count ? S_OK : S_FALSE;
+  }
   STDMETHODIMP Reset() override {
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
     place_ = 0;
     return S_OK;
   }
@@ -66,11 +48,12 @@ class ListEnumerator final : public Interface {
   STDMETHODIMP Clone(Interface** walk) override {
     if (walk == nullptr) return E_POINTER;
     *walk = nullptr;
+    if (!this->isOnItsThread()) return RPC_E_WRONG_THREAD;
     return guarded(__uuidof(Interface), [&] { *walk = new ListEnumerator(list_, place_); });
   }
 
  private:
-  virtual ~ListEnumerator() = default;
+  ~ListEnumerator() override = default;
 
   // Goes forward by up to `count` items; by how many is the result.
   ULONG advance(ULONG count) noexcept {
@@ -81,10 +64,6 @@ class ListEnumerator final : public Interface {
 
   List list_;
   std::size_t place_;
-  ModuleReference module_;
-  std::atomic<ULONG> references_{1};
 };
-
-#pragma GCC diagnostic pop
 
 }  // namespace corvid

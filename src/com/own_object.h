@@ -1,27 +1,47 @@
-// Objects of this library, recognised behind a host's reference.
+// Objects of this library that a host hands back.
 #pragma once
 
 #include "basic/run_time_error.h"
+#include "com/com_object.h"
 #include "com/com_ptr.h"
 #include "com/platform.h"
 
 namespace corvid {
 
-// Known to this module alone: whoever answers to it is one of its automation objects, and the
-// answer is the object's identity.
-inline constexpr GUID kOwnObject = {
-    0x0d28556a, 0x12e4, 0x4d11, {0xb8, 0x62, 0x6a, 0xda, 0x8c, 0x5b, 0xe7, 0xcc}};
-
-// The object behind the reference; raises type mismatch (13) for Nothing and for an object that is
-// not of this class, another library's with the same interface too.
+// The object behind the host's reference, held; throws type mismatch (13) for Nothing and for an
+// object that is not of this class, another library's with the same interface too, and
+// RPC_E_WRONG_THREAD for one that belongs to another thread. An object is known by its identity:
+// nothing else that a stranger answers is believed.
 template <class Object>
-[[nodiscard]] ComPtr<Object> requireOwn(IUnknown* reference) {
-  ComPtr<IUnknown> identity;
-  const bool isOwn =
-      reference != nullptr && SUCCEEDED(reference->QueryInterface(kOwnObject, identity.putVoid()));
-  ComPtr<Object> own(isOwn ? dynamic_cast<Object*>(identity.get()) : nullptr);
-  if (!own) throw typeMismatch();
-  return own;
-}
+class OwnObject {
+ public:
+  explicit OwnObject(IUnknown* reference) : held_(heldBy(reference)) {
+    object_ = dynamic_cast<Object*>(held_);
+    if (object_ != nullptr && object_->isOnItsThread()) return;
+    const bool isElsewhere = object_ != nullptr;
+    if (held_ != nullptr) held_->letGo();
+    if (isElsewhere) throw RunTimeError(RPC_E_WRONG_THREAD, {}, L"The object is another thread's");
+    throw typeMismatch();
+  }
+  OwnObject(const OwnObject&) = delete;
+  OwnObject& operator=(const OwnObject&) = delete;
+  OwnObject(OwnObject&&) = delete;
+  OwnObject& operator=(OwnObject&&) = delete;
+  ~OwnObject() { held_->letGo(); }
+
+  [[nodiscard]] Object* get() const noexcept { return object_; }
+  Object* operator->() const noexcept { return object_; }
+
+ private:
+  static ComObject* heldBy(IUnknown* reference) {
+    ComPtr<IUnknown> identity;
+    if (reference == nullptr || FAILED(reference->QueryInterface(IID_IUnknown, identity.putVoid())))
+      return nullptr;
+    return ComObject::holdLive(identity.get());
+  }
+
+  ComObject* held_;
+  Object* object_ = nullptr;
+};
 
 }  // namespace corvid

@@ -1,7 +1,9 @@
 // The object behind the window: its life, its events and the report.
 #include "com/quick_view_object.h"
 
+#include "basic/conversions.h"
 #include "com/host_object.h"
+#include "com/variant_conversions.h"
 
 #include <array>
 #include <utility>
@@ -11,6 +13,22 @@ namespace corvid {
 namespace {
 
 constexpr DISPID kReportClicked = 1;
+
+bool isNothing(const Variant& value) {
+  return value.type() == VT_EMPTY || value.type() == VT_NULL ||
+         (value.type() == VT_DISPATCH && V_DISPATCH(&value.value()) == nullptr);
+}
+
+HWND ownerWindow(const VARIANT& owner) {
+  if (isMissing(owner)) return nullptr;
+  Variant value;
+  if (FAILED(copyWithoutReference(owner, value))) throw typeMismatch();
+  if (isNothing(value)) return nullptr;
+  if (value.type() == VT_DISPATCH) value = propertyOf(*V_DISPATCH(&value.value()), L"hWnd");
+  return static_cast<HWND>(LongToHandle(toInt32(toDecimal(value.value()))));
+}
+
+bool isModal(const VARIANT& modal) { return !isMissing(modal) && toDouble(modal) != 0; }
 
 // The host's object that is told about clicked lines.
 class LateNotifyTarget : public NotifyTarget {
@@ -54,7 +72,8 @@ class QuickViewObject::Events : public FormEvents {
 };
 
 QuickViewObject::QuickViewObject()
-    : connections_(*this, __uuidof(DlfQuickViewEvents)), events_(std::make_shared<Events>(*this)) {}
+    : connections_(*this, *this, __uuidof(DlfQuickViewEvents)),
+      events_(std::make_shared<Events>(*this)) {}
 
 QuickViewObject::~QuickViewObject() { events_->objectGone(); }
 
@@ -100,14 +119,6 @@ STDMETHODIMP QuickViewObject::FindConnectionPoint(REFIID id, IConnectionPoint** 
   return S_OK;
 }
 
-STDMETHODIMP QuickViewObject::put_LeftMargin(short rhs) {
-  return call([&] { form_->view().setLeftMargin(rhs); });
-}
-
-STDMETHODIMP QuickViewObject::get_LeftMargin(short* ret) {
-  return giveResult(ret, [&] { return report().LeftMargin(); });
-}
-
 STDMETHODIMP QuickViewObject::SetNotify(IDispatch* target) {
   return call([&] {
     form_->view().SetNotify(target != nullptr ? std::make_shared<LateNotifyTarget>(target)
@@ -115,48 +126,11 @@ STDMETHODIMP QuickViewObject::SetNotify(IDispatch* target) {
   });
 }
 
-STDMETHODIMP QuickViewObject::SetNumeroPagina(short page) {
-  return call([&] { report().SetNumeroPagina(page); });
-}
-
-STDMETHODIMP QuickViewObject::SetLinesPerPage(short lines) {
-  return call([&] { report().SetLinesPerPage(lines); });
-}
-
-STDMETHODIMP QuickViewObject::SetPrintFontSize(short size) {
-  return call([&] { report().SetPrintFontSize(size); });
-}
-
-STDMETHODIMP QuickViewObject::SetReportWidth(short Width, VARIANT_BOOL* ret) {
-  return giveResult(ret, [&] { return report().SetReportWidth(Width); });
-}
-
-STDMETHODIMP QuickViewObject::LoadText() {
-  return call([&] { report().LoadText(); });
-}
-
-STDMETHODIMP QuickViewObject::PageBreak() {
-  return call([&] { report().PageBreak(); });
-}
-
-STDMETHODIMP QuickViewObject::Add(BSTR Text, LONG alignment) {
-  return call([&] { report().Add(viewOf(Text), alignment); });
-}
-
-STDMETHODIMP QuickViewObject::get_Linea(short* ret) {
-  return giveResult(ret, [&] { return report().Linea(); });
-}
-
-STDMETHODIMP QuickViewObject::get_Pagina(short* ret) {
-  return giveResult(ret, [&] { return report().Pagina(); });
-}
-
-STDMETHODIMP QuickViewObject::get_LineasPagina(short* ret) {
-  return giveResult(ret, [&] { return report().LineasPagina(); });
-}
-
-STDMETHODIMP QuickViewObject::PrintListBox() {
-  return call([&] { report().PrintListBox(); });
+STDMETHODIMP QuickViewObject::Show(VARIANT Modal, VARIANT OwnerForm) {
+  return call([&] {
+    auto* const owner = ownerWindow(OwnerForm);
+    form_->Show(isModal(Modal), owner);
+  });
 }
 
 }  // namespace corvid

@@ -20,38 +20,66 @@ class QuickViewObject final
       const Settings& settings, const PrinterOpener& openPrinter = openDefaultPrinter);
 
   // The report.
-  STDMETHODIMP put_LeftMargin(short rhs) override;
-  STDMETHODIMP get_LeftMargin(short* ret) override;
+  STDMETHODIMP put_LeftMargin(short rhs) override {
+    return run(&QuickView::setLeftMargin, form_->view(), rhs);
+  }
+  STDMETHODIMP get_LeftMargin(short* ret) override {
+    return answer(ret, &Report::LeftMargin, report());
+  }
   // The target is held until it is replaced; its members are looked up when a line is clicked.
   STDMETHODIMP SetNotify(IDispatch* target) override;
-  STDMETHODIMP SetNumeroPagina(short page) override;
-  STDMETHODIMP SetLinesPerPage(short lines) override;
-  STDMETHODIMP SetPrintFontSize(short size) override;
-  STDMETHODIMP SetReportWidth(short Width, VARIANT_BOOL* ret) override;
-  STDMETHODIMP LoadText() override;
-  STDMETHODIMP PageBreak() override;
-  STDMETHODIMP Add(BSTR Text, LONG alignment) override;
-  STDMETHODIMP get_Linea(short* ret) override;
-  STDMETHODIMP get_Pagina(short* ret) override;
-  STDMETHODIMP get_LineasPagina(short* ret) override;
-  STDMETHODIMP PrintListBox() override;
+  STDMETHODIMP SetNumeroPagina(short page) override {
+    return run(&Report::SetNumeroPagina, report(), page);
+  }
+  STDMETHODIMP SetLinesPerPage(short lines) override {
+    return run(&Report::SetLinesPerPage, report(), lines);
+  }
+  STDMETHODIMP SetPrintFontSize(short size) override {
+    return run(&Report::SetPrintFontSize, report(), size);
+  }
+  STDMETHODIMP SetReportWidth(short Width, VARIANT_BOOL* ret) override {
+    return answer(ret, &Report::SetReportWidth, report(), Width);
+  }
+  STDMETHODIMP LoadText() override { return run(&Report::LoadText, report()); }
+  STDMETHODIMP PageBreak() override { return run(&Report::PageBreak, report()); }
+  STDMETHODIMP Add(BSTR text, LONG alignment) override {
+    return run(&Report::Add, report(), text, alignment);
+  }
+  STDMETHODIMP get_Linea(short* ret) override { return answer(ret, &Report::Linea, report()); }
+  STDMETHODIMP get_Pagina(short* ret) override { return answer(ret, &Report::Pagina, report()); }
+  STDMETHODIMP get_LineasPagina(short* ret) override {
+    return answer(ret, &Report::LineasPagina, report());
+  }
+  STDMETHODIMP PrintListBox() override { return run(&Report::PrintListBox, report()); }
 
   // The window. The owner is an object with a property hWnd, a window handle, or Nothing.
   STDMETHODIMP Show(VARIANT Modal, VARIANT OwnerForm) override;
-  STDMETHODIMP Hide() override;
-  STDMETHODIMP get_Visible(VARIANT_BOOL* ret) override;
-  STDMETHODIMP put_Visible(VARIANT_BOOL rhs) override;
-  STDMETHODIMP get_Caption(BSTR* ret) override;
-  STDMETHODIMP put_Caption(BSTR rhs) override;
-  STDMETHODIMP get_Left(float* ret) override;
-  STDMETHODIMP put_Left(float rhs) override;
-  STDMETHODIMP get_Top(float* ret) override;
-  STDMETHODIMP put_Top(float rhs) override;
-  STDMETHODIMP get_Width(float* ret) override;
-  STDMETHODIMP put_Width(float rhs) override;
-  STDMETHODIMP get_Height(float* ret) override;
-  STDMETHODIMP put_Height(float rhs) override;
-  STDMETHODIMP get_hWnd(LONG* ret) override;
+  STDMETHODIMP Hide() override { return run(&QuickViewForm::Hide, *form_); }
+  STDMETHODIMP get_Visible(VARIANT_BOOL* ret) override {
+    return answer(ret, &QuickViewForm::Visible, *form_);
+  }
+  STDMETHODIMP put_Visible(VARIANT_BOOL rhs) override {
+    return run(&QuickViewForm::setVisible, *form_, rhs);
+  }
+  STDMETHODIMP get_Caption(BSTR* ret) override {
+    return answer(ret, &QuickViewForm::Caption, *form_);
+  }
+  STDMETHODIMP put_Caption(BSTR rhs) override {
+    return run(&QuickViewForm::setCaption, *form_, rhs);
+  }
+  STDMETHODIMP get_Left(float* ret) override { return answer(ret, &QuickViewForm::Left, *form_); }
+  STDMETHODIMP put_Left(float rhs) override { return run(&QuickViewForm::setLeft, *form_, rhs); }
+  STDMETHODIMP get_Top(float* ret) override { return answer(ret, &QuickViewForm::Top, *form_); }
+  STDMETHODIMP put_Top(float rhs) override { return run(&QuickViewForm::setTop, *form_, rhs); }
+  STDMETHODIMP get_Width(float* ret) override { return answer(ret, &QuickViewForm::Width, *form_); }
+  STDMETHODIMP put_Width(float rhs) override { return run(&QuickViewForm::setWidth, *form_, rhs); }
+  STDMETHODIMP get_Height(float* ret) override {
+    return answer(ret, &QuickViewForm::Height, *form_);
+  }
+  STDMETHODIMP put_Height(float rhs) override {
+    return run(&QuickViewForm::setHeight, *form_, rhs);
+  }
+  STDMETHODIMP get_hWnd(LONG* ret) override { return answer(ret, &QuickViewForm::hWnd, *form_); }
 
   // Events.
   STDMETHODIMP GetGUID(DWORD kind, GUID* id) override;

@@ -4,6 +4,7 @@
 #include "com/bstr.h"
 #include "com/platform.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace corvid {
@@ -64,16 +65,23 @@ class Variant {
   VARIANT value_;
 };
 
-// A copy of what the value holds or refers to. (The system only reads what it takes as writable.)
-[[nodiscard]] inline HRESULT copyWithoutReference(const VARIANT& value, Variant& copy) noexcept {
-  return VariantCopyInd(copy.put(), const_cast<VARIANT*>(&value));
-}
+// The bytes of one plain or owning value of a kind that hosts pass, in a variable or an array; 0
+// for every other kind, records among them.
+[[nodiscard]] std::size_t sizeOfKind(VARTYPE type) noexcept;
+
+// Whether the value can be looked at: a kind that has a size, or an array, or a reference to one
+// that leads somewhere.
+[[nodiscard]] bool isReadable(const VARIANT& value) noexcept;
+
+// The value at the end of a chain of references to Variants; null for a chain that is longer than
+// 16, as a ring is, or that ends nowhere or in a kind that no host passes.
+[[nodiscard]] const VARIANT* innermost(const VARIANT& value) noexcept;
+
+// A copy of what the value holds or refers to; DISP_E_TYPEMISMATCH where there is nothing to copy.
+[[nodiscard]] HRESULT copyWithoutReference(const VARIANT& value, Variant& copy) noexcept;
 
 // The value as one of another kind; texts by the locale, Booleans as "True" and "False".
-[[nodiscard]] inline HRESULT changeType(const VARIANT& value, VARTYPE type, Variant& changed,
-                                        LCID locale = LOCALE_USER_DEFAULT) noexcept {
-  return VariantChangeTypeEx(changed.put(), const_cast<VARIANT*>(&value), locale, VARIANT_ALPHABOOL,
-                             type);
-}
+[[nodiscard]] HRESULT changeType(const VARIANT& value, VARTYPE type, Variant& changed,
+                                 LCID locale = LOCALE_USER_DEFAULT) noexcept;
 
 }  // namespace corvid

@@ -107,6 +107,27 @@ Decimal resolvedToDecimal(const VARIANT& value) {
   }
 }
 
+bool isNumber(VARTYPE type) {
+  switch (type) {
+    case VT_EMPTY:
+    case VT_BOOL:
+    case VT_DATE:
+    case VT_BSTR:
+    case VT_ERROR:
+      return false;
+    default:
+      return sizeOfKind(type) != 0;
+  }
+}
+
+// Without the exponent that a double's text may have.
+std::wstring plainText(const Decimal& number) {
+  const std::wstring whole = number.integerDigits();
+  const std::wstring fraction = number.fractionDigits();
+  return (number.isNegative() ? L"-" : L"") + (whole.empty() ? L"0" : whole) +
+         (fraction.empty() ? L"" : L"." + fraction);
+}
+
 std::wstring textBy(const VARIANT& value, LCID locale) {
   const Variant resolved = resolve(value);
   if (isBlank(resolved.value())) return {};
@@ -117,8 +138,8 @@ std::wstring textBy(const VARIANT& value, LCID locale) {
 }  // namespace
 
 bool isMissing(const VARIANT& value) {
-  if (V_VT(&value) == (VT_BYREF | VT_VARIANT)) return isMissing(*V_VARIANTREF(&value));
-  return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
+  const VARIANT* const found = innermost(value);
+  return found != nullptr && V_VT(found) == VT_ERROR && V_ERROR(found) == DISP_E_PARAMNOTFOUND;
 }
 
 Variant resolve(const VARIANT& value) {
@@ -132,7 +153,11 @@ Variant resolve(const VARIANT& value) {
 
 std::wstring toText(const VARIANT& value) { return textBy(value, LOCALE_USER_DEFAULT); }
 
-std::wstring toFieldText(const VARIANT& value) { return textBy(value, LOCALE_INVARIANT); }
+std::wstring toFieldText(const VARIANT& value) {
+  const Variant resolved = resolve(value);
+  return isNumber(resolved.type()) ? plainText(resolvedToDecimal(resolved.value()))
+                                   : textBy(resolved.value(), LOCALE_INVARIANT);
+}
 
 std::wstring toTextNoNull(const VARIANT& value) {
   const Variant resolved = resolve(value);
@@ -152,12 +177,14 @@ double toDouble(const VARIANT& value) {
   if (resolved.type() == VT_NULL) throw typeMismatch();
   if (resolved.type() == VT_R4) return toDecimal(resolved.value()).toDouble();
   const Variant number = convert(resolved.value(), VT_R8);
-  return V_R8(&number.value());
+  return requireFinite(V_R8(&number.value()));
 }
 
 Currency toCurrency(const VARIANT& value) { return Currency::fromDecimal(toDecimal(value)); }
 
 std::int16_t toInt16(const VARIANT& value) { return toInt16(toDecimal(value)); }
+
+std::int32_t toInt32(const VARIANT& value) { return toInt32(toDecimal(value)); }
 
 bool toBoolean(const VARIANT& value) {
   const Variant resolved = resolve(value);
@@ -177,9 +204,10 @@ std::optional<Date> toDateOrBlank(const VARIANT& value) {
   if (isBlank(resolved.value())) return std::nullopt;
   if (resolved.type() == VT_BSTR && viewOf(V_BSTR(&resolved.value())).empty()) return std::nullopt;
   const Variant date = convert(resolved.value(), VT_DATE);
+  const double days = requireFinite(V_DATE(&date.value()));
   SYSTEMTIME parts;
-  if (VariantTimeToSystemTime(V_DATE(&date.value()), &parts) == FALSE) throw overflow();
-  return Date{V_DATE(&date.value())};
+  if (VariantTimeToSystemTime(days, &parts) == FALSE) throw overflow();
+  return Date{days};
 }
 
 }  // namespace corvid

@@ -1,8 +1,8 @@
 // The host's values, converted for the core.
 //
 // Every function looks through references and takes an object's default property. Texts are read by
-// the user's locale; numbers convert with the core's rounding. What cannot be converted raises type
-// mismatch (13), what does not fit overflow (6).
+// the user's locale; numbers convert with the core's rounding. What cannot be converted throws type
+// mismatch (13), what does not fit, infinities and what is no number overflow (6).
 #pragma once
 
 #include "basic/currency.h"
@@ -37,6 +37,7 @@ namespace corvid {
 [[nodiscard]] double toDouble(const VARIANT& value);       // a single by the 7 digits it is sure of
 [[nodiscard]] Currency toCurrency(const VARIANT& value);   // half to even at the fourth decimal
 [[nodiscard]] std::int16_t toInt16(const VARIANT& value);  // half to even
+[[nodiscard]] std::int32_t toInt32(const VARIANT& value);  // half to even
 [[nodiscard]] bool toBoolean(const VARIANT& value);
 
 // A blank value (Null, Empty, an empty text) is no date.

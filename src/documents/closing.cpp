@@ -45,9 +45,10 @@ std::int16_t descuentoGeneral(PrinterSession& session, bool isPercentage, bool i
                 [&] { return generalDiscountCommand(isPercentage, isDiscount, value); });
 }
 
-std::int16_t CerrarComprobante(PrinterSession& session, Currency amount) {
+std::int16_t CerrarComprobante(PrinterSession& session, const std::optional<Currency>& amount) {
   constexpr const wchar_t* kName = L"CerrarComprobante";
-  if (amount != Currency{}) return payInvoice(session, kName, firstMethod(), amount);
+  const Currency paid = amount.value_or(Currency());
+  if (paid != Currency()) return payInvoice(session, kName, firstMethod(), paid);
   return sendAs(session, kName, [] { return std::wstring(kCloseWithoutAmount); });
 }
 

@@ -6,6 +6,7 @@
 #include "session/printer_session.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace corvid {
 
@@ -18,8 +19,8 @@ bool PasarMontoDescuento(PrinterSession& session, Currency amount);
 // 99) is rounded half away from zero.
 std::int16_t descuentoGeneral(PrinterSession& session, bool isPercentage, bool isDiscount,
                               const Decimal& value);
-// 0 closes without an amount.
-std::int16_t CerrarComprobante(PrinterSession& session, Currency amount);
+// Nothing and 0 close without an amount.
+std::int16_t CerrarComprobante(PrinterSession& session, const std::optional<Currency>& amount);
 std::int16_t CerrarConMedio(PrinterSession& session, const Decimal& method, Currency amount);
 std::int16_t CerrarNotaCredito(PrinterSession& session);
 // Also the way of CerrarDevolucion.

@@ -81,6 +81,18 @@ std::int16_t sendClassic(PrinterSession& session, const ClassicKind& kind,
   return member.send(command + shown);
 }
 
+std::int16_t sendGeneral(PrinterSession& session, const wchar_t* name, GeneralLine line,
+                         double rate) {
+  Member member(session, name);
+  if (member.isRefused() || member.refusesText(line.kind + line.code + line.description)) {
+    return pfClientError;
+  }
+  const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
+  if (!index) return pfCommError;
+  line.index = *index;
+  return member.send(generalCommand(line));
+}
+
 }  // namespace
 
 std::int16_t PasarItem(PrinterSession& session, const std::wstring& description, Currency price,
@@ -100,14 +112,46 @@ std::int16_t AnularItem(PrinterSession& session, const std::wstring& description
 
 std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
                             const std::wstring& description, const Decimal& price, double quantity,
-                            double rate, const std::wstring& code) {
-  Member member(session, L"detalleGeneral");
-  if (member.isRefused() || member.refusesText(kind + code + description)) return pfClientError;
-  GeneralLine line{kind, 0, price, Decimal::fromDouble(quantity), code, description};
-  const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
-  if (!index) return pfCommError;
-  line.index = *index;
-  return member.send(generalCommand(line));
+                            double rate, const std::optional<std::wstring>& code) {
+  return sendGeneral(
+      session, L"detalleGeneral",
+      {kind, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description}, rate);
+}
+
+std::int16_t pasarLineaFacturaG(PrinterSession& session, const std::wstring& description,
+                                const Decimal& price, double quantity, double rate,
+                                const std::optional<std::wstring>& code) {
+  return sendGeneral(
+      session, L"pasarLineaFacturaG",
+      {kInvoiceLine, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
+      rate);
+}
+
+std::int16_t anularLineaFacturaG(PrinterSession& session, const std::wstring& description,
+                                 const Decimal& price, double quantity, double rate,
+                                 const std::optional<std::wstring>& code) {
+  return sendGeneral(
+      session, L"anularLineaFacturaG",
+      {kInvoiceVoid, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
+      rate);
+}
+
+std::int16_t pasarLineaNCG(PrinterSession& session, const std::wstring& description,
+                           const Decimal& price, double quantity, double rate,
+                           const std::optional<std::wstring>& code) {
+  return sendGeneral(
+      session, L"pasarLineaNCG",
+      {kCreditLine, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
+      rate);
+}
+
+std::int16_t anularLineaNCG(PrinterSession& session, const std::wstring& description,
+                            const Decimal& price, double quantity, double rate,
+                            const std::optional<std::wstring>& code) {
+  return sendGeneral(
+      session, L"anularLineaNCG",
+      {kCreditVoid, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
+      rate);
 }
 
 std::int16_t IndiceTasa(PrinterSession& session, double rate) {

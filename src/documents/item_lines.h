@@ -7,6 +7,7 @@
 #include "session/printer_session.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace corvid {
@@ -27,11 +28,24 @@ std::int16_t AnularItem(PrinterSession& session, const std::wstring& description
                         double quantity, double rate);
 
 // The general line: kind, rate index, price with two and quantity with three decimals after a
-// comma, each rounded once, the code between bars unless it is empty, the whole description. Rates
-// as above.
+// comma, each rounded once, the code between bars unless it is missing or empty, the whole
+// description. Rates as above.
 std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
                             const std::wstring& description, const Decimal& price, double quantity,
-                            double rate, const std::wstring& code);
+                            double rate, const std::optional<std::wstring>& code);
+// The same for one kind each: sold and voided on an invoice, entered and voided on a credit note.
+std::int16_t pasarLineaFacturaG(PrinterSession& session, const std::wstring& description,
+                                const Decimal& price, double quantity, double rate,
+                                const std::optional<std::wstring>& code);
+std::int16_t anularLineaFacturaG(PrinterSession& session, const std::wstring& description,
+                                 const Decimal& price, double quantity, double rate,
+                                 const std::optional<std::wstring>& code);
+std::int16_t pasarLineaNCG(PrinterSession& session, const std::wstring& description,
+                           const Decimal& price, double quantity, double rate,
+                           const std::optional<std::wstring>& code);
+std::int16_t anularLineaNCG(PrinterSession& session, const std::wstring& description,
+                            const Decimal& price, double quantity, double rate,
+                            const std::optional<std::wstring>& code);
 
 // The rate index of a percentage: "IndicePercibido" (default 4) below 0; else the first configured
 // rate, and then the first of the printer's three, within less than 0.1; else 0. Reads the

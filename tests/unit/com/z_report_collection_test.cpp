@@ -1,24 +1,22 @@
-// The collection of closures: places, and the walks that hosts' loops make.
+// The collection of Z reports: places, and the walks that hosts' loops make.
 #include "com/automation_library.h"
-#include "com/coleccion_zmf_object.h"
-#include "com/reporte_zmf_object.h"
+#include "com/z_report_objects.h"
 #include "records/z_report_record.h"
 #include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {
 
-ComPtr<IReporteZMF> closure(std::int16_t number) {
+std::shared_ptr<ZReportRecord> report(std::int16_t number) {
   auto record = std::make_shared<ZReportRecord>(AutomationLibrary::here());
   record->values.numeroCierre = number;
-  return ComPtr<IReporteZMF>::adopt(makeObject<ReporteZMFObject>(std::move(record)).detach());
+  return record;
 }
 
-// Closures 11, 12 and 13.
-ComPtr<IColeccionZMF> threeClosures() {
-  std::vector<ComPtr<IReporteZMF>> closures = {closure(11), closure(12), closure(13)};
-  auto list = std::make_shared<const std::vector<ComPtr<IReporteZMF>>>(std::move(closures));
-  return ComPtr<IColeccionZMF>::adopt(makeObject<ColeccionZMFObject>(std::move(list)).detach());
+// Z reports 11, 12 and 13.
+ComPtr<IColeccionZMF> threeReports() {
+  const std::vector<std::shared_ptr<ZReportRecord>> records = {report(11), report(12), report(13)};
+  return ComPtr<IColeccionZMF>::adopt(makeObject<ColeccionZMFObject>(records).detach());
 }
 
 ComPtr<IEnumVARIANT> walkOver(IColeccionZMF* collection) {
@@ -35,7 +33,7 @@ short numberOf(const VARIANT& item) {
   return number;
 }
 
-// The numbers of the next closures, up to `count`; how the walk answered last stands after them.
+// The numbers of the next reports, up to `count`; how the walk answered last stands after them.
 std::vector<int> next(IEnumVARIANT* walk, ULONG count) {
   std::vector<VARIANT> items(count);
   ULONG fetched = 99;
@@ -49,11 +47,11 @@ std::vector<int> next(IEnumVARIANT* walk, ULONG count) {
   return numbers;
 }
 
-using ClosureCollection = AutomationTest;
+using ZReportCollection = AutomationTest;
 using Numbers = std::vector<int>;
 
-TEST_F(ClosureCollection, CountsItsPlacesFromOne) {
-  const auto collection = threeClosures();
+TEST_F(ZReportCollection, CountsItsPlacesFromOne) {
+  const auto collection = threeReports();
   LONG count = 0;
   EXPECT_EQ(S_OK, collection->get_Count(&count));
   EXPECT_EQ(3, count);
@@ -67,8 +65,8 @@ TEST_F(ClosureCollection, CountsItsPlacesFromOne) {
       {Variant::ofInt32(3), S_OK, 13, "the last"},
       {text(L"2"), S_OK, 12, "a number as text"},
       {number(1.5), S_OK, 12, "half to even"},
-      {Variant::ofInt16(0), static_cast<HRESULT>(0x800A0009), 0, "in front of the first"},
-      {Variant::ofInt16(4), static_cast<HRESULT>(0x800A0009), 0, "behind the last"},
+      {Variant::ofInt16(0), static_cast<HRESULT>(0x800A0009), 0, "before the first"},
+      {Variant::ofInt16(4), static_cast<HRESULT>(0x800A0009), 0, "after the last"},
       {Variant::ofInt16(-1), static_cast<HRESULT>(0x800A0009), 0, "negative"},
       {number(1e10), static_cast<HRESULT>(0x800A0006), 0, "no 32-bit number"},
       {text(L"dos"), static_cast<HRESULT>(0x800A000D), 0, "no number"},
@@ -82,8 +80,8 @@ TEST_F(ClosureCollection, CountsItsPlacesFromOne) {
   }
 }
 
-TEST_F(ClosureCollection, GivesTheSameObjectForAPlaceAndToAWalk) {
-  const auto collection = threeClosures();
+TEST_F(ZReportCollection, GivesTheSameObjectForAPlaceAndToAWalk) {
+  const auto collection = threeReports();
   Variant first = Variant::ofInt16(1);
   DISPPARAMS arguments{first.get(), nullptr, 1, 0};
   const LateResult byDefault =
@@ -97,8 +95,8 @@ TEST_F(ClosureCollection, GivesTheSameObjectForAPlaceAndToAWalk) {
   EXPECT_EQ(static_cast<IDispatch*>(item.get()), V_DISPATCH(&walked.value()));
 }
 
-TEST_F(ClosureCollection, IsWalkedInItsOrderAndNoFurther) {
-  const auto walk = walkOver(threeClosures().get());  // which outlives its collection
+TEST_F(ZReportCollection, IsWalkedInItsOrderAndNoFurther) {
+  const auto walk = walkOver(threeReports().get());  // which outlives its collection
   EXPECT_EQ((Numbers{11, 12, S_OK}), next(walk.get(), 2));
   EXPECT_EQ((Numbers{13, S_FALSE}), next(walk.get(), 2));
   EXPECT_EQ((Numbers{S_FALSE}), next(walk.get(), 1));
@@ -108,8 +106,8 @@ TEST_F(ClosureCollection, IsWalkedInItsOrderAndNoFurther) {
   EXPECT_EQ(E_POINTER, walk->Next(1, nullptr, nullptr));
 }
 
-TEST_F(ClosureCollection, IsWalkedOverByTwoAtATime) {
-  const auto first = walkOver(threeClosures().get());
+TEST_F(ZReportCollection, IsWalkedOverByTwoAtATime) {
+  const auto first = walkOver(threeReports().get());
   EXPECT_EQ(S_OK, first->Skip(1));
   ComPtr<IEnumVARIANT> second;
   ASSERT_EQ(S_OK, first->Clone(second.put()));
@@ -119,8 +117,8 @@ TEST_F(ClosureCollection, IsWalkedOverByTwoAtATime) {
   EXPECT_EQ((Numbers{S_FALSE}), next(second.get(), 1));
 }
 
-TEST_F(ClosureCollection, GivesLateBoundHostsItsWalk) {
-  const auto collection = threeClosures();
+TEST_F(ZReportCollection, GivesLateBoundHostsItsWalk) {
+  const auto collection = threeReports();
   for (const WORD more : {WORD{0}, WORD{DISPATCH_PROPERTYGET}}) {
     DISPPARAMS none{};
     const LateResult walk =
@@ -132,8 +130,8 @@ TEST_F(ClosureCollection, GivesLateBoundHostsItsWalk) {
   }
 }
 
-TEST_F(ClosureCollection, KeepsTheModuleLoadedAsLongAsAnythingOfIt) {
-  auto walk = walkOver(threeClosures().get());
+TEST_F(ZReportCollection, KeepsTheModuleLoadedAsLongAsAnythingOfIt) {
+  auto walk = walkOver(threeReports().get());
   EXPECT_EQ(S_FALSE, DllCanUnloadNow());
   Variant item;
   walk->Next(1, item.put(), nullptr);
