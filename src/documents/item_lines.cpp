@@ -59,7 +59,7 @@ std::optional<std::int16_t> indexForSale(PrinterSession& session, const Decimal&
   if (found || rate.isZero() || exchange.answersWithSubstitutes() || !exchange.isOpen()) {
     return found.value_or(0);
   }
-  exchange.setOutcome(pfCommError, L"Tasas no disponibles");
+  exchange.refuseCommand(pfCommError, L"Tasas no disponibles");
   return std::nullopt;
 }
 

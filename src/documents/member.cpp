@@ -16,9 +16,8 @@ bool Member::refusesText(const std::wstring& text) {
 }
 
 std::int16_t Member::refuse(const wchar_t* reason) {
-  Outcome& outcome = session_.outcome();
-  outcome.pfError = pfClientError;
-  outcome.DescripcionError = L"Argumento inv\u00E1lido (" + std::wstring(reason) + L") en " + name_;
+  session_.exchange().refuseCommand(
+      pfClientError, L"Argumento inv\u00E1lido (" + std::wstring(reason) + L") en " + name_);
   return pfClientError;
 }
 

@@ -23,7 +23,7 @@ Exchange::Exchange(ThreadState& thread)
 std::int16_t Exchange::Execute(const std::wstring& command) {
   const Turn turn(*this, L"Execute");
   if (turn.isRefused()) return pfClientError;
-  beginCommand();
+  const auto progress = beginCommand();
   return runCommand(command);
 }
 
@@ -74,11 +74,15 @@ Exchange::Sent Exchange::sendBlock(const std::wstring& command) {
              std::to_wstring(block.size());
     });
   }
+  if (written != 0) lastSend_.noteBlock();
   switch (WaitForReply(false)) {
     case WaitEnd::Block:
     case WaitEnd::Accepted:
+      // In unchecked mode nobody looked.
+      if (!state_.skipChecks) lastSend_.noteAnswer(true);
       return Sent::Accepted;
     case WaitEnd::Refused:
+      lastSend_.noteAnswer(false);
       return Sent::Refused;
     case WaitEnd::Lost:
     case WaitEnd::Closed:
@@ -90,21 +94,28 @@ Exchange::Sent Exchange::sendBlock(const std::wstring& command) {
 
 void Exchange::ExecuteNoCheck(const std::wstring& command) {
   trace([&] { return L"ExecuteNoCheck: -> " + EscapeString(command); });
-  if (state_.testMode) return addToPreview(command);
   const Turn turn(*this, L"ExecuteNoCheck");
   if (turn.isRefused()) return;
+  const auto progress = beginCommand();
+  if (state_.testMode) return addToPreview(command);
   if (!isOpen()) return setPortClosed();
   discardLate();
-  write(BuildCommandBlock(command, thread_.codePage()));
+  writeUnchecked(command);
 }
 
 void Exchange::SendDirect(const std::wstring& command) {
-  if (state_.testMode) return addToPreview(L"SendDirect: " + EscapeString(command));
-  trace([&] { return L"SendDirect: -> " + EscapeString(command); });
+  if (!state_.testMode) trace([&] { return L"SendDirect: -> " + EscapeString(command); });
   const Turn turn(*this, L"SendDirect");
   if (turn.isRefused()) return;
+  const auto progress = beginCommand();
+  if (state_.testMode) return addToPreview(L"SendDirect: " + EscapeString(command));
   if (isOpen()) discardLate();
-  write(BuildCommandBlock(command, thread_.codePage()));
+  writeUnchecked(command);
+}
+
+// What becomes of the block is not waited for.
+void Exchange::writeUnchecked(const std::wstring& command) {
+  if (write(BuildCommandBlock(command, thread_.codePage())) != 0) lastSend_.noteBlock();
 }
 
 void Exchange::SendAck() {
@@ -126,7 +137,7 @@ Lines Exchange::NextStatusBlock() {
 void Exchange::GetStatus() {
   const Turn turn(*this, L"GetStatus");
   if (turn.isRefused()) return;
-  beginCommand();
+  member_.silentSeconds = 0;
   requestStatus();
 }
 
@@ -191,6 +202,7 @@ std::int32_t Exchange::write(std::wstring_view text) {
 void Exchange::addToPreview(const std::wstring& line) {
   if (!state_.preview.isMade()) state_.preview.make(thread_.views(), settings_);
   state_.preview.Add(line);
+  lastSend_.notePreviewed();
 }
 
 MessageDialog& Exchange::dialog() {
@@ -206,6 +218,11 @@ void Exchange::TracedDialog::show(const std::wstring& text, const std::wstring& 
 void Exchange::setOutcome(pfErrors error, const wchar_t* description) {
   state_.outcome.pfError = error;
   state_.outcome.DescripcionError = description;
+}
+
+void Exchange::refuseCommand(pfErrors error, const std::wstring& description) {
+  setOutcome(error, description.c_str());
+  lastSend_.noteUnsent();
 }
 
 }  // namespace corvid

@@ -6,6 +6,7 @@
 #include "exchange/exchange_state.h"
 #include "exchange/line.h"
 #include "exchange/reply_wait.h"
+#include "exchange/send_record.h"
 #include "exchange/thread_state.h"
 
 #include <cstdint>
@@ -117,10 +118,18 @@ class Exchange {
   void detach() { line_.close(); }
   [[nodiscard]] const OpeningRef& opening() const { return line_.opening(); }
 
+  // What became of the last command: of Execute, ExecuteNoCheck, SendDirect and the members that
+  // read a reply; documented members that send several end with the last one's.
+  [[nodiscard]] const SendRecord& lastSend() const { return lastSend_; }
+  // True while a member of the session waits for the printer, writes to it, or shows a box.
+  [[nodiscard]] bool isBusy() const { return turns_ > 0; }
+
   // Shows a message box; by the setting "SinMensajes" the trace has its text instead.
   [[nodiscard]] MessageDialog& dialog();
 
   void setOutcome(pfErrors error, const wchar_t* description);
+  // The same for a command that is not sent for what its arguments or the session hold.
+  void refuseCommand(pfErrors error, const std::wstring& description);
 
  private:
   // Message boxes as lines of the trace.
@@ -134,7 +143,10 @@ class Exchange {
   };
   enum class Sent { Accepted, Refused, Unanswered, Over };
 
-  void beginCommand() { member_.silentSeconds = 0; }
+  [[nodiscard]] SendRecord::Command beginCommand() {
+    member_.silentSeconds = 0;
+    return {lastSend_, thread_.clock()};
+  }
   std::int16_t runCommand(const std::wstring& command);
   Sent sendUntilAccepted(const std::wstring& command, int& attempts);
   Sent sendBlock(const std::wstring& command);
@@ -150,6 +162,7 @@ class Exchange {
   WaitEnd waitWithoutChecks();
   void tellFailure(const RunTimeError& error);
   std::int32_t write(std::wstring_view text);
+  void writeUnchecked(const std::wstring& command);
   void discardLate();
   void traceDiscarded(const std::string& late);
   // How much longer the command may wait for a status.
@@ -168,6 +181,7 @@ class Exchange {
   TracedDialog tracedDialog_;
   ExchangeState state_;
   Line line_;
+  SendRecord lastSend_;
   int turns_ = 0;  // turns under way, those that wait included
   std::uint32_t lastTurn_ = 0;
   Member member_;

@@ -34,7 +34,7 @@ Lines Exchange::GetResponse(const std::wstring& command) {
   }
   const Turn turn(*this, L"GetResponse");
   if (turn.isRefused()) return {kFailedReply};
-  beginCommand();
+  const auto progress = beginCommand();
   requestStatus();
   if (state_.outcome.pfError != pfOk) {
     trace([&] {

@@ -1,0 +1,124 @@
+// What a host is told of its last command.
+#include "documents/item_lines.h"
+#include "support/session_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace corvid {
+namespace {
+
+struct Case {
+  const char* reason;
+  std::vector<Answer> answers;  // to the command's blocks, in their order
+  EnviosPF outcome;
+  int blocks;
+};
+
+const Answer kSilence = {};
+const Answer kAck = {"\x06"};
+const Answer kNak = {"\x15"};
+
+TEST(LastSend, IsToldByTheAnswersToItsBlocks) {
+  const Case cases[] = {
+      {"accepted at once", {kAck}, envAceptado, 1},
+      {"accepted after a refusal", {kNak, kAck}, envAceptado, 2},
+      {"refused to the end", {kNak}, envRechazado, 7},
+      {"accepted, an earlier block in doubt", {kSilence, kAck}, envAceptadoDudoso, 2},
+      {"never answered", {kSilence}, envIncierto, 7},
+      {"some refused, the last one in doubt",
+       {kNak, kNak, kNak, kNak, kNak, kNak, kSilence},
+       envIncierto,
+       7},
+  };
+  for (const Case& one : cases) {
+    OpenBench bench({{L"TimeOut", L"1"}});
+    EXPECT_EQ(envNinguno, bench.exchange().lastSend().outcome()) << one.reason;
+    for (int i = 0; i < 7; ++i) {
+      const auto last = one.answers.size() - 1;
+      bench.printer().answersToBlock.push_back(
+          one.answers[std::min(static_cast<std::size_t>(i), last)]);
+    }
+    const double start = bench.world().clock.total();
+    bench.session().Execute(L"101");
+    const SendRecord& sent = bench.exchange().lastSend();
+    EXPECT_EQ(one.outcome, sent.outcome()) << one.reason;
+    EXPECT_EQ(one.blocks, sent.blocks()) << one.reason;
+    const double took = (bench.world().clock.total() - start) * 1000;
+    EXPECT_NEAR(took, sent.milliseconds(), 1) << one.reason;
+  }
+}
+
+TEST(LastSend, IsUnsentOrUncertainWithoutAPrinterThatIsAsked) {
+  const struct {
+    const char* reason;
+    void (*send)(SessionBench& bench);
+    EnviosPF outcome;
+    int blocks;
+  } cases[] = {
+      {"closed port",
+       [](SessionBench& bench) {
+         bench.session().Cerrar();
+         bench.session().Execute(L"101");
+       },
+       envNoEnviado, 0},
+      {"refused argument",
+       [](SessionBench& bench) { PasarItem(bench.session(), L"A\x03", Currency(), 1, 0); },
+       envNoEnviado, 0},
+      {"negative quantity",
+       [](SessionBench& bench) { PasarItem(bench.session(), L"A", Currency(), -1, 0); },
+       envNoEnviado, 0},
+      {"no rates to be had",
+       [](SessionBench& bench) { PasarItem(bench.session(), L"A", Currency(), 1, 16); },
+       envNoEnviado, 0},
+      {"unchecked command", [](SessionBench& bench) { bench.exchange().ExecuteNoCheck(L"101"); },
+       envIncierto, 1},
+      {"direct command", [](SessionBench& bench) { bench.exchange().SendDirect(L"101"); },
+       envIncierto, 1},
+      {"unchecked mode",
+       [](SessionBench& bench) {
+         bench.exchange().state().skipChecks = true;
+         bench.session().Execute(L"101");
+       },
+       envIncierto, 1},
+      {"test mode",
+       [](SessionBench& bench) {
+         bench.exchange().state().testMode = true;
+         bench.session().Execute(L"101");
+       },
+       envAceptado, 0},
+      {"accepted query",
+       [](SessionBench& bench) {
+         bench.printer().answers["S2"] = blockOf("1");
+         static_cast<void>(bench.exchange().GetResponse(L"S2"));
+       },
+       envAceptado, 1},
+  };
+  for (const auto& one : cases) {
+    OpenBench bench;
+    bench.printer().answers["S3"] = kNak;
+    bench.session().Execute(L"100");
+    one.send(bench);
+    EXPECT_EQ(one.outcome, bench.exchange().lastSend().outcome()) << one.reason;
+    EXPECT_EQ(one.blocks, bench.exchange().lastSend().blocks()) << one.reason;
+  }
+}
+
+// A host's timer sees that the session is busy, and the command it interrupts keeps its record.
+TEST(LastSend, IsBusyWhileACommandIsUnderWay) {
+  OpenBench bench;
+  bool wasBusy = false;
+  bench.atYield(1, [&] {
+    wasBusy = bench.exchange().isBusy();
+    bench.session().Execute(L"refused");
+  });
+  bench.session().Execute(L"101");
+  EXPECT_TRUE(wasBusy);
+  EXPECT_FALSE(bench.exchange().isBusy());
+  EXPECT_EQ(envAceptado, bench.exchange().lastSend().outcome());
+}
+
+}  // namespace
+}  // namespace corvid
