@@ -40,6 +40,7 @@ class InstantLine : public SerialCalls {
   bool getOverlappedResult(SerialHandle, std::uint32_t&) override { return true; }
   bool getCommModemStatus(SerialHandle, std::uint32_t&) override { return true; }
   bool escapeCommFunction(SerialHandle, std::uint32_t) override { return true; }
+  std::vector<std::int16_t> ports() override { return {}; }
   std::uint32_t lastError() override { return 0; }
   std::wstring errorMessage(std::uint32_t) override { return {}; }
 

@@ -62,6 +62,12 @@ Variant toHostArray(const Lines& fields) {
   return std::move(array).toVariant();
 }
 
+Variant toHostArray(const std::vector<std::int16_t>& numbers) {
+  SafeArray array(numbers.size());
+  for (std::size_t i = 0; i < numbers.size(); ++i) array.set(i, Variant::ofInt16(numbers[i]));
+  return std::move(array).toVariant();
+}
+
 Variant toHostArray(const std::vector<Lines>& rows) {
   SafeArray array(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) array.set(i, toHostArray(rows[i]));

@@ -14,7 +14,9 @@ namespace corvid {
 
 // A zero-based array of Variants with one text each, which every script language can read.
 [[nodiscard]] Variant toHostArray(const Lines& fields);
-// An array of such arrays.
+// A zero-based array of Variants with one number each.
+[[nodiscard]] Variant toHostArray(const std::vector<std::int16_t>& numbers);
+// An array of arrays of texts.
 [[nodiscard]] Variant toHostArray(const std::vector<Lines>& rows);
 // A zero-based array of String, which compiled languages declare.
 [[nodiscard]] Variant toStringArray(const Lines& texts);

@@ -2,8 +2,13 @@
 
 #include "com/own_object.h"
 #include "com/z_report_objects.h"
+#include "corvid_version.h"
 #include "protocol/framing.h"
 #include "protocol/status_explanations.h"
+#include "session/diagnosis.h"
+#include "windows/system_facts.h"
+
+#include <string_view>
 
 namespace corvid {
 namespace {
@@ -20,6 +25,12 @@ bool toPrintFlag(const VARIANT& value) {
   if (isMissing(value)) return true;
   const Variant resolved = resolve(value);
   return resolved.type() != VT_NULL && toBoolean(resolved.value());
+}
+
+std::wstring versionText() {
+  constexpr std::string_view kVersion = CORVID_VERSION_TEXT;
+  return std::wstring(kVersion.begin(), kVersion.end()) +
+         (sizeof(void*) == 8 ? L" (64 bits)" : L" (32 bits)");
 }
 
 }  // namespace
@@ -102,6 +113,20 @@ STDMETHODIMP PrinterFiscalObject::reportesZMF(VARIANT* first, VARIANT* last, ICo
   return giveResult(ret, [&] {
     return makeObject<ColeccionZMFObject>(callWith(corvid::reportesZMF, exchange(), first, last));
   });
+}
+
+STDMETHODIMP PrinterFiscalObject::get_Version(BSTR* ret) {
+  return giveResult(ret, [] { return versionText(); });
+}
+
+STDMETHODIMP PrinterFiscalObject::get_Diagnostico(BSTR* ret) {
+  return giveResult(ret, [&] {
+    return diagnosis(session(), {versionText(), modulePath(), windowsVersion(), regionText()});
+  });
+}
+
+STDMETHODIMP PrinterFiscalObject::get_Puertos(VARIANT* ret) {
+  return giveResult(ret, [&] { return toHostArray(session().thread().transports().present()); });
 }
 
 STDMETHODIMP PrinterFiscalObject::loadReporteZMF(VARIANT* number, IReporteZMF** ret) {

@@ -44,7 +44,12 @@ inline ReprintLimit convert(As<ReprintLimit>, const VARIANT& value) {
   return {[&value] { return toDate(value); }, [&value] { return toDecimal(value); }};
 }
 
-class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::PrinterFiscal> {
+template <>
+struct Extended<IPrinterFiscal2> {
+  using Type = IPrinterFiscal;
+};
+
+class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal2, ::PrinterFiscal> {
  public:
   explicit PrinterFiscalObject(std::shared_ptr<PrinterSession> session)
       : session_(std::move(session)) {}
@@ -288,6 +293,25 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal, ::Printe
   }
   STDMETHODIMP reportesZMF(VARIANT* first, VARIANT* last, IColeccionZMF** ret) override;
   STDMETHODIMP loadReporteZMF(VARIANT* number, IReporteZMF** ret) override;
+
+  // What became of the last command.
+  STDMETHODIMP get_UltimoEnvio(::EnviosPF* ret) override {
+    return answer(ret, &SendRecord::outcome, exchange().lastSend());
+  }
+  STDMETHODIMP get_BloquesEnviados(LONG* ret) override {
+    return answer(ret, &SendRecord::blocks, exchange().lastSend());
+  }
+  STDMETHODIMP get_Milisegundos(LONG* ret) override {
+    return answer(ret, &SendRecord::milliseconds, exchange().lastSend());
+  }
+  STDMETHODIMP get_Ocupado(VARIANT_BOOL* ret) override {
+    return answer(ret, &Exchange::isBusy, exchange());
+  }
+
+  // The installation.
+  STDMETHODIMP get_Version(BSTR* ret) override;
+  STDMETHODIMP get_Diagnostico(BSTR* ret) override;
+  STDMETHODIMP get_Puertos(VARIANT* ret) override;
 
  private:
   // Ends the wait that lets the host run.

@@ -1,7 +1,5 @@
 #include "com/type_descriptions.h"
 
-#include "com/com_ptr.h"
-
 namespace corvid {
 
 FunctionDescription functionAt(ITypeInfo& info, UINT index) {
@@ -24,6 +22,16 @@ FunctionDescription findFunction(ITypeInfo& info, DISPID member, WORD flags) {
     if (one && one->memid == member && (one->invkind & flags) != 0) return one;
   }
   return {};
+}
+
+ComPtr<ITypeInfo> extendedType(ITypeInfo& info) {
+  HREFTYPE reference = 0;
+  ComPtr<ITypeInfo> extended;
+  if (FAILED(info.GetRefTypeOfImplType(0, &reference)) ||
+      FAILED(info.GetRefTypeInfo(reference, extended.put()))) {
+    return {};
+  }
+  return extended;
 }
 
 IID interfaceOf(ITypeInfo& info, HREFTYPE type) {

@@ -1,6 +1,7 @@
 // What type information tells about its members.
 #pragma once
 
+#include "com/com_ptr.h"
 #include "com/platform.h"
 
 #include <functional>
@@ -18,6 +19,9 @@ using TypeAttributes = std::unique_ptr<TYPEATTR, std::function<void(TYPEATTR*)>>
 // The member of that number that is called in one of the ways of `flags` (DISPATCH_METHOD and its
 // like); empty when there is none.
 [[nodiscard]] FunctionDescription findFunction(ITypeInfo& info, DISPID member, WORD flags);
+
+// The type that this one extends; empty for one that extends none.
+[[nodiscard]] ComPtr<ITypeInfo> extendedType(ITypeInfo& info);
 
 // The identifier of an interface that a parameter names; that of IDispatch where it is unknown.
 [[nodiscard]] IID interfaceOf(ITypeInfo& info, HREFTYPE type);

@@ -52,14 +52,20 @@ void PortDump::open(const Settings& settings, MessageDialog& dialog) {
   const std::wstring name = settings.fileName(kApplication, kPortSection, L"DumpFile", L"");
   if (name.empty()) return;
   std::wstring reason;
-  keep(files_.open(name, reason));
+  keep(files_.open(name, reason), name);
   if (isOn()) return;
   dialog.show(L"Imposible abrir el archivo " + name + L". Traza inhabilitada\r\nERR: " + reason,
               L"modComm", MessageIcon::Critical);
 }
 
-void PortDump::keep(std::unique_ptr<AppendFile> file) noexcept {
+std::wstring PortDump::fileName() {
   const std::lock_guard lock(gate_);
+  return isOn_ ? name_ : std::wstring();
+}
+
+void PortDump::keep(std::unique_ptr<AppendFile> file, std::wstring name) noexcept {
+  const std::lock_guard lock(gate_);
+  name_ = std::move(name);
   file_ = std::move(file);
   isOn_ = file_ != nullptr;
 }

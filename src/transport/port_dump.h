@@ -24,20 +24,23 @@ class PortDump {
   // opens that file for appending. A file that cannot be opened shows a message, which runs the
   // host's message loop, and leaves the dump off. Opening an open dump closes it first.
   void open(const Settings& settings, MessageDialog& dialog);
-  void close() noexcept { keep(nullptr); }
+  void close() noexcept { keep(nullptr, {}); }
   // Writes "Read " or "Send " with date and time, then 16 bytes a line, all in one write. Nothing
   // while off. A failure ends the dump, quietly.
   void write(std::string_view label, std::string_view bytes);
   [[nodiscard]] bool isOn() const noexcept { return isOn_; }
+  // The file's name; empty while off.
+  [[nodiscard]] std::wstring fileName();
 
  private:
-  void keep(std::unique_ptr<AppendFile> file) noexcept;
+  void keep(std::unique_ptr<AppendFile> file, std::wstring name) noexcept;
 
   AppendFiles& files_;
   Clock& clock_;
   std::mutex gate_;
   std::atomic<bool> isOn_{false};
   std::unique_ptr<AppendFile> file_;
+  std::wstring name_;
 };
 
 // The lines of a hex dump: upper-case pairs with a blank after each, padded to 48 columns, then

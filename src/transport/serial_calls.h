@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvid {
 
@@ -60,7 +61,7 @@ struct SerialQueue {
 constexpr std::uint32_t kErrorIoIncomplete = 996;
 constexpr std::uint32_t kErrorIoPending = 997;
 
-// Each member but the last two returns false (createFile: kInvalidSerialHandle) on failure, and
+// Each member but the last three returns false (createFile: kInvalidSerialHandle) on failure, and
 // lastError then gives the system's number. One overlapped record, the implementation's own,
 // serves all reads and writes.
 class SerialCalls {
@@ -86,6 +87,9 @@ class SerialCalls {
   virtual bool getOverlappedResult(SerialHandle handle, std::uint32_t& count) = 0;  // waits
   virtual bool getCommModemStatus(SerialHandle handle, std::uint32_t& status) = 0;
   virtual bool escapeCommFunction(SerialHandle handle, std::uint32_t function) = 0;
+
+  // The numbers of the serial ports that exist, ascending; those of other programs too.
+  virtual std::vector<std::int16_t> ports() = 0;
 
   virtual std::uint32_t lastError() = 0;
   // The system's words for an error number, without a trailing line break.

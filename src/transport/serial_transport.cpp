@@ -7,6 +7,7 @@ namespace {
 
 constexpr const wchar_t* kLineSettings = L"baud=9600 parity=E data=8 stop=1";
 constexpr std::int32_t kReadSize = 4096;
+constexpr double kWaitingSeconds = 0.5;  // half of the port's time-out for a read
 
 }  // namespace
 
@@ -27,7 +28,14 @@ void SerialTransport::setLines() {
 }
 
 std::int32_t SerialTransport::read(std::string& bytes) {
-  return comm_.CommRead(port_, bytes, readsExactly_ ? kExactly : kReadSize);
+  if (readsExactly_) return comm_.CommRead(port_, bytes, kExactly);
+  const double start = clock_.monotonicSeconds();
+  const std::int32_t count = comm_.CommRead(port_, bytes, kReadSize);
+  if (count > 0) {
+    const bool waited = clock_.monotonicSeconds() - start > kWaitingSeconds;
+    manner_ = waited ? ReadManner::WaitsOut : ReadManner::AtOnce;
+  }
+  return count;
 }
 
 std::wstring SerialTransport::errorText() const {

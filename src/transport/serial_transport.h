@@ -1,6 +1,7 @@
 // The byte stream over a serial port.
 #pragma once
 
+#include "platform/clock.h"
 #include "transport/modcomm.h"
 #include "transport/transport.h"
 
@@ -14,8 +15,8 @@ namespace corvid {
 class SerialTransport : public Transport {
  public:
   // `readsExactly` is the setting "LecturaInmediata".
-  SerialTransport(modCOMM& comm, std::int16_t port, bool readsExactly)
-      : comm_(comm), port_(port), readsExactly_(readsExactly) {}
+  SerialTransport(modCOMM& comm, Clock& clock, std::int16_t port, bool readsExactly)
+      : comm_(comm), clock_(clock), port_(port), readsExactly_(readsExactly) {}
 
   std::int32_t open() override;
   std::int32_t close() override;
@@ -25,11 +26,14 @@ class SerialTransport : public Transport {
   std::string discard() override { return comm_.CommDiscard(port_); }
   std::int32_t write(std::string_view bytes) override { return comm_.CommWrite(port_, bytes); }
   [[nodiscard]] std::wstring errorText() const override;
+  [[nodiscard]] ReadManner readManner() const override { return manner_; }
 
  private:
   modCOMM& comm_;
+  Clock& clock_;
   std::int16_t port_;
   bool readsExactly_;
+  ReadManner manner_ = ReadManner::Unseen;
   bool ownsRecord_ = false;  // false where the record was open already, for another session
 };
 

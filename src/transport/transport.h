@@ -9,6 +9,9 @@ namespace corvid {
 
 // Knows no control byte and runs none of the host's code. Failures are returned, and errorText()
 // then has the words of the last one. One thread.
+// How a driver ends a read that asks for more than is there.
+enum class ReadManner { Unseen, AtOnce, WaitsOut };
+
 class Transport {
  public:
   virtual ~Transport() = default;
@@ -31,6 +34,8 @@ class Transport {
   virtual std::int32_t write(std::string_view bytes) = 0;
 
   [[nodiscard]] virtual std::wstring errorText() const = 0;
+  // By the last read that showed it; reads of exactly what is waiting never do.
+  [[nodiscard]] virtual ReadManner readManner() const { return ReadManner::Unseen; }
 };
 
 }  // namespace corvid

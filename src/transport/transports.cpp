@@ -8,7 +8,7 @@ bool Transports::isPortNumber(std::int16_t number) { return number >= 1 && numbe
 
 std::shared_ptr<Transport> Transports::make(std::int16_t port, const Settings& settings) {
   const bool readsExactly = settings.boolean(kApplication, kPortSection, L"LecturaInmediata", true);
-  return std::make_shared<SerialTransport>(comm_, port, readsExactly);
+  return std::make_shared<SerialTransport>(comm_, clock_, port, readsExactly);
 }
 
 }  // namespace corvid

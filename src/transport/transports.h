@@ -10,6 +10,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace corvid {
 
@@ -24,9 +26,12 @@ struct SharedTransports {
 // The streams that one thread opens.
 class Transports {
  public:
-  // Both outlive it.
-  Transports(SerialCalls& calls, SharedTransports& shared)
-      : dump_(shared.dump), comm_({calls, shared.dump, shared.inUse}) {}
+  // All outlive it.
+  Transports(SerialCalls& calls, Clock& clock, SharedTransports& shared)
+      : calls_(calls),
+        clock_(clock),
+        dump_(shared.dump),
+        comm_({calls, shared.dump, shared.inUse}) {}
   Transports(const Transports&) = delete;
   Transports& operator=(const Transports&) = delete;
 
@@ -35,11 +40,18 @@ class Transports {
   // The stream to the printer on a port, closed, and as the settings have it.
   [[nodiscard]] std::shared_ptr<Transport> make(std::int16_t port, const Settings& settings);
 
+  // The numbers of the ports that exist, ascending.
+  [[nodiscard]] std::vector<std::int16_t> present() { return calls_.ports(); }
+
   // Opens the port dump where the settings ask for it; may show a message box.
   void openDump(const Settings& settings, MessageDialog& dialog) { dump_.open(settings, dialog); }
   void closeDump() { dump_.close(); }
+  // Empty while there is none.
+  [[nodiscard]] std::wstring dumpName() { return dump_.fileName(); }
 
  private:
+  SerialCalls& calls_;
+  Clock& clock_;
   PortDump& dump_;
   modCOMM comm_;
 };

@@ -1,6 +1,13 @@
 #include "windows/serial_calls.h"
 
+#include "basic/text.h"
+#include "transport/modcomm.h"
 #include "windows/system_message.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <optional>
+#include <string_view>
 
 namespace corvid {
 namespace {
@@ -66,6 +73,35 @@ DeviceControlBlock fromSystem(const DCB& dcb) {
           .errorChar = dcb.ErrorChar,
           .endChar = dcb.EofChar,
           .eventChar = dcb.EvtChar};
+}
+
+// The names of all devices, each with a NUL after it and one more at the end; that one alone where
+// the system does not tell them.
+std::vector<wchar_t> deviceNames() {
+  constexpr std::size_t kFirstSize = 32768;
+  constexpr std::size_t kLargestSize = 1U << 22U;
+  for (std::size_t size = kFirstSize; size <= kLargestSize; size *= 2) {
+    std::vector<wchar_t> names(size);
+    if (QueryDosDeviceW(nullptr, names.data(), static_cast<DWORD>(size)) != 0) return names;
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) break;
+  }
+  return {L'\0'};
+}
+
+// Nothing for a device that is no serial port, or has a number that Abrir does not take.
+std::optional<std::int16_t> portNumber(std::wstring_view name) {
+  constexpr std::wstring_view kPrefix = L"COM";
+  if (name.size() <= kPrefix.size() ||
+      !equalIgnoringCase(name.substr(0, kPrefix.size()), kPrefix)) {
+    return std::nullopt;
+  }
+  std::int32_t number = 0;
+  for (const wchar_t digit : name.substr(kPrefix.size())) {
+    if (digit < L'0' || digit > L'9' || number > kHighestPort) return std::nullopt;
+    number = (10 * number) + (digit - L'0');
+  }
+  if (number < 1 || number > kHighestPort) return std::nullopt;
+  return static_cast<std::int16_t>(number);
 }
 
 }  // namespace
@@ -167,6 +203,16 @@ bool WindowsSerialCalls::getCommModemStatus(SerialHandle handle, std::uint32_t& 
 
 bool WindowsSerialCalls::escapeCommFunction(SerialHandle handle, std::uint32_t function) {
   return keepError(EscapeCommFunction(toHandle(handle), function));
+}
+
+std::vector<std::int16_t> WindowsSerialCalls::ports() {
+  std::vector<std::int16_t> numbers;
+  const std::vector<wchar_t> names = deviceNames();
+  for (const wchar_t* name = names.data(); *name != L'\0'; name += std::wcslen(name) + 1) {
+    if (const auto number = portNumber(name)) numbers.push_back(*number);
+  }
+  std::ranges::sort(numbers);
+  return numbers;
 }
 
 std::uint32_t WindowsSerialCalls::lastError() { return lastError_; }

@@ -24,6 +24,7 @@ class WindowsSerialCalls : public SerialCalls {
   bool getOverlappedResult(SerialHandle handle, std::uint32_t& count) override;
   bool getCommModemStatus(SerialHandle handle, std::uint32_t& status) override;
   bool escapeCommFunction(SerialHandle handle, std::uint32_t function) override;
+  std::vector<std::int16_t> ports() override;
   std::uint32_t lastError() override;
   std::wstring errorMessage(std::uint32_t number) override;
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -27,8 +28,11 @@ class FakeSettings : public InitializationFile {
 
   std::wstring read(const std::wstring& file, const std::wstring& section,
                     const std::wstring& key) override {
+    asked.insert(lowerCase(section + L"\\" + key));
     return file_[name({file, section, key})];
   }
+
+  std::set<std::wstring> asked;  // what was read, in lower case
 
   // The per-user store over the same object.
   class Store : public UserSettings {

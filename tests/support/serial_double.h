@@ -99,10 +99,12 @@ class SerialDouble : public SerialCalls {
   bool getOverlappedResult(SerialHandle handle, std::uint32_t& count) override;
   bool getCommModemStatus(SerialHandle handle, std::uint32_t& status) override;
   bool escapeCommFunction(SerialHandle handle, std::uint32_t function) override;
+  std::vector<std::int16_t> ports() override { return present; }
   std::uint32_t lastError() override { return lastError_; }
   std::wstring errorMessage(std::uint32_t number) override;
 
-  std::uint32_t errorFlags = 0;  // what clearCommError reports
+  std::vector<std::int16_t> present = {3, 7};  // the ports that exist
+  std::uint32_t errorFlags = 0;                // what clearCommError reports
   std::uint32_t modemStatus = 0;
   DeviceControlBlock deviceState;  // getCommState gives it, setCommState changes it
 
