@@ -1,5 +1,7 @@
 #include "windows/message_box.h"
 
+#include "windows/disabled_windows.h"
+
 namespace corvid {
 namespace {
 
@@ -18,17 +20,23 @@ UINT iconFlag(MessageIcon icon) {
 
 }  // namespace
 
-bool hasInteractiveDesktop() {
+Desktop currentDesktop() {
+  Desktop desktop;
   USEROBJECTFLAGS flags{};
   const BOOL known = GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags,
                                                sizeof flags, nullptr);
-  return known != FALSE && (flags.dwFlags & WSF_VISIBLE) != 0;
+  desktop.isVisible = known != FALSE && (flags.dwFlags & WSF_VISIBLE) != 0;
+  ProcessIdToSessionId(GetCurrentProcessId(), &desktop.session);
+  return desktop;
 }
 
+// With an owner the system disables that window alone.
 int showMessageBox(HWND owner, const std::wstring& text, const std::wstring& title, UINT buttons,
                    MessageIcon icon) {
+  const UINT place = owner != nullptr ? 0 : MB_SETFOREGROUND | MB_TOPMOST;
+  const DisabledWindows others(threadWindowsBut(owner));
   return MessageBoxW(owner, text.c_str(), title.empty() ? kLibraryTitle : title.c_str(),
-                     buttons | MB_TASKMODAL | iconFlag(icon));
+                     buttons | MB_TASKMODAL | place | iconFlag(icon));
 }
 
 void WindowsMessageDialog::show(const std::wstring& text, const std::wstring& title,

@@ -2,14 +2,6 @@
 
 namespace corvid {
 
-ModalLoop::ModalLoop(const std::vector<HWND>& windows) {
-  for (auto* const window : windows) {
-    if (IsWindow(window) == FALSE || IsWindowEnabled(window) == FALSE) continue;
-    EnableWindow(window, FALSE);
-    disabled_.push_back(window);
-  }
-}
-
 void ModalLoop::run() const {
   MSG message{};
   while (!ended_) {
@@ -25,8 +17,7 @@ void ModalLoop::run() const {
 void ModalLoop::end() {
   if (!ended_) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   ended_ = true;
-  for (auto* const window : disabled_) EnableWindow(window, TRUE);
-  disabled_.clear();
+  disabled_.enable();
 }
 
 }  // namespace corvid

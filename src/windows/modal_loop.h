@@ -1,16 +1,18 @@
 // Showing a window modally in a process whose other windows are the host's.
 #pragma once
 
+#include "windows/disabled_windows.h"
+
 #include <windows.h>
 
 #include <vector>
 
 namespace corvid {
 
-// Of the windows that it is given it disables those that are enabled, and enables those again.
+// Disables the windows that it is given, as DisabledWindows does.
 class ModalLoop {
  public:
-  explicit ModalLoop(const std::vector<HWND>& windows);
+  explicit ModalLoop(const std::vector<HWND>& windows) : disabled_(windows) {}
   ModalLoop(const ModalLoop&) = delete;
   ModalLoop& operator=(const ModalLoop&) = delete;
   ~ModalLoop() { end(); }
@@ -23,7 +25,7 @@ class ModalLoop {
 
  private:
   bool ended_ = false;
-  std::vector<HWND> disabled_;
+  DisabledWindows disabled_;
 };
 
 }  // namespace corvid

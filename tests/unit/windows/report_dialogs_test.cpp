@@ -3,6 +3,7 @@
 
 #include "desktop.h"
 #include "windows/input_dialog.h"
+#include "windows/message_box.h"
 
 #include <gtest/gtest.h>
 
@@ -66,6 +67,29 @@ TEST(InputDialog, GivesWhatWasAccepted) {
 TEST(InputDialog, GivesNothingWhenCancelled) {
   const Robot robot([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
   EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"), L"");
+}
+
+// A click on another window of the host's, while a box waits, would start a second command. (That a
+// box without owner stays on top does not show here: Wine leaves the flag aside.)
+TEST(MessageBoxes, KeepTheThreadsWindowsFromInput) {
+  const HostWindow owner;
+  const HostWindow other;
+  for (auto* const ownerOrNone : {owner.get(), HWND{}}) {
+    bool isModal = false;
+    const Robot robot([&](HWND box) {
+      isModal = IsWindowEnabled(owner.get()) == FALSE && IsWindowEnabled(other.get()) == FALSE;
+      PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    showMessageBox(ownerOrNone, L"text", L"title", MB_OK, MessageIcon::None);
+    EXPECT_TRUE(isModal) << (ownerOrNone == nullptr ? "without owner" : "with owner");
+    EXPECT_NE(IsWindowEnabled(other.get()), FALSE) << "again";
+  }
+}
+
+TEST(MessageBoxes, AreForDesktopsThatSomebodySees) {
+  EXPECT_TRUE(isInteractive({true, 1}));
+  EXPECT_FALSE(isInteractive({true, 0})) << "services";
+  EXPECT_FALSE(isInteractive({false, 1})) << "an invisible station";
 }
 
 TEST(ReportDialogs, NoIsToldFromYes) {
