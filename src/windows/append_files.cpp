@@ -1,19 +1,12 @@
 #include "windows/append_files.h"
 
-#include "windows/owned_handle.h"
+#include "windows/file_handle.h"
 #include "windows/system_message.h"
 
 #include <utility>
 
 namespace corvid {
 namespace {
-
-struct FileTraits {
-  using Type = HANDLE;
-  static Type none() { return INVALID_HANDLE_VALUE; }
-  static void release(Type handle) { CloseHandle(handle); }
-};
-using FileHandle = Owned<FileTraits>;
 
 class OpenFile : public AppendFile {
  public:

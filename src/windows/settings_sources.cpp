@@ -1,6 +1,6 @@
 #include "windows/settings_sources.h"
 
-#include "windows/owned_handle.h"
+#include "windows/registry_key.h"
 
 #include <windows.h>
 
@@ -10,29 +10,6 @@ namespace corvid {
 namespace {
 
 constexpr DWORD kBufferSize = 1024;
-
-struct RegistryKeyTraits {
-  using Type = HKEY;
-  static constexpr Type none() { return nullptr; }
-  static void release(Type key) { RegCloseKey(key); }
-};
-using RegistryKey = Owned<RegistryKeyTraits>;
-
-std::optional<std::wstring> readText(HKEY key, const std::wstring& name) {
-  // Without the second flag a text with variables in it would count too, and come expanded.
-  constexpr DWORD kKind = RRF_RT_REG_SZ | RRF_NOEXPAND;
-  DWORD size = kBufferSize;
-  std::wstring text;
-  LSTATUS status = ERROR_MORE_DATA;
-  // Again with the size that the call asks for; another process may write meanwhile.
-  while (status == ERROR_MORE_DATA) {
-    text.resize(size / sizeof(wchar_t) + 1);
-    size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    status = RegGetValueW(key, nullptr, name.c_str(), kKind, nullptr, text.data(), &size);
-  }
-  if (status != ERROR_SUCCESS) return std::nullopt;
-  return std::wstring(text.data());
-}
 
 }  // namespace
 
@@ -54,7 +31,7 @@ std::optional<std::wstring> WindowsUserSettings::read(const std::wstring& applic
       ERROR_SUCCESS) {
     return std::nullopt;
   }
-  return readText(opened.get(), key);
+  return readText(opened.get(), key.c_str(), TextKind::Plain);
 }
 
 }  // namespace corvid
