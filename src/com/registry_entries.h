@@ -1,7 +1,8 @@
-// The registry entries of the public classes, as one table.
+// What registration writes, as tables.
 #pragma once
 
 #include "com/class_table.h"
+#include "com/classes_root.h"
 #include "com/platform.h"
 
 #include <optional>
@@ -10,20 +11,24 @@
 
 namespace corvid {
 
-// One value of a key below the classes root; a key without any value has a row of its own.
-struct RegistryEntry {
-  std::wstring key;
-  std::optional<std::wstring> text;
-  const wchar_t* valueName = nullptr;  // null: the key's default value
+// The entries of one class or of the type library, each in the order of writing: parents before
+// their children.
+struct RegistryGroup {
+  // Of this bitness alone. One of them names the library's file.
+  std::vector<RegistryEntry> own;
+  // Of both bitnesses.
+  std::vector<RegistryEntry> shared;
+  // The keys whose default values name a file: first that of this bitness, then those of others. A
+  // group belongs to the file that its first key names; the shared entries have to stay while any
+  // of them names one.
+  std::vector<RegistryPlace> files;
 };
 
-// In the order of writing: parents before their children.
-[[nodiscard]] std::vector<RegistryEntry> registryEntries(const PublicClass& one,
-                                                         const std::wstring& modulePath);
+// The class, with its ProgID, served by a file.
+[[nodiscard]] RegistryGroup entriesOf(const PublicClass& one, const std::wstring& file);
 
-// Writes to and removes from HKEY_CLASSES_ROOT; false on failure. Removing takes away the value,
-// and its key when nothing else is left in it.
-[[nodiscard]] bool writeEntry(const RegistryEntry& entry);
-[[nodiscard]] bool removeEntry(const RegistryEntry& entry);
+// The type library in a file, with the interfaces that the system marshals by it; what the system's
+// own registration of type libraries writes. Empty when the library cannot be read.
+[[nodiscard]] std::optional<RegistryGroup> entriesOf(ITypeLib& library, const std::wstring& file);
 
 }  // namespace corvid

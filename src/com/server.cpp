@@ -27,6 +27,18 @@ STDAPI DllCanUnloadNow() {
   return corvid::AutomationLibrary::discard() ? S_OK : S_FALSE;
 }
 
-STDAPI DllRegisterServer() { return corvid::registerServer(); }
+STDAPI DllRegisterServer() {
+  return corvid::registerServer(corvid::ClassesRoot::machine(), corvid::modulePath());
+}
 
-STDAPI DllUnregisterServer() { return corvid::unregisterServer(); }
+STDAPI DllUnregisterServer() {
+  return corvid::unregisterServer(corvid::ClassesRoot::machine(), corvid::modulePath());
+}
+
+// "user" registers for the current user alone, which asks for no rights of an administrator.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+  const auto root = corvid::rootNamedBy(commandLine);
+  if (!root) return E_INVALIDARG;
+  return install != FALSE ? corvid::registerServer(*root, corvid::modulePath())
+                          : corvid::unregisterServer(*root, corvid::modulePath());
+}

@@ -14,6 +14,12 @@ TypeAttributes attributesOf(ITypeInfo& info) {
   return {attributes, [&info](TYPEATTR* one) { info.ReleaseTypeAttr(one); }};
 }
 
+LibraryAttributes attributesOf(ITypeLib& library) {
+  TLIBATTR* attributes = nullptr;
+  if (FAILED(library.GetLibAttr(&attributes))) attributes = nullptr;
+  return {attributes, [&library](TLIBATTR* one) { library.ReleaseTLibAttr(one); }};
+}
+
 FunctionDescription findFunction(ITypeInfo& info, DISPID member, WORD flags) {
   const TypeAttributes attributes = attributesOf(info);
   if (!attributes) return {};

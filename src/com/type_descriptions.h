@@ -9,12 +9,15 @@
 
 namespace corvid {
 
-// Given back to the type information that it came from, which must outlive it; may be empty.
+// Given back to the type information or library that it came from, which must outlive it; may be
+// empty.
 using FunctionDescription = std::unique_ptr<FUNCDESC, std::function<void(FUNCDESC*)>>;
+using LibraryAttributes = std::unique_ptr<TLIBATTR, std::function<void(TLIBATTR*)>>;
 using TypeAttributes = std::unique_ptr<TYPEATTR, std::function<void(TYPEATTR*)>>;
 
 [[nodiscard]] FunctionDescription functionAt(ITypeInfo& info, UINT index);
 [[nodiscard]] TypeAttributes attributesOf(ITypeInfo& info);
+[[nodiscard]] LibraryAttributes attributesOf(ITypeLib& library);
 
 // The member of that number that is called in one of the ways of `flags` (DISPATCH_METHOD and its
 // like); empty when there is none.

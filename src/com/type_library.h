@@ -6,10 +6,8 @@
 
 namespace corvid {
 
-enum class TypeLibraryUse { Load, Register };
-
-// Loads the module's own type library; Register also enters it in the registry with its full path.
-[[nodiscard]] HRESULT openTypeLibrary(TypeLibraryUse use, ComPtr<ITypeLib>& library) noexcept;
+// Loads the module's own type library; the registry is not asked for it.
+[[nodiscard]] HRESULT openTypeLibrary(ComPtr<ITypeLib>& library) noexcept;
 
 // The description of an interface or a class; loads the library each time, which the system caches.
 [[nodiscard]] HRESULT findTypeInfo(REFGUID id, ComPtr<ITypeInfo>& info) noexcept;

@@ -20,7 +20,8 @@ std::optional<std::wstring> readText(HKEY key, const wchar_t* name, TextKind kin
     status = RegGetValueW(key, nullptr, name, flags, nullptr, text.data(), &size);
   }
   if (status != ERROR_SUCCESS) return std::nullopt;
-  return std::wstring(text.data());
+  text.resize(text.find(L'\0'));
+  return text;
 }
 
 }  // namespace corvid

@@ -10,7 +10,7 @@ namespace {
 
 class PublishedInterface : public AutomationTest {
  protected:
-  PublishedInterface() { EXPECT_EQ(S_OK, openTypeLibrary(TypeLibraryUse::Load, library_)); }
+  PublishedInterface() { EXPECT_EQ(S_OK, openTypeLibrary(library_)); }
 
   ComPtr<ITypeInfo> typeAt(UINT index) {
     ComPtr<ITypeInfo> info;
