@@ -1,5 +1,6 @@
 # What the scripts share; sourced with the repository as the working folder.
 wine32_root=$PWD/build/wine32-root
+wine64_loader=/usr/lib/wine/wine64
 
 # What a command that only root may run begins with.
 root_rights=()

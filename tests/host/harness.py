@@ -20,7 +20,8 @@ import unittest
 BITS = int(os.environ.get("CORVID_BITS", "64"))
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WORK = ROOT / "build" / f"host{BITS}"
-BUILT = ROOT / "build" / {64: "windows-x64", 32: "windows-x86"}[BITS]
+TREES = {64: ROOT / "build/windows-x64", 32: ROOT / "build/windows-x86"}
+BUILT = TREES[BITS]
 LIBRARY = BUILT / "CorvidAPI.dll"
 PRINTER = ROOT / "build/native/simulator/corvid-printer"
 PORTS = {number: WORK / f"com{number}" for number in range(7, 15)}
@@ -59,8 +60,10 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-# What is added to the environment of programs under Wine; each HostTest class sets it anew.
+# What is added to the environment of programs under Wine, and the system that they run in, as
+# scripts/wine names it; each HostTest class sets both anew.
 ENVIRONMENT = {}
+SYSTEM = str(BITS)
 
 
 def wine_environment():
@@ -70,7 +73,7 @@ def wine_environment():
 
 def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
     """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
-    command = [ROOT / "scripts/wine", str(BITS), *map(str, arguments)]
+    command = [ROOT / "scripts/wine", SYSTEM, *map(str, arguments)]
     environment = {**wine_environment(), "LC_ALL": locale}
     process = subprocess.Popen(command, cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT)  # fmt: skip
@@ -83,7 +86,7 @@ def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
 
 
 def stop_wine():
-    subprocess.run([ROOT / "scripts/wine", str(BITS), "--stop"], env=wine_environment(),
+    subprocess.run([ROOT / "scripts/wine", SYSTEM, "--stop"], env=wine_environment(),
                    check=True, capture_output=True)  # fmt: skip
 
 
@@ -171,16 +174,23 @@ class Said(dict):
 
 
 class HostTest(unittest.TestCase):
-    """Classes whose programs need more than a command line set `prefix` and `environment`."""
+    """Classes whose programs need more than a command line set what stands first here."""
 
     maxDiff = None
+    system = str(BITS)
     prefix = f"prefix{BITS}"  # below build/
     environment = {}
 
     @classmethod
-    def setUpClass(cls):
+    def choose_prefix(cls):
+        global SYSTEM
+        SYSTEM = cls.system
         ENVIRONMENT.clear()
         ENVIRONMENT.update(cls.environment, CORVID_PREFIX=cls.prefix)
+
+    @classmethod
+    def setUpClass(cls):
+        cls.choose_prefix()
         WORK.mkdir(parents=True, exist_ok=True)
         map_ports(cls.prefix)
         register()
@@ -235,7 +245,7 @@ def map_ports(prefix):
     if all(m.is_symlink() and m.readlink() == p for m, p in zip(mapped, PORTS.values())):
         return
     pairs = [word for number, path in PORTS.items() for word in (f"COM{number}", str(path))]
-    subprocess.run([ROOT / "scripts/wine", str(BITS), "--map", *pairs], env=wine_environment(),
+    subprocess.run([ROOT / "scripts/wine", SYSTEM, "--map", *pairs], env=wine_environment(),
                    check=True)  # fmt: skip
 
 

@@ -1,45 +1,168 @@
 """Registering and taking back: exact, repeatable, and without a trace."""
 
+import functools
+import itertools
+import operator
 import re
+import unittest
 
 import harness
-from harness import HostTest, LIBRARY, ROOT, register, registry, windows_path
+from harness import BITS, HostTest, LIBRARY, ROOT, TREES, register, registry, windows_path, wine
 
 IDL = (ROOT / "src/com/corvid.idl").read_text(encoding="utf-8")
 COCLASS = re.compile(r"^ +(\[[^\]]*\])\s+coclass (\w+)", re.MULTILINE)
 CLASSES = [name for attributes, name in COCLASS.findall(IDL) if "noncreatable" not in attributes]
-PLACES = (r"HKLM\Software\Classes", r"HKCU\Software\Classes")
+MACHINE = r"HKEY_LOCAL_MACHINE\Software\Classes"
+USER = r"HKEY_CURRENT_USER\Software\Classes"
+PROGRAMS = {64: r"C:\windows\system32", 32: r"C:\windows\syswow64"}
+
+CREATION = """
+On Error Resume Next
+state = "none"
+Set printer = CreateObject("PrinterFiscalCorvid.PrinterFiscal")
+number = Err.Number
+state = printer.pfError
+WScript.Echo "error=" & number
+WScript.Echo "state=" & state
+"""
+CREATED = {"error": "0", "state": "0"}
 
 
-class Registration(HostTest):
-    def exported(self):
-        """Everything below the classes' keys, as one text for each place."""
-        texts = []
-        for number, place in enumerate(PLACES):
-            file = self.folder / f"{number}.reg"
-            file.unlink(missing_ok=True)
-            code, _ = registry("export", place, windows_path(file), "/y")
-            texts.append(file.read_text(encoding="utf-16") if code == 0 else "")
-        self.assertGreater(len(texts[0]), 10000, "the registry was not exported")
-        return texts
+class RegistrationTest(HostTest):
+    def setUp(self):
+        super().setUp()
+        (self.folder / "create.vbs").write_text(CREATION, encoding="ascii")
+
+    def rows(self, place):
+        """Each key below a place, in small letters, and its values as they are exported."""
+        file = self.folder / f"{place.partition(chr(92))[0]}.reg"
+        file.unlink(missing_ok=True)
+        code, _ = registry("export", place, windows_path(file), "/y")
+        text = file.read_text(encoding="utf-16") if code == 0 else ""
+        keys = re.split(r"^\[(.*)\]$", text, flags=re.MULTILINE)
+        return {(place, key[len(place) + 1:].lower()): values.strip()
+                for key, values in zip(keys[1::2], keys[2::2])}  # fmt: skip
+
+    def all_rows(self, places=(MACHINE, USER)):
+        found = self.run_together([lambda place=place: self.rows(place) for place in places])
+        self.assertGreater(len(found[0]), 100, "the registry was not exported")
+        return functools.reduce(operator.or_, found)
+
+    def creation(self, folder=""):
+        """What a script host in a folder says of CREATION."""
+        host = f"{folder}\\cscript.exe" if folder else "cscript"
+        said, _ = self.start_host([host, "//nologo", "create.vbs"])
+        self.assertIn("error", said, said.whole)
+        return dict(said)
+
+
+def added(before, now):
+    """The rows that came to be or changed; none of those before may have gone."""
+    assert before.keys() <= now.keys(), before.keys() - now.keys()
+    return {key: values for key, values in now.items() if before.get(key) != values}
+
+
+class Registration(RegistrationTest):
+    def setUp(self):
+        super().setUp()
+        self.creation()  # the script host registers itself
+        register("/u")
+        register("/u", "/n", "/i:user")
+        self.before = self.all_rows()
+        self.addCleanup(register)
 
     def test_taking_back_leaves_no_key(self):
-        register("/u")
-        before = self.exported()
         register()
-        registered = self.exported()
+        registered = self.all_rows()
         register()
-        self.assertEqual(self.exported(), registered, "registering twice changes something")
-        added = "".join(registered).replace("\\\\", "\\")
+        self.assertEqual(self.all_rows(), registered, "registering twice changes something")
         self.assertIn("PrinterFiscal", CLASSES)
+        rows = added(self.before, registered)
         for name in CLASSES:
-            self.assertIn(f"PrinterFiscalCorvid.{name}", added)
-        self.assertEqual(added.count(f'@="{windows_path(LIBRARY)}"\n"ThreadingModel"="Apartment"'),
-                         len(CLASSES))  # fmt: skip
+            self.assertIn((MACHINE, f"printerfiscalcorvid.{name.lower()}"), rows)
+        server = windows_path(LIBRARY).replace("\\", "\\\\")
+        server = f'@="{server}"\n"ThreadingModel"="Apartment"'
+        self.assertEqual(list(rows.values()).count(server), len(CLASSES))
         register("/u")
-        self.assertEqual(self.exported(), before)
+        self.assertEqual(self.all_rows(), self.before)
         register("/u")
-        self.assertEqual(self.exported(), before, "taking back twice changes something")
+        self.assertEqual(self.all_rows(), self.before, "taking back twice changes something")
+
+    # Wine creates objects by the machine's entries alone, and has one view of the user's.
+    def test_a_user_registers_without_touching_the_machine(self):
+        register()
+        machine = added(self.before, self.all_rows())
+        register("/u")
+        register("/n", "/i:user")
+        user = added(self.before, self.all_rows())
+        self.assertEqual({place for place, _ in user}, {USER})
+        values = {key: values for (_, key), values in user.items() if values}
+        self.assertEqual(values, {key: values for (_, key), values in machine.items()
+                                  if values and not key.startswith("wow6432node")})  # fmt: skip
+        copy = self.folder / "copy.reg"
+        exported = (self.folder / "HKEY_CURRENT_USER.reg").read_text(encoding="utf-16")
+        copy.write_text(exported.replace(f"[{USER}", f"[{MACHINE}"), encoding="utf-16")
+        self.assertEqual(registry("import", windows_path(copy))[0], 0)
+        self.assertEqual(self.creation(), CREATED)
+        register("/u")
+        register("/u", "/n", "/i:user")
+        left = added(self.before, self.all_rows())
+        self.assertLessEqual({key for _, key in left}, {"", "clsid", "interface", "typelib"})
+        self.assertFalse(any(left.values()), left)
+
+
+# Needs a system that runs programs of both bitnesses, which is there where 32-bit programs are.
+@unittest.skipIf(BITS == 64, "runs with the tests in 32 bits")
+class SideBySide(RegistrationTest):
+    system = "both"
+    prefix = "prefixboth"
+
+    @classmethod
+    def setUpClass(cls):
+        cls.choose_prefix()
+        for bits in TREES:
+            cls.change(bits, "/u")
+
+    @staticmethod
+    def change(bits, *options):
+        path = windows_path(TREES[bits] / "CorvidAPI.dll")
+        code, output = wine(f"{PROGRAMS[bits]}\\regsvr32.exe", "/s", *options, path)
+        assert code == 0, f"{bits} bits, regsvr32 {options} failed: {code} {output}"
+
+    def creations(self):
+        """The bitnesses in which a script creates an object by its ProgID."""
+        jobs = [lambda bits=bits: self.creation(PROGRAMS[bits]) for bits in TREES]
+        said = self.run_together(jobs)
+        return {bits for bits, one in zip(TREES, said) if one == CREATED}
+
+    def test_every_order_leaves_what_each_bitness_alone_would_have(self):
+        self.creations()  # the script hosts register themselves
+        before = self.all_rows([MACHINE])
+        steps = [(bits, options) for bits in TREES for options in ((), ("/u",))]
+        orders = [one for one in itertools.permutations(steps)
+                  if all(one.index((b, ())) < one.index((b, ("/u",))) for b in TREES)]  # fmt: skip
+        self.assertEqual(len(orders), 6)
+        seen = {}
+        taken = set()
+        for order in orders:
+            registered = frozenset()
+            for step in order:
+                bits, options = step
+                way = registered, step
+                self.change(bits, *options)
+                registered ^= {bits}
+                with self.subTest(order=order, registered=registered):
+                    self.assertEqual(self.creations(), registered)
+                    # From equal entries a step leads to equal ones: once for each is enough.
+                    if way not in taken:
+                        rows = added(before, self.all_rows([MACHINE]))
+                        self.assertEqual(rows, seen.setdefault(registered, rows))
+                    taken.add(way)
+        self.assertEqual(len(taken), 8)
+        self.assertEqual(seen[frozenset()], {})
+        both = seen[frozenset(TREES)]
+        for bits in TREES:
+            self.assertLess(seen[frozenset({bits})].items(), both.items())
 
 
 if __name__ == "__main__":
