@@ -10,8 +10,8 @@ import harness
 from harness import BITS, HostTest, LIBRARY, ROOT, TREES, register, registry, windows_path, wine
 
 IDL = (ROOT / "src/com/corvid.idl").read_text(encoding="utf-8")
-COCLASS = re.compile(r"^ +(\[[^\]]*\])\s+coclass (\w+)", re.MULTILINE)
-CLASSES = [name for attributes, name in COCLASS.findall(IDL) if "noncreatable" not in attributes]
+CLASS = re.compile(r"^ +CLASS\(([0-9a-f-]+), (\w+),", re.MULTILINE)
+CLASSES = [*(name for _, name in CLASS.findall(IDL)), "lfQuickView"]
 MACHINE = r"HKEY_LOCAL_MACHINE\Software\Classes"
 USER = r"HKEY_CURRENT_USER\Software\Classes"
 PROGRAMS = {64: r"C:\windows\system32", 32: r"C:\windows\syswow64"}
