@@ -1,7 +1,11 @@
 #include "com/by_ref.h"
 
+#include "com/variant_conversions.h"
+
 #include <cstddef>
 #include <cstring>
+#include <new>
+#include <utility>
 
 namespace corvid {
 namespace {
@@ -13,6 +17,32 @@ std::size_t sizeOfPlain(VARTYPE type) {
   const bool owns = type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN ||
                     type == VT_DECIMAL || type == VT_VARIANT;
   return owns ? 0 : sizeOfKind(type);
+}
+
+// The system would follow default properties without end where they form a ring.
+HRESULT replaceByDefault(Variant& object) noexcept {
+  try {
+    object = resolve(object.value());
+    return S_OK;
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (...) {
+    return DISP_E_TYPEMISMATCH;
+  }
+}
+
+HRESULT widen(float single, Variant& converted) noexcept {
+  Variant number;
+  V_VT(number.get()) = VT_R4;
+  V_R4(number.get()) = single;
+  try {
+    const double widened = toDouble(number.value());
+    V_VT(converted.put()) = VT_R8;
+    V_R8(converted.get()) = widened;
+    return S_OK;
+  } catch (...) {
+    return DISP_E_OVERFLOW;
+  }
 }
 
 HRESULT assignTyped(VARIANT& reference, Variant& value) {
@@ -41,6 +71,12 @@ HRESULT convertFromHost(const VARIANT& value, VARTYPE type, Variant& converted) 
     converted = std::move(source);
     return S_OK;
   }
+  if (source.type() == VT_DISPATCH && type != VT_DISPATCH && type != VT_UNKNOWN) {
+    const HRESULT resolved = replaceByDefault(source);
+    if (FAILED(resolved)) return resolved;
+  }
+  // The system would widen a Single bit by bit: 8.2 would become 8.19999980926514.
+  if (type == VT_R8 && source.type() == VT_R4) return widen(V_R4(source.get()), converted);
   if (type == VT_BSTR && source.type() == VT_NULL) V_VT(source.get()) = VT_EMPTY;
   return changeType(source.value(), type, converted);
 }

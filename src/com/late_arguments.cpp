@@ -3,7 +3,6 @@
 #include "com/by_ref.h"
 #include "com/com_ptr.h"
 #include "com/type_descriptions.h"
-#include "com/variant_conversions.h"
 
 namespace corvid {
 namespace {
@@ -51,10 +50,10 @@ UINT LateArguments::parameterOf(UINT place, const FUNCDESC& member) const {
 }
 
 HRESULT LateArguments::fitOne(UINT place, const TYPEDESC& type) {
-  if (type.vt == VT_BSTR) return passText(place);
+  if (type.vt == VT_VARIANT) return S_OK;
   if (type.vt == VT_DISPATCH) return passObject(place);
-  if (type.vt == VT_R8) return passDouble(place);
-  if (type.vt != VT_PTR) return S_OK;
+  if (type.vt == VT_USERDEFINED) return passValue(place, VT_I4);  // an enumeration
+  if (type.vt != VT_PTR) return passValue(place, type.vt);
   // A reference to an interface is an object, not a place to write to.
   if (type.lptdesc->vt == VT_USERDEFINED) return checkObject(place, type.lptdesc->hreftype);
   return passReference(place, type.lptdesc->vt);
@@ -102,23 +101,12 @@ HRESULT LateArguments::passTyped(UINT place) {
   return S_OK;
 }
 
-HRESULT LateArguments::passText(UINT place) {
-  if (V_VT(&values_[place]) == VT_BSTR) return S_OK;
+HRESULT LateArguments::passValue(UINT place, VARTYPE type) {
+  if (V_VT(&values_[place]) == type) return S_OK;
   StandIn& standIn = standIns_.emplace_back(StandIn{place, false, {}, {}});
-  const HRESULT result = convertFromHost(values_[place], VT_BSTR, standIn.value);
+  const HRESULT result = convertFromHost(values_[place], type, standIn.value);
   if (SUCCEEDED(result)) values_[place] = standIn.value.value();
   return result;
-}
-
-// The system would widen a Single bit by bit: 8.2 would become 8.19999980926514.
-HRESULT LateArguments::passDouble(UINT place) {
-  Variant given;
-  const HRESULT result = copyWithoutReference(values_[place], given);
-  if (FAILED(result) || given.type() != VT_R4) return result;
-  const double number = toDouble(given.value());
-  V_VT(&values_[place]) = VT_R8;
-  V_R8(&values_[place]) = number;
-  return S_OK;
 }
 
 HRESULT LateArguments::writeBack() {

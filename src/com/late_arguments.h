@@ -37,8 +37,7 @@ class LateArguments {
   [[nodiscard]] HRESULT passObject(UINT place);
   [[nodiscard]] HRESULT passReference(UINT place, VARTYPE type);
   [[nodiscard]] HRESULT passTyped(UINT place);
-  [[nodiscard]] HRESULT passText(UINT place);
-  [[nodiscard]] HRESULT passDouble(UINT place);
+  [[nodiscard]] HRESULT passValue(UINT place, VARTYPE type);
 
   ITypeInfo& info_;
   const DISPPARAMS& given_;
