@@ -52,6 +52,8 @@ std::vector<Chunk> Misbehaviour::shaped(std::string answer) {
   }
   if (answer.front() == kStx) {
     corrupt(answer);
+  } else if (happens(Fault::LoseAck)) {
+    return {};
   }
   if (happens(Fault::EnquiryFirst)) {
     answer.insert(answer.begin(), kEnq);

@@ -22,6 +22,7 @@ enum class Fault {
   Refuse,        // answers a command with NAK and does nothing
   Silent,        // is deaf and dumb: neither does nor answers anything
   Lose,          // does what it is told, but its answer never arrives
+  LoseAck,       // does what it is told or refuses it, but its ACK or NAK never arrives
   ByteByByte,    // sends each byte of an answer by itself
   Split,         // sends an answer in two pieces
   EnquiryFirst,  // puts ENQ before an answer
@@ -30,7 +31,7 @@ enum class Fault {
   CorruptData,   // changes a byte of a block
   Noise,         // sends other bytes before an answer
 };
-inline constexpr std::size_t kFaults = 10;
+inline constexpr std::size_t kFaults = 11;
 
 // Whether and how long a fault lasts: a number of times, or until it is switched off.
 inline constexpr int kForEver = -1;
@@ -38,8 +39,8 @@ inline constexpr int kForEver = -1;
 class Misbehaviour {
  public:
   // `times` may be 0 (off) and kForEver. What counts as one time: a command for Refuse, a message
-  // from the host for Silent, an answer for Lose, ByteByByte, Split, EnquiryFirst and Noise, a
-  // block for the others.
+  // from the host for Silent, an answer for Lose, ByteByByte, Split, EnquiryFirst and Noise, an ACK
+  // or NAK for LoseAck, a block for the others.
   void set(Fault fault, int times) { left_.at(index(fault)) = times; }
   [[nodiscard]] bool isOn(Fault fault) const { return left_.at(index(fault)) != 0; }
   // Whether the fault happens now; counts it.

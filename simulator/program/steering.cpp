@@ -82,6 +82,7 @@ constexpr std::array kFaultNames = {
     FaultName{"refuse", Fault::Refuse, readNothing},
     FaultName{"silent", Fault::Silent, readNothing},
     FaultName{"lose", Fault::Lose, readNothing},
+    FaultName{"lose-ack", Fault::LoseAck, readNothing},
     FaultName{"bytewise", Fault::ByteByByte, readGap},
     FaultName{"split", Fault::Split, readPositionAndGap},
     FaultName{"enq-first", Fault::EnquiryFirst, readNothing},

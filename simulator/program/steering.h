@@ -11,7 +11,7 @@ namespace corvid::simulator {
 // Each line gets one answer line: "ok", or "error: " and a reason; what a command shows comes
 // before it. Every answer is flushed at once.
 //
-//   refuse, silent, lose, enq-first, end-eot, corrupt-check    TIMES
+//   refuse, silent, lose, lose-ack, enq-first, end-eot, corrupt-check    TIMES
 //   bytewise       TIMES [milliseconds between pieces]
 //   split          TIMES [bytes before the cut] [milliseconds between pieces]
 //   corrupt-data   TIMES [position in the block, its STX is 0]

@@ -38,6 +38,9 @@ TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
       {"refuse 1", "\x05", {kStatus, kStatus}},
       {"silent 2", "\x05", {"", "", kStatus}},
       {"lose 1", drawer, {"", "\x06"}},
+      {"lose-ack 1", drawer, {"", "\x06"}},
+      {"lose-ack 1", "\x02?\x03<", {"", "\x15"}},
+      {"lose-ack 1", "\x05", {kStatus}},
       {"enq-first 1", drawer, {"\x05\x06", "\x06"}},
       {"end-eot 1", "\x05", {"\x02\x60\x40\x04\x24", kStatus}},
       {"corrupt-check 1", "\x05", {"\x02\x60\x40\x03\x22", kStatus}},
@@ -53,8 +56,8 @@ TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
 }
 
 TEST(Misbehaviour, RefusedAndUnheardCommandsDoNothingButLostAnswersDo) {
-  for (const auto& [steering, drawers] :
-       {std::pair{"refuse on", 0}, std::pair{"silent on", 0}, std::pair{"lose on", 1}}) {
+  for (const auto& [steering, drawers] : {std::pair{"refuse on", 0}, std::pair{"silent on", 0},
+                                          std::pair{"lose on", 1}, std::pair{"lose-ack on", 1}}) {
     SteeredBench bench;
     bench.steer(steering);
     bench.command("w");
