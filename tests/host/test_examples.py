@@ -1,9 +1,11 @@
-"""The examples that users copy: each host makes the same sale."""
+"""The examples that users copy: each host makes the same sale, and one looks at each outcome."""
 
 import functools
+import re
+import typing
 
 import harness
-from harness import BUILT, HostTest, ROOT, windows_path
+from harness import BUILT, HostTest, PORTS, ROOT, windows_path
 
 EARLY_BOUND = BUILT / "early_bound_sale.exe"
 
@@ -34,6 +36,57 @@ RECEIPT = {
     "CAMBIO": "Bs 48,12",
 }
 
+ENVIO = ["cscript", "//nologo", windows_path(ROOT / "examples" / "envio.vbs")]
+OUTCOME = re.compile(r"^(.+): (.+) \(bloques: (\d+), (\d+) ms\)$", re.MULTILINE)
+ARTICLES = ("Pan campesino", "Leche entera 1 l")
+CLOSED = "Venta cerrada."
+ENDED = "La venta no sigue."
+REPEATED = "aceptado, tal vez dos veces"
+SILENCE_MS = 1000  # a time-out, by the settings below
+
+
+class Case(typing.NamedTuple):
+    """A sale under a fault: outcomes are member, words, blocks, and blocks without answer."""
+
+    fault: str
+    limit: int  # LimiteEspera
+    outcomes: list
+    paper: tuple  # how often each article stands there
+    verdict: str = ENDED
+    advice: str = ""
+    quantity: int = 2
+
+
+BEFORE = ("Antes de Abrir", "nada enviado", 0, 0)
+CANCEL = "CancelarTransaccion"
+CASES = {
+    "accepted": Case("reset", 0, [
+        ("PasarItem", "aceptado", 1, 0), ("PasarItem", "aceptado", 1, 0),
+        ("CerrarConMedio", "aceptado", 1, 0),
+    ], (1, 1), CLOSED),
+    "refused": Case("error 65", 0, [
+        ("PasarItem", "rechazado", 7, 0), (CANCEL, "rechazado", 7, 0),
+    ], (0, 0), advice="atienda la impresora. Sin papel"),
+    "argument": Case("reset", 0, [
+        ("PasarItem", "no enviado", 0, 0), (CANCEL, "rechazado", 7, 0),
+    ], (0, 0), advice="(cantidad negativa) en PasarItem", quantity=-1),
+    "silent": Case("silent on", 1, [
+        ("PasarItem", "no enviado", 0, 0), (CANCEL, "no enviado", 0, 0),
+    ], (0, 0), advice="pfError de comunicacion"),
+    # Every answer to a block is lost, and what the printer tells of itself closes the sale.
+    "cleared up": Case("lose-ack on", 1, [
+        ("PasarItem", "incierto", 1, 1), ("PasarItem", "incierto", 1, 1),
+        ("CerrarConMedio", "incierto", 1, 1),
+    ], (1, 1), CLOSED, advice="Factura: antes 0, ahora 1"),
+    "not sold": Case("error 65|lose-ack 1", 1, [
+        ("PasarItem", "incierto", 1, 1), ("PasarItem", "rechazado", 7, 0),
+        (CANCEL, "rechazado", 7, 0),
+    ], (0, 0), advice="Por pagar: antes 0, ahora 0"),
+    "sold twice": Case("lose-ack 1", 0, [
+        ("PasarItem", REPEATED, 2, 1), (CANCEL, "aceptado", 1, 0),
+    ], (2, 0), advice="Por pagar: antes 0, ahora 58"),
+}  # fmt: skip
+
 
 class Examples(HostTest):
     def test_each_host_makes_the_sale(self):
@@ -53,6 +106,32 @@ class Examples(HostTest):
             commands = [command.decode("cp1252") for command in printer.commands()]
             self.assertEqual([c for c in commands if c not in ("S1", "S3")], SALE)
             return printer.paper()
+
+    def test_a_sale_goes_on_only_with_lines_that_stand_once(self):
+        self.run_together([
+            functools.partial(self.sell_surely, *job) for job in zip(PORTS, CASES, CASES.values())
+        ])  # fmt: skip
+
+    def sell_surely(self, port, name, case):
+        folder = self.folder / name
+        folder.mkdir()
+        settings = ["[Config\\NimbusPF]", "TimeOut=1", f"LimiteEspera={case.limit}", ""]
+        (folder / "ORV.ini").write_text("\r\n".join(settings))
+        with self.printer(port, name) as printer:
+            for line in case.fault.split("|"):
+                printer.tell(line)
+            output = harness.wine(*ENVIO, port, case.quantity, cwd=folder)[1]
+            said = [(*words, int(blocks), int(ms)) for *words, blocks, ms in
+                    OUTCOME.findall(output)]  # fmt: skip
+            expected = [BEFORE, *case.outcomes]
+            self.assertEqual([one[:3] for one in said], [one[:3] for one in expected], output)
+            for (*_, took), (*_, unanswered) in zip(said, expected):
+                self.assertGreaterEqual(took, SILENCE_MS * unanswered, output)
+            diagnosis = f"\nBloquesEnviados: {said[-1][2]}\n"
+            for line in (case.verdict, case.advice, diagnosis, "\nfin\n"):
+                self.assertIn(line, output, name)
+            paper = printer.paper()
+            self.assertEqual(tuple(map(paper.count, ARTICLES)), case.paper, name)
 
 
 if __name__ == "__main__":
