@@ -4,8 +4,10 @@
 #include "platform/append_file.h"
 #include "support/call_faults.h"
 
+#include <atomic>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -16,6 +18,7 @@ class MemoryFiles : public AppendFiles {
   explicit MemoryFiles(CallFaults& faults) : faults_(faults) {}
 
   std::unique_ptr<AppendFile> open(const std::wstring& path, std::wstring& reason) override {
+    const std::lock_guard lock(gate_);
     if (const auto error = faults_.use("openFile")) {
       reason = L"system message " + std::to_wstring(*error);
       return nullptr;
@@ -27,6 +30,7 @@ class MemoryFiles : public AppendFiles {
   std::map<std::wstring, std::string> contents;  // by path
   int openFiles = 0;
   int writes = 0;
+  std::atomic<int> overlaps{0};  // appends to a file that another thread appended to meanwhile
 
  private:
   class File : public AppendFile {
@@ -38,6 +42,9 @@ class MemoryFiles : public AppendFiles {
     File& operator=(const File&) = delete;
     ~File() override { --owner_.openFiles; }
     bool append(std::string_view bytes) override {
+      if (isBusy_.exchange(true)) ++owner_.overlaps;
+      const std::lock_guard lock(owner_.gate_);
+      isBusy_ = false;
       if (owner_.faults_.use("appendFile")) return false;
       ++owner_.writes;
       owner_.contents[path_] += bytes;
@@ -47,9 +54,11 @@ class MemoryFiles : public AppendFiles {
    private:
     MemoryFiles& owner_;
     std::wstring path_;
+    std::atomic<bool> isBusy_{false};
   };
 
   CallFaults& faults_;
+  std::mutex gate_;
 };
 
 }  // namespace corvid

@@ -81,6 +81,7 @@ void SerialDouble::clearLog() {
   calls_.clear();
   numbers_.clear();
   written_.clear();
+  opened_.clear();
 }
 
 bool SerialDouble::use(const std::string& call) {

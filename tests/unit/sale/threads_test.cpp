@@ -63,6 +63,7 @@ TEST(TwoThreads, SellAtOnceAndShareTraceAndDump) {
 
   const std::string& trace = first.world.files.contents.at(L"C:\\host\\trace.log");
   EXPECT_EQ(2 * (kItems + 1), countOf(trace, "Execute: ")) << "each asks for its rates too";
+  EXPECT_EQ(0, first.world.files.overlaps);
   const std::string& dump = first.world.files.contents.at(L"C:\\host\\dump.log");
   EXPECT_EQ(
       first.world.files.writes,
