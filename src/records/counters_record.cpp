@@ -62,7 +62,7 @@ class FakeSettings {
     return settings_.text(kApplication, kFakeSection, key, fallback);
   }
   [[nodiscard]] Decimal number(const wchar_t* key) const {
-    return parsePrinterNumber(text(key, L"0"));
+    return parsePrinterNumber(replaceAll(text(key, L"0"), L",", L"."));
   }
   [[nodiscard]] std::int32_t counter(const wchar_t* key) const { return toInt32(number(key)); }
 

@@ -42,7 +42,8 @@ class CountersRecord {
   CountersValues values;
 
   // Fills the values from the settings, section "Config\NimbusPF\Response1"; throws where a stored
-  // text does not convert (what comes before it is set).
+  // text does not convert (what comes before it is set). A number's decimals stand after "." or
+  // ",".
   void loadFake();
   // As loadFake, but the value that does not convert, and those after it, stay as they are.
   void loadFakeQuietly();

@@ -125,6 +125,15 @@ TEST(FirstRecord, SubstitutesHaveTheirDefaults) {
             L"0 0 0 0 0 0 0 0 J-12345678-9  260314 103015 0 0 0 0 False");
 }
 
+TEST(FirstRecord, SubstitutesTakeEitherDecimalSeparator) {
+  for (const wchar_t* const amount : {L"12.5", L"12,5"}) {
+    RecordOf<CountersRecord> target;
+    target.world.settings.set(kFakeSection, L"numeroCajero", amount);
+    target.record.loadFake();
+    EXPECT_EQ(target.record.values.totalVentasDiarias, Currency::fromUnits(125000));
+  }
+}
+
 TEST(FirstRecord, BadSubstituteIsRaisedToAHostAndNotToALoad) {
   Record target;
   target.world.settings.set(kFakeSection, L"facturasDia", L"many");
