@@ -2,6 +2,8 @@
 
 #include "windows/disabled_windows.h"
 
+#include <vector>
+
 namespace corvid {
 namespace {
 
@@ -30,11 +32,12 @@ Desktop currentDesktop() {
   return desktop;
 }
 
-// With an owner the system disables that window alone.
+// With an owner the system disables that window alone; without one all of the thread, which it
+// enables before the box goes, so that one of them becomes active again.
 int showMessageBox(HWND owner, const std::wstring& text, const std::wstring& title, UINT buttons,
                    MessageIcon icon) {
   const UINT place = owner != nullptr ? 0 : MB_SETFOREGROUND | MB_TOPMOST;
-  const DisabledWindows others(threadWindowsBut(owner));
+  const DisabledWindows others(owner != nullptr ? threadWindowsBut(owner) : std::vector<HWND>());
   return MessageBoxW(owner, text.c_str(), title.empty() ? kLibraryTitle : title.c_str(),
                      buttons | MB_TASKMODAL | place | iconFlag(icon));
 }
