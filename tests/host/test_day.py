@@ -84,10 +84,13 @@ try {{
 }} catch (error) {{
   WScript.Echo("outside=" + (error.number & 0xffff));
 }}
+var payments = new ActiveXObject("PrinterFiscalCorvid.PrinterResponse4");
+payments.loadFromResponse(["S4100"]);
+WScript.Echo("array of its own=" + payments.nMedios + " " + payments.valor(1));
 try {{
-  new ActiveXObject("PrinterFiscalCorvid.PrinterResponse4").loadFromResponse(["S41"]);
+  payments.loadFromResponse({{}});
 }} catch (error) {{
-  WScript.Echo("array of its own=" + (error.number & 0xffff));
+  WScript.Echo("no array=" + (error.number & 0xffff));
 }}
 WScript.Echo("{SENTINEL}");
 """
@@ -230,7 +233,8 @@ class Day(HostTest):
         self.assertEqual(re.findall(r"^zReport (\d+)$", said.whole, re.MULTILINE), ["2", "3"])
         self.assertEqual(said, {
             "first": "2", "count": "2", "default": "3 3", "load": "true 3",
-            "not there": "false 3", "outside": "9", "array of its own": "13",
+            "not there": "false 3", "outside": "9", "array of its own": "1 1",
+            "no array": "13",
         })  # fmt: skip
 
     def test_records_take_the_arrays_of_scripts_in_every_locale(self):
