@@ -120,7 +120,7 @@ class Examples(HostTest):
         with self.printer(port, name) as printer:
             for line in case.fault.split("|"):
                 printer.tell(line)
-            output = harness.wine(*ENVIO, port, case.quantity, cwd=folder)[1]
+            output = self.start_host([*ENVIO, port, case.quantity], cwd=folder)[0].whole
             said = [(*words, int(blocks), int(ms)) for *words, blocks, ms in
                     OUTCOME.findall(output)]  # fmt: skip
             expected = [BEFORE, *case.outcomes]
