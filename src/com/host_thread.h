@@ -2,7 +2,7 @@
 #pragma once
 
 #include "com/platform.h"
-#include "windows/owned_handle.h"
+#include "windows/kernel_handle.h"
 
 namespace corvid {
 
@@ -17,14 +17,8 @@ class HostThread {
   }
 
  private:
-  struct HandleTraits {
-    using Type = HANDLE;
-    static constexpr Type none() { return nullptr; }
-    static void release(Type handle) { CloseHandle(handle); }
-  };
-
   DWORD id_;
-  Owned<HandleTraits> handle_;
+  KernelHandle handle_;
 };
 
 }  // namespace corvid

@@ -1,6 +1,6 @@
 #include "windows/append_files.h"
 
-#include "windows/file_handle.h"
+#include "windows/kernel_handle.h"
 #include "windows/system_message.h"
 
 #include <utility>

@@ -49,7 +49,7 @@ Date WindowsClock::now() {
 
 bool WindowsSleepCalls::makeTimer() {
   if (std::exchange(triedTimer_, true)) return static_cast<bool>(timer_);
-  timer_ = Owned<HandleTraits>(
+  timer_ = KernelHandle(
       CreateWaitableTimerExW(nullptr, nullptr, kHighResolution, SYNCHRONIZE | TIMER_MODIFY_STATE));
   return static_cast<bool>(timer_);
 }

@@ -3,7 +3,7 @@
 
 #include "platform/clock.h"
 #include "platform/sleep_calls.h"
-#include "windows/owned_handle.h"
+#include "windows/kernel_handle.h"
 
 #include <windows.h>
 
@@ -27,12 +27,7 @@ class WindowsSleepCalls : public SleepCalls {
  private:
   bool makeTimer();
 
-  struct HandleTraits {
-    using Type = HANDLE;
-    static constexpr Type none() { return nullptr; }
-    static void release(Type handle) { CloseHandle(handle); }
-  };
-  Owned<HandleTraits> timer_;
+  KernelHandle timer_;
   bool triedTimer_ = false;
 };
 

@@ -1,6 +1,6 @@
 #include "windows/same_file.h"
 
-#include "windows/file_handle.h"
+#include "windows/kernel_handle.h"
 
 #include <array>
 #include <optional>
