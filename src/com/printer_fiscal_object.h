@@ -27,6 +27,19 @@ inline Customer convert(As<Customer>, const HostCustomer& given) {
   return {toText(given.name), toText(given.taxId), toText(given.address)};
 }
 
+// A general line as the host gives it.
+struct HostItem {
+  const VARIANT& description;
+  const VARIANT& price;
+  const VARIANT& quantity;
+  const VARIANT& rate;
+  const VARIANT& code;
+};
+inline GeneralItem convert(As<GeneralItem>, const HostItem& given) {
+  return {toText(given.description), toDecimal(given.price), toDouble(given.quantity),
+          toDouble(given.rate), toOptionalText(given.code)};
+}
+
 // What a host tells of an original invoice; each part may be missing.
 struct HostInvoice {
   const VARIANT& number;
@@ -141,26 +154,28 @@ class PrinterFiscalObject final : public DispatchObject<IPrinterFiscal2, ::Print
   }
   STDMETHODIMP detalleGeneral(VARIANT kind, VARIANT description, VARIANT price, VARIANT quantity,
                               VARIANT rate, VARIANT code, VARIANT* ret) override {
-    return answer(ret, corvid::detalleGeneral, session(), kind, description, price, quantity, rate,
-                  code);
+    return answer(ret, corvid::detalleGeneral, session(), kind,
+                  HostItem{description, price, quantity, rate, code});
   }
   STDMETHODIMP pasarLineaFacturaG(VARIANT description, VARIANT price, VARIANT quantity,
                                   VARIANT rate, VARIANT code, short* ret) override {
-    return answer(ret, corvid::pasarLineaFacturaG, session(), description, price, quantity, rate,
-                  code);
+    return answer(ret, corvid::pasarLineaFacturaG, session(),
+                  HostItem{description, price, quantity, rate, code});
   }
   STDMETHODIMP anularLineaFacturaG(VARIANT description, VARIANT price, VARIANT quantity,
                                    VARIANT rate, VARIANT code, short* ret) override {
-    return answer(ret, corvid::anularLineaFacturaG, session(), description, price, quantity, rate,
-                  code);
+    return answer(ret, corvid::anularLineaFacturaG, session(),
+                  HostItem{description, price, quantity, rate, code});
   }
   STDMETHODIMP pasarLineaNCG(VARIANT description, VARIANT price, VARIANT quantity, VARIANT rate,
                              VARIANT code, short* ret) override {
-    return answer(ret, corvid::pasarLineaNCG, session(), description, price, quantity, rate, code);
+    return answer(ret, corvid::pasarLineaNCG, session(),
+                  HostItem{description, price, quantity, rate, code});
   }
   STDMETHODIMP anularLineaNCG(VARIANT description, VARIANT price, VARIANT quantity, VARIANT rate,
                               VARIANT code, short* ret) override {
-    return answer(ret, corvid::anularLineaNCG, session(), description, price, quantity, rate, code);
+    return answer(ret, corvid::anularLineaNCG, session(),
+                  HostItem{description, price, quantity, rate, code});
   }
   STDMETHODIMP IndiceTasa(double rate, short* ret) override {
     return answer(ret, corvid::IndiceTasa, session(), rate);

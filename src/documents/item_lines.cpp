@@ -81,16 +81,17 @@ std::int16_t sendClassic(PrinterSession& session, const ClassicKind& kind,
   return member.send(command + shown);
 }
 
-std::int16_t sendGeneral(PrinterSession& session, const wchar_t* name, GeneralLine line,
-                         double rate) {
+std::int16_t sendGeneral(PrinterSession& session, const wchar_t* name, const std::wstring& kind,
+                         const GeneralItem& item) {
   Member member(session, name);
-  if (member.isRefused() || member.refusesText(line.kind + line.code + line.description)) {
+  const std::wstring code = item.code.value_or(L"");
+  if (member.isRefused() || member.refusesText(kind + code + item.description)) {
     return pfClientError;
   }
-  const std::optional<std::int16_t> index = indexForSale(session, Decimal::fromDouble(rate));
+  const auto index = indexForSale(session, Decimal::fromDouble(item.rate));
   if (!index) return pfCommError;
-  line.index = *index;
-  return member.send(generalCommand(line));
+  return member.send(generalCommand(
+      {kind, *index, item.price, Decimal::fromDouble(item.quantity), code, item.description}));
 }
 
 }  // namespace
@@ -111,47 +112,24 @@ std::int16_t AnularItem(PrinterSession& session, const std::wstring& description
 }
 
 std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
-                            const std::wstring& description, const Decimal& price, double quantity,
-                            double rate, const std::optional<std::wstring>& code) {
-  return sendGeneral(
-      session, L"detalleGeneral",
-      {kind, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description}, rate);
+                            const GeneralItem& item) {
+  return sendGeneral(session, L"detalleGeneral", kind, item);
 }
 
-std::int16_t pasarLineaFacturaG(PrinterSession& session, const std::wstring& description,
-                                const Decimal& price, double quantity, double rate,
-                                const std::optional<std::wstring>& code) {
-  return sendGeneral(
-      session, L"pasarLineaFacturaG",
-      {kInvoiceLine, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
-      rate);
+std::int16_t pasarLineaFacturaG(PrinterSession& session, const GeneralItem& item) {
+  return sendGeneral(session, L"pasarLineaFacturaG", kInvoiceLine, item);
 }
 
-std::int16_t anularLineaFacturaG(PrinterSession& session, const std::wstring& description,
-                                 const Decimal& price, double quantity, double rate,
-                                 const std::optional<std::wstring>& code) {
-  return sendGeneral(
-      session, L"anularLineaFacturaG",
-      {kInvoiceVoid, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
-      rate);
+std::int16_t anularLineaFacturaG(PrinterSession& session, const GeneralItem& item) {
+  return sendGeneral(session, L"anularLineaFacturaG", kInvoiceVoid, item);
 }
 
-std::int16_t pasarLineaNCG(PrinterSession& session, const std::wstring& description,
-                           const Decimal& price, double quantity, double rate,
-                           const std::optional<std::wstring>& code) {
-  return sendGeneral(
-      session, L"pasarLineaNCG",
-      {kCreditLine, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
-      rate);
+std::int16_t pasarLineaNCG(PrinterSession& session, const GeneralItem& item) {
+  return sendGeneral(session, L"pasarLineaNCG", kCreditLine, item);
 }
 
-std::int16_t anularLineaNCG(PrinterSession& session, const std::wstring& description,
-                            const Decimal& price, double quantity, double rate,
-                            const std::optional<std::wstring>& code) {
-  return sendGeneral(
-      session, L"anularLineaNCG",
-      {kCreditVoid, 0, price, Decimal::fromDouble(quantity), code.value_or(L""), description},
-      rate);
+std::int16_t anularLineaNCG(PrinterSession& session, const GeneralItem& item) {
+  return sendGeneral(session, L"anularLineaNCG", kCreditVoid, item);
 }
 
 std::int16_t IndiceTasa(PrinterSession& session, double rate) {

@@ -27,25 +27,25 @@ std::int16_t RefundItem(PrinterSession& session, const std::wstring& description
 std::int16_t AnularItem(PrinterSession& session, const std::wstring& description, Currency price,
                         double quantity, double rate);
 
+// What a general line tells.
+struct GeneralItem {
+  std::wstring description;
+  Decimal price;
+  double quantity = 0;
+  double rate = 0;
+  std::optional<std::wstring> code;
+};
+
 // The general line: kind, rate index, price with two and quantity with three decimals after a
 // comma, each rounded once, the code between bars unless it is missing or empty, the whole
 // description. Rates as above.
 std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
-                            const std::wstring& description, const Decimal& price, double quantity,
-                            double rate, const std::optional<std::wstring>& code);
+                            const GeneralItem& item);
 // The same for one kind each: sold and voided on an invoice, entered and voided on a credit note.
-std::int16_t pasarLineaFacturaG(PrinterSession& session, const std::wstring& description,
-                                const Decimal& price, double quantity, double rate,
-                                const std::optional<std::wstring>& code);
-std::int16_t anularLineaFacturaG(PrinterSession& session, const std::wstring& description,
-                                 const Decimal& price, double quantity, double rate,
-                                 const std::optional<std::wstring>& code);
-std::int16_t pasarLineaNCG(PrinterSession& session, const std::wstring& description,
-                           const Decimal& price, double quantity, double rate,
-                           const std::optional<std::wstring>& code);
-std::int16_t anularLineaNCG(PrinterSession& session, const std::wstring& description,
-                            const Decimal& price, double quantity, double rate,
-                            const std::optional<std::wstring>& code);
+std::int16_t pasarLineaFacturaG(PrinterSession& session, const GeneralItem& item);
+std::int16_t anularLineaFacturaG(PrinterSession& session, const GeneralItem& item);
+std::int16_t pasarLineaNCG(PrinterSession& session, const GeneralItem& item);
+std::int16_t anularLineaNCG(PrinterSession& session, const GeneralItem& item);
 
 // The rate index of a percentage: "IndicePercibido" (default 4) below 0; else the first configured
 // rate, and then the first of the printer's three, within less than 0.1; else 0. Reads the

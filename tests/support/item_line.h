@@ -26,10 +26,8 @@ inline std::int16_t AnularItem(PrinterSession& session, const ItemLine& line) {
   return AnularItem(session, line.description, Currency::fromDouble(line.price), line.quantity,
                     line.rate);
 }
-inline std::int16_t detalleGeneral(PrinterSession& session, const std::wstring& kind,
-                                   const ItemLine& line, const std::wstring& code) {
-  return detalleGeneral(session, kind, line.description, Decimal::fromDouble(line.price),
-                        line.quantity, line.rate, code);
+inline GeneralItem general(const ItemLine& line, const std::wstring& code = {}) {
+  return {line.description, Decimal::fromDouble(line.price), line.quantity, line.rate, code};
 }
 
 }  // namespace corvid

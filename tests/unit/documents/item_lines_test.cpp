@@ -118,14 +118,15 @@ TEST(GeneralItem, FieldsStandBetweenBarsWithDecimalCommas) {
   for (const auto& item : kCases) {
     RatedBench bench;
     bench.world().locale.locale = venezuelan();
-    EXPECT_EQ(detalleGeneral(bench.session(), item.kind, item.line, item.code), 0) << item.reason;
+    EXPECT_EQ(detalleGeneral(bench.session(), item.kind, general(item.line, item.code)), 0)
+        << item.reason;
     EXPECT_EQ(bench.commands(), Sent{item.command}) << item.reason;
   }
 }
 
 TEST(GeneralItem, DescriptionIsSentWhole) {
   RatedBench bench({{L"ColumnasDescripcion", L"4"}});
-  detalleGeneral(bench.session(), kInvoiceLine, line(L"NARANJAS", 1, 1, 16), L"");
+  detalleGeneral(bench.session(), kInvoiceLine, general(line(L"NARANJAS", 1, 1, 16)));
   EXPECT_EQ(bench.commands(), Sent{"F+11,00||1,000||NARANJAS"});
 }
 

@@ -34,7 +34,27 @@ const TextMember kMembers[] = {
      L"-"},
     {L"detalleGeneral",
      [](S& s, const std::wstring& t) {
-       return detalleGeneral(s, L"F+", {L"A", 0, 0, 16}, t);
+       return detalleGeneral(s, L"F+", general({L"A", 0, 0, 16}, t));
+     },
+     L"-"},
+    {L"pasarLineaFacturaG",
+     [](S& s, const std::wstring& t) {
+       return pasarLineaFacturaG(s, general({t, 0, 0, 16}));
+     },
+     L"-"},
+    {L"anularLineaFacturaG",
+     [](S& s, const std::wstring& t) {
+       return anularLineaFacturaG(s, general({t, 0, 0, 16}));
+     },
+     L"-"},
+    {L"pasarLineaNCG",
+     [](S& s, const std::wstring& t) {
+       return pasarLineaNCG(s, general({t, 0, 0, 16}));
+     },
+     L"-"},
+    {L"anularLineaNCG",
+     [](S& s, const std::wstring& t) {
+       return anularLineaNCG(s, general({t, 0, 0, 16}));
      },
      L"-"},
     {L"PasarDatosCliente",
@@ -135,7 +155,7 @@ TEST(Refusals, ItemIsNotSoldAsExemptForWantOfRates) {
       DocumentBench bench({{item.setting, L"True"}, {L"LimiteEspera", L"1"}});
       bench.printer().answers["S3"] = item.rates;
       const ItemLine line = {L"PAN", 1, 1, item.rate};
-      EXPECT_EQ(isGeneral ? detalleGeneral(bench.session(), L"F+", line, L"")
+      EXPECT_EQ(isGeneral ? detalleGeneral(bench.session(), L"F+", general(line))
                           : PasarItem(bench.session(), line),
                 item.result)
           << item.reason;

@@ -173,7 +173,7 @@ const std::vector<Nested>& nestedMembers() {
         return PasarItem(s, {L"N", 1, -1, 16}) == 3;
       },
       [](S& s) {
-        return detalleGeneral(s, L"F+", {L"N", 0, 0, 16}, L"") == 3;
+        return detalleGeneral(s, L"F+", general({L"N", 0, 0, 16})) == 3;
       },
       [](S& s) {
         return PasarDatosCliente(s, {L"N", L"R", L"A"}, {}) == 3;
