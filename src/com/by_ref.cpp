@@ -1,5 +1,6 @@
 #include "com/by_ref.h"
 
+#include "basic/run_time_error.h"
 #include "com/variant_conversions.h"
 
 #include <cstddef>
@@ -19,30 +20,25 @@ std::size_t sizeOfPlain(VARTYPE type) {
   return owns ? 0 : sizeOfKind(type);
 }
 
-// The system would follow default properties without end where they form a ring.
-HRESULT replaceByDefault(Variant& object) noexcept {
+// The system's word for what a conversion of the library threw.
+template <class Conversion>
+HRESULT resultOf(const Conversion& conversion) noexcept {
   try {
-    object = resolve(object.value());
+    conversion();
     return S_OK;
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
+  } catch (const RunTimeError& error) {
+    return error.number() == overflow().number() ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH;
   } catch (...) {
     return DISP_E_TYPEMISMATCH;
   }
 }
 
-HRESULT widen(float single, Variant& converted) noexcept {
-  Variant number;
-  V_VT(number.get()) = VT_R4;
-  V_R4(number.get()) = single;
-  try {
-    const double widened = toDouble(number.value());
-    V_VT(converted.put()) = VT_R8;
-    V_R8(converted.get()) = widened;
-    return S_OK;
-  } catch (...) {
-    return DISP_E_OVERFLOW;
-  }
+void widen(const VARIANT& single, Variant& converted) {
+  const double widened = toDouble(single);
+  V_VT(converted.put()) = VT_R8;
+  V_R8(converted.get()) = widened;
 }
 
 HRESULT assignTyped(VARIANT& reference, Variant& value) {
@@ -72,11 +68,14 @@ HRESULT convertFromHost(const VARIANT& value, VARTYPE type, Variant& converted) 
     return S_OK;
   }
   if (source.type() == VT_DISPATCH && type != VT_DISPATCH && type != VT_UNKNOWN) {
-    const HRESULT resolved = replaceByDefault(source);
+    // The system would follow default properties without end where they form a ring.
+    const HRESULT resolved = resultOf([&] { source = resolve(source.value()); });
     if (FAILED(resolved)) return resolved;
   }
   // The system would widen a Single bit by bit: 8.2 would become 8.19999980926514.
-  if (type == VT_R8 && source.type() == VT_R4) return widen(V_R4(source.get()), converted);
+  if (type == VT_R8 && source.type() == VT_R4) {
+    return resultOf([&] { widen(source.value(), converted); });
+  }
   if (type == VT_BSTR && source.type() == VT_NULL) V_VT(source.get()) = VT_EMPTY;
   return changeType(source.value(), type, converted);
 }

@@ -8,7 +8,6 @@
 #include "com/platform.h"
 #include "com/variant_conversions.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,7 +46,6 @@ inline std::optional<Currency> convert(As<std::optional<Currency>>, const VARIAN
 }
 inline double convert(As<double>, const VARIANT& value) { return toDouble(value); }
 inline double convert(As<double>, double value) { return requireFinite(value); }
-inline float convert(As<float>, float value) { return static_cast<float>(requireFinite(value)); }
 inline std::int16_t convert(As<std::int16_t>, const VARIANT& value) { return toInt16(value); }
 inline std::int16_t convert(As<std::int16_t>, short value) { return value; }
 inline std::int32_t convert(As<std::int32_t>, const VARIANT& value) { return toInt32(value); }

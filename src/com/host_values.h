@@ -11,7 +11,6 @@
 #include "com/variant.h"
 #include "com/variant_conversions.h"
 
-#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <string>

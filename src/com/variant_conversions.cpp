@@ -109,14 +109,23 @@ Decimal resolvedToDecimal(const VARIANT& value) {
 
 bool isNumber(VARTYPE type) {
   switch (type) {
-    case VT_EMPTY:
-    case VT_BOOL:
-    case VT_DATE:
-    case VT_BSTR:
-    case VT_ERROR:
-      return false;
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_DECIMAL:
+      return true;
     default:
-      return sizeOfKind(type) != 0;
+      return false;
   }
 }
 
