@@ -28,13 +28,13 @@ Lines Exchange::GetResponse(const std::wstring& command) {
     addToPreview(L"GET RESPONSE: " + command);
     return {L"Ok"};
   }
+  const Turn turn(*this, L"GetResponse");
+  if (turn.isRefused()) return {kFailedReply};
+  const auto progress = beginCommand();
   if (state_.skipChecks) {
     trace([] { return L"@GetResponse with NO_STATUS_CHECK = VOID"; });
     return {L"VOID"};
   }
-  const Turn turn(*this, L"GetResponse");
-  if (turn.isRefused()) return {kFailedReply};
-  const auto progress = beginCommand();
   requestStatus();
   if (state_.outcome.pfError != pfOk) {
     trace([&] {

@@ -89,6 +89,12 @@ TEST(LastSend, IsUnsentOrUncertainWithoutAPrinterThatIsAsked) {
          bench.session().Execute(L"101");
        },
        envAceptado, 0},
+      {"query in unchecked mode",
+       [](SessionBench& bench) {
+         bench.exchange().state().skipChecks = true;
+         EXPECT_EQ(bench.exchange().GetResponse(L"S2"), Lines{L"VOID"});
+       },
+       envNoEnviado, 0},
       {"accepted query",
        [](SessionBench& bench) {
          bench.printer().answers["S2"] = blockOf("1");
