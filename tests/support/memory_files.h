@@ -10,6 +10,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <thread>
 
 namespace corvid {
 
@@ -43,6 +44,7 @@ class MemoryFiles : public AppendFiles {
     ~File() override { --owner_.openFiles; }
     bool append(std::string_view bytes) override {
       if (isBusy_.exchange(true)) ++owner_.overlaps;
+      std::this_thread::yield();  // another thread's turn to come in between
       const std::lock_guard lock(owner_.gate_);
       isBusy_ = false;
       if (owner_.faults_.use("appendFile")) return false;
