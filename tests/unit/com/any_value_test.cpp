@@ -379,7 +379,8 @@ int callsToEachMember() {
 TEST_F(AnyValue, LeavesNoMemoryBehind) {
   const int calls = callsToEachMember();
   const std::size_t slack = std::size_t{128} * static_cast<std::size_t>(calls);
-  const Bstr words(L"16");
+  const Bstr words(L"16" +
+                   std::wstring(200, L' '));  // a number whose text is larger than the slack
   forEachMember([&](const Member& member) {
     // A report and a text grow by what they are given.
     if (member.name == L"Add" || member.name.starts_with(L"Append") || member.name == L"Insert" ||
