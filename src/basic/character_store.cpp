@@ -1,6 +1,8 @@
 #include "basic/character_store.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <utility>
 
 namespace corvid {
 namespace {
@@ -22,15 +24,15 @@ void put(std::wstring& block, std::size_t offset, std::wstring_view text) {
 
 void CharacterStore::grow(std::size_t size) { size_ = std::max(size_, size); }
 
-void CharacterStore::assign(std::wstring_view text) {
-  size_ = 0;
+void CharacterStore::assign(std::wstring text) {
+  size_ = text.size();
   blocks_.clear();
-  write(0, text);
+  if (size_ > kBlockSize) return write(0, text);
+  blocks_.push_back(std::move(text));
 }
 
 void CharacterStore::write(std::size_t position, std::wstring_view text) {
-  const std::size_t end = written();
-  if (position > end) write(end, std::wstring(position - end, L'\0'));
+  writeUpTo(position);
   grow(position + text.size());
   while (!text.empty()) {
     const std::size_t offset = position % kBlockSize;
@@ -40,6 +42,39 @@ void CharacterStore::write(std::size_t position, std::wstring_view text) {
     text.remove_prefix(count);
     position += count;
   }
+}
+
+void CharacterStore::writeUpTo(std::size_t end) {
+  const std::size_t begin = written();
+  if (end > begin) write(begin, std::wstring(end - begin, L'\0'));
+}
+
+// In runs that stay within a block at both places, the last one first where the text goes forward.
+void CharacterStore::copy(std::size_t from, std::size_t to, std::size_t count) {
+  count = std::min(count, size_ - std::min(from, size_));
+  writeUpTo(std::max(from, to) + count);
+  const bool goesForward = to > from;
+  while (count > 0) {
+    const std::size_t fromEdge = goesForward ? from + count - 1 : from;
+    const std::size_t toEdge = goesForward ? to + count - 1 : to;
+    const std::size_t fromOffset = fromEdge % kBlockSize;
+    const std::size_t toOffset = toEdge % kBlockSize;
+    const std::size_t room = goesForward ? std::min(fromOffset, toOffset) + 1
+                                         : kBlockSize - std::max(fromOffset, toOffset);
+    const std::size_t run = std::min(count, room);
+    const std::size_t start = goesForward ? count - run : 0;
+    copyRun(from + start, to + start, run);
+    count -= run;
+    if (goesForward) continue;
+    from += run;
+    to += run;
+  }
+}
+
+void CharacterStore::copyRun(std::size_t from, std::size_t to, std::size_t count) {
+  const wchar_t* const source = blocks_.at(from / kBlockSize).data() + from % kBlockSize;
+  wchar_t* const target = blocks_.at(to / kBlockSize).data() + to % kBlockSize;
+  std::wmemmove(target, source, count);
 }
 
 std::wstring CharacterStore::read(std::size_t position, std::size_t count) const {

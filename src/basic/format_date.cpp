@@ -7,10 +7,16 @@
 namespace corvid {
 namespace {
 
-std::wstring padded(int value, std::size_t width) {
-  std::wstring digits = std::to_wstring(value);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
-  return digits;
+void appendPadded(std::wstring& text, int value, std::size_t width) {
+  std::array<wchar_t, 10> digits{};
+  std::size_t begin = digits.size();
+  do {
+    digits[--begin] = static_cast<wchar_t>(L'0' + value % 10);
+    value /= 10;
+  } while (value != 0);
+  const std::size_t count = digits.size() - begin;
+  if (count < width) text.append(width - count, L'0');
+  text.append(&digits[begin], count);
 }
 
 enum class Place { Day, MonthOrMinute, Minute, ShortYear, Year, Hour, ShortHour, Second };
@@ -32,33 +38,32 @@ constexpr std::array<Token, 8> kTokens = {{{L"dd", Place::Day},
 
 const Token* tokenAt(std::wstring_view pattern) {
   for (const Token& token : kTokens) {
-    if (pattern.starts_with(token.name)) return &token;
+    if (pattern.front() == token.name.front() && pattern.starts_with(token.name)) return &token;
   }
   return nullptr;
 }
 
 bool isHour(Place place) { return place == Place::Hour || place == Place::ShortHour; }
 
-std::wstring textOf(Place place, bool followsHour, const DateParts& parts) {
+void append(std::wstring& text, Place place, bool followsHour, const DateParts& parts) {
   switch (place) {
     case Place::Day:
-      return padded(parts.day, 2);
+      return appendPadded(text, parts.day, 2);
     case Place::MonthOrMinute:
-      return padded(followsHour ? parts.minute : parts.month, 2);
+      return appendPadded(text, followsHour ? parts.minute : parts.month, 2);
     case Place::Minute:
-      return padded(parts.minute, 2);
+      return appendPadded(text, parts.minute, 2);
     case Place::ShortYear:
-      return padded(parts.year % 100, 2);
+      return appendPadded(text, parts.year % 100, 2);
     case Place::Year:
-      return padded(parts.year, 4);
+      return appendPadded(text, parts.year, 4);
     case Place::Hour:
-      return padded(parts.hour, 2);
+      return appendPadded(text, parts.hour, 2);
     case Place::ShortHour:
-      return padded(parts.hour, 1);
+      return appendPadded(text, parts.hour, 1);
     case Place::Second:
-      return padded(parts.second, 2);
+      return appendPadded(text, parts.second, 2);
   }
-  return {};
 }
 
 // The short patterns of a region, which tell months from minutes and the two clocks by case.
@@ -74,7 +79,7 @@ class RegionPattern {
         text += takeQuoted(pattern);
       } else {
         const std::size_t length = std::min(pattern.find_first_not_of(letter), pattern.size());
-        text += textOf(letter, length);
+        append(text, letter, length);
         pattern.remove_prefix(length);
       }
     }
@@ -90,27 +95,29 @@ class RegionPattern {
     return text;
   }
 
-  [[nodiscard]] std::wstring textOf(wchar_t letter, std::size_t length) const {
+  void append(std::wstring& text, wchar_t letter, std::size_t length) const {
     const std::size_t width = std::min<std::size_t>(length, 2);
     switch (letter) {
       case L'd':
-        return padded(parts_.day, width);
+        return appendPadded(text, parts_.day, width);
       case L'M':
-        return padded(parts_.month, width);
+        return appendPadded(text, parts_.month, width);
       case L'y':
-        return length > 2 ? padded(parts_.year, length) : padded(parts_.year % 100, width);
+        return length > 2 ? appendPadded(text, parts_.year, length)
+                          : appendPadded(text, parts_.year % 100, width);
       case L'H':
-        return padded(parts_.hour, width);
+        return appendPadded(text, parts_.hour, width);
       case L'h':
-        return padded(parts_.hour % 12 == 0 ? 12 : parts_.hour % 12, width);
+        return appendPadded(text, parts_.hour % 12 == 0 ? 12 : parts_.hour % 12, width);
       case L'm':
-        return padded(parts_.minute, width);
+        return appendPadded(text, parts_.minute, width);
       case L's':
-        return padded(parts_.second, width);
+        return appendPadded(text, parts_.second, width);
       case L't':
-        return halfOfDay(length);
+        text += halfOfDay(length);
+        return;
       default:
-        return std::wstring().append(length, letter);
+        text.append(length, letter);
     }
   }
 
@@ -137,6 +144,7 @@ bool isZeroDate(const DateParts& parts) {
 std::wstring format(Date value, std::wstring_view pattern) {
   const DateParts parts = toParts(value);
   std::wstring text;
+  text.reserve(pattern.size());
   bool followsHour = false;
   while (!pattern.empty()) {
     const Token* const token = tokenAt(pattern);
@@ -145,7 +153,7 @@ std::wstring format(Date value, std::wstring_view pattern) {
       pattern.remove_prefix(1);
       continue;
     }
-    text += textOf(token->place, followsHour, parts);
+    append(text, token->place, followsHour, parts);
     followsHour = isHour(token->place);
     pattern.remove_prefix(token->name.size());
   }

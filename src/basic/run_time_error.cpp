@@ -13,6 +13,7 @@ RunTimeError::RunTimeError(std::int32_t number, std::wstring source, std::wstrin
 
 RunTimeError invalidProcedureCall() { return {5, L"", L"Invalid procedure call or argument"}; }
 RunTimeError overflow() { return {6, L"", L"Overflow"}; }
+RunTimeError outOfMemory() { return {7, L"", L"Out of memory"}; }
 RunTimeError subscriptOutOfRange() { return {9, L"", L"Subscript out of range"}; }
 RunTimeError divisionByZero() { return {11, L"", L"Division by zero"}; }
 RunTimeError typeMismatch() { return {13, L"", L"Type mismatch"}; }

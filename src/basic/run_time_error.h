@@ -27,6 +27,7 @@ class RunTimeError : public std::runtime_error {
 // The standard run-time errors, with the platform's own words and an empty source.
 [[nodiscard]] RunTimeError invalidProcedureCall();  // 5
 [[nodiscard]] RunTimeError overflow();              // 6
+[[nodiscard]] RunTimeError outOfMemory();           // 7
 [[nodiscard]] RunTimeError subscriptOutOfRange();   // 9
 [[nodiscard]] RunTimeError divisionByZero();        // 11
 [[nodiscard]] RunTimeError typeMismatch();          // 13

@@ -16,7 +16,8 @@ class CStringBuffer {
   CStringBuffer();
 
   void Append(std::wstring_view text);
-  // Error 5 when index > used + 1 or below 1; at used + 1 the same as Append.
+  // Error 5 when index > used + 1 or below 1, 6 where used - index + 1 leaves 32 bits; at used + 1
+  // the same as Append.
   void Insert(std::int32_t index, std::wstring_view text);
   // Removes length characters from position index. From index + length = used on it cuts
   // everything after index, the last character included, and writes the true count back.
@@ -33,7 +34,9 @@ class CStringBuffer {
  private:
   void initialize();
   void ensureCapacity(std::int64_t additional);
+  void reach(std::size_t end);
   void write(std::int64_t position, std::wstring_view text);
+  void move(std::int64_t from, std::int64_t to, std::int64_t count);
   [[nodiscard]] std::wstring part(std::int64_t position, std::int64_t count) const;
 
   CharacterStore store_;

@@ -95,7 +95,17 @@ Text join(const Lines& pieces, TextView separator) {
   return result;
 }
 
-Text replaceAll(TextView text, TextView from, TextView to) { return join(split(text, from), to); }
+Text replaceAll(TextView text, TextView from, TextView to) {
+  if (from.empty()) return Text(text);
+  Text result;
+  result.reserve(text.size());
+  std::size_t end = 0;
+  for (std::size_t found = text.find(from); found != TextView::npos; found = text.find(from, end)) {
+    result.append(text, end, found - end).append(to);
+    end = found + from.size();
+  }
+  return result.append(text, end);
+}
 
 Text trim(TextView text) {
   const std::size_t first = text.find_first_not_of(L' ');

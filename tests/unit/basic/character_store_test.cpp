@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 
 namespace corvid {
@@ -49,6 +51,26 @@ TEST(CharacterStore, AssignedTextLeavesNothingOfTheOldOneBehind) {
   EXPECT_EQ(store.size(), 2U);
   store.grow(kBlock + 1);
   EXPECT_EQ(store.read(0, kBlock + 1), L"ab" + std::wstring(kBlock - 1, L'\0'));
+}
+
+TEST(CharacterStore, CopiesAcrossBlocksAsInOneRow) {
+  constexpr std::size_t kLength = 150'000;
+  std::mt19937 random(7);
+  for (int i = 0; i < 100; ++i) {
+    std::wstring model(kLength, L'\0');
+    for (std::size_t at = 0; at < kLength; ++at) model[at] = static_cast<wchar_t>(1 + at % 65521);
+    CharacterStore store;
+    store.write(0, model);
+    store.grow(kLength + 10);
+    const std::size_t from = random() % kLength;
+    const std::size_t to = i % 2 == 0 ? random() % kLength : from + random() % 1000 - from % 500;
+    const std::size_t count = random() % kLength;
+    const std::wstring moved = (model + std::wstring(10, L'\0')).substr(from, count);
+    model.resize(std::max(kLength + 10, to + moved.size()));
+    model.replace(to, moved.size(), moved);
+    store.copy(from, to, count);
+    ASSERT_EQ(store.read(0, 2 * kLength), model) << from << " to " << to << ", " << count;
+  }
 }
 
 }  // namespace

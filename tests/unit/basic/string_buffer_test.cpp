@@ -55,6 +55,7 @@ TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
       {5, 5, L"x", L"abc", "a gap"},
       {0, 5, L"x", L"abc", "positions count from 1"},
       {-1, 5, L"x", L"abc", "before the text"},
+      {INT_MIN, 6, L"x", L"abc", "so far before it that the rest does not fit 32 bits"},
       {2, 0, L"", L"abc", "nothing to insert"},
   };
   for (const auto& item : kCases) {
