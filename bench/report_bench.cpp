@@ -62,7 +62,8 @@ void search(benchmark::State& state) {
   PlainTextBox box;
   WindowDouble window;
   NoListener listener;
-  QuickView view(around.settings, {window, box, around.printer, around.dialogs, listener});
+  QuickView view(around.settings,
+                 {window, box, around.printer, around.dialogs, around.files, listener, {}});
   box.content = linesAndLast();
   for (auto _ : state) {
     box.select(0, 0);

@@ -136,9 +136,10 @@ void calls(int count) {
   }
 }
 
-// The bare calls take so long for all the lines that nobody would wait for them.
+// The bare calls take so long that they get a fifth of the lines.
 void lines(int count) {
   say("report", bench::addToShownReport(count));
+  say("traced", bench::traceToShownView(count));
   say("bare", bench::addToBareControl(count / 5));
 }
 
