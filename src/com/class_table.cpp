@@ -37,7 +37,10 @@ IUnknown* createResponse4() {
 }
 
 IUnknown* createQuickView() {
-  return identityOf(QuickViewObject::create(AutomationLibrary::here().currentSettings()));
+  ThreadState& thread = AutomationLibrary::here();
+  return identityOf(QuickViewObject::create(
+      thread.currentSettings(), openDefaultPrinter,
+      [&thread](const std::wstring& words) { thread.trace().traceWith([&] { return words; }); }));
 }
 
 IUnknown* createStringBuffer() { return identityOf(makeObject<CStringBufferObject>()); }

@@ -78,9 +78,10 @@ QuickViewObject::QuickViewObject()
 QuickViewObject::~QuickViewObject() { events_->objectGone(); }
 
 ComPtr<QuickViewObject> QuickViewObject::create(const Settings& settings,
-                                                const PrinterOpener& openPrinter) {
+                                                const PrinterOpener& openPrinter,
+                                                FailureTrace trace) {
   auto object = ComPtr<QuickViewObject>::adopt(new QuickViewObject());
-  object->form_ = QuickViewForm::create(settings, object->events_, openPrinter);
+  object->form_ = QuickViewForm::create(settings, object->events_, openPrinter, std::move(trace));
   return object;
 }
 

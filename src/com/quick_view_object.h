@@ -17,7 +17,8 @@ class QuickViewObject final
     : public DispatchObject<IlfQuickView, ::lfQuickView, IConnectionPointContainer> {
  public:
   [[nodiscard]] static ComPtr<QuickViewObject> create(
-      const Settings& settings, const PrinterOpener& openPrinter = openDefaultPrinter);
+      const Settings& settings, const PrinterOpener& openPrinter = openDefaultPrinter,
+      FailureTrace trace = {});
 
   // The report.
   STDMETHODIMP put_LeftMargin(short rhs) override {

@@ -2,24 +2,36 @@
 
 #include "basic/run_time_error.h"
 #include "preview/clicked_line.h"
+#include "preview/text_search.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 
 namespace corvid {
 namespace {
 
-constexpr const wchar_t* kScreenFontName = L"Courier New";
-constexpr double kInitialScreenFont = 9;  // points
-constexpr double kRightMargin = 48000;    // twips; far enough that no line wraps
+constexpr double kRightMargin = 48000;  // twips; far enough that no line wraps
 constexpr const wchar_t* kHostApplication = L"Halewood";
+
+// The letters' key codes are their own.
+struct KeyAction {
+  KeyPress key;
+  void (QuickView::*act)();
+};
+constexpr std::array<KeyAction, 4> kKeyActions = {{
+    {{kF3Key, false, true}, &QuickView::findPrevious},
+    {{L'F', true, false}, &QuickView::search},
+    {{L'P', true, false}, &QuickView::print},
+    {{L'S', true, false}, &QuickView::save},
+}};
 
 }  // namespace
 
 QuickView::QuickView(const Settings& settings, const QuickViewSeams& seams)
     : settings_(settings),
       seams_(seams),
-      report_(settings, seams.printer, seams.box, seams.dialogs) {}
+      report_(settings, seams.printer, seams.box, seams.dialogs, seams.trace) {}
 
 void QuickView::setLeftMargin(std::int16_t margin) {
   report_.setLeftMargin(margin);
@@ -28,8 +40,7 @@ void QuickView::setLeftMargin(std::int16_t margin) {
 
 void QuickView::load() {
   seams_.box.setText(L"");
-  seams_.box.setFontName(kScreenFontName);
-  seams_.box.setFontSize(kInitialScreenFont);
+  seams_.box.setFont(screenFontName_, screenFontSize_);
   seams_.box.setRightMargin(kRightMargin);
   seams_.box.setLocked(!settings_.boolean(kApplication, kPreviewSection, L"EditQView", false));
   seams_.window.setMarginText(std::to_wstring(report_.LeftMargin()));
@@ -52,9 +63,10 @@ QuickViewLayout QuickView::resize(double width, double height) {
 void QuickView::print() {
   try {
     takeMarginEntry();
-    report_.PrintListBox();
-  } catch (const RunTimeError&) {
-    return;  // a button has no caller to tell
+    if (report_.print() != PrintEnd::Failed) return;
+    warn(L"No se pudo imprimir el reporte: " + report_.failure());
+  } catch (const RunTimeError& error) {  // a button has no caller to raise it to
+    warn(L"No se pudo imprimir el reporte: " + error.description());
   }
 }
 
@@ -69,15 +81,13 @@ void QuickView::close() {
 }
 
 void QuickView::choosePrinterFont() {
-  try {
-    const std::optional<FontChoice> chosen = seams_.dialogs.chooseFont(printerFont());
-    if (!chosen) return;
-    copyToPrinter(*chosen);
-    seams_.box.setFontName(chosen->name);
-    report_.fixPrintFont();
-  } catch (const PrinterError&) {
-    return;
-  }
+  report_.settle();
+  const std::optional<FontChoice> chosen = seams_.dialogs.chooseFont(printerFont());
+  if (!chosen) return;
+  screenFontName_ = chosen->name;
+  seams_.box.setFont(screenFontName_, screenFontSize_);
+  report_.fixPrintFont();
+  report_.whenNotPrinting([this, font = *chosen] { copyToPrinter(font); });
 }
 
 FontChoice QuickView::printerFont() {
@@ -86,23 +96,22 @@ FontChoice QuickView::printerFont() {
 }
 
 void QuickView::copyToPrinter(const FontChoice& font) {
-  seams_.printer.setFontName(font.name);
-  seams_.printer.setFontSize(font.size);
-  seams_.printer.setFontBold(font.bold);
-  seams_.printer.setFontItalic(font.italic);
-}
-
-void QuickView::growScreenFont() {
-  const double size = seams_.box.fontSize();
-  if (size < kGreatestScreenFont) {
-    seams_.box.setFontSize(std::min(size + 1, kGreatestScreenFont));
+  ReportPrinter& printer = seams_.printer;
+  try {
+    printer.setFontName(font.name);
+    printer.setFontSize(font.size);
+    printer.setFontBold(font.bold);
+    printer.setFontItalic(font.italic);
+  } catch (const PrinterError& error) {
+    if (seams_.trace) seams_.trace(L"Printer: " + error.words());
   }
-  seams_.box.refresh();
+  printer.release();
 }
 
-void QuickView::shrinkScreenFont() {
-  const double size = seams_.box.fontSize();
-  if (size > kLeastScreenFont) seams_.box.setFontSize(std::max(size - 1, kLeastScreenFont));
+void QuickView::stepScreenFont(int points) {
+  const double wanted = screenFontSize_ + points;
+  screenFontSize_ = std::clamp(wanted, kLeastScreenFont, kGreatestScreenFont);
+  seams_.box.setFont(screenFontName_, screenFontSize_);
   seams_.box.refresh();
 }
 
@@ -116,11 +125,21 @@ void QuickView::FindText(const std::wstring& text) {
   ReportTextBox& box = seams_.box;
   const std::int64_t next = std::int64_t{box.selectionStart()} + box.selectionLength() + 1;
   const bool wraps = next >= box.length();
-  if (!box.find(text, wraps ? 0 : static_cast<std::int32_t>(next))) {
-    seams_.dialogs.message(L"No se localizó el texto deseado", L"ADVERTENCIA",
-                           MessageIcon::Exclamation);
-  }
+  if (!box.find(text, wraps ? 0 : static_cast<std::int32_t>(next))) tellNotFound();
   lastSearch_ = text;
+}
+
+void QuickView::findPrevious() {
+  ReportTextBox& box = seams_.box;
+  const auto found = findBackward(box.text(), lastSearch_, box.selectionStart());
+  if (!found) return tellNotFound();
+  box.select(*found, static_cast<std::int32_t>(lastSearch_.size()));
+}
+
+void QuickView::tellNotFound() { warn(L"No se localizó el texto deseado"); }
+
+void QuickView::warn(const std::wstring& text) {
+  seams_.dialogs.message(text, L"ADVERTENCIA", MessageIcon::Exclamation);
 }
 
 void QuickView::save() {
@@ -128,22 +147,21 @@ void QuickView::save() {
       seams_.dialogs.chooseSaveFile({L"Nombre del archivo", L".txt",
                                      settings_.text(kHostApplication, L"General", L"DataDir", L""),
                                      L"Archivos de Texto", L"*.txt"});
-  if (!path || seams_.box.saveToFile(*path)) return;
-  seams_.dialogs.message(L"No se pudo guardar el archivo: " + *path, L"ADVERTENCIA",
-                         MessageIcon::Exclamation);
+  if (!path) return;
+  const std::wstring reason = saveWhole(seams_.files, *path, report_.text());
+  if (!reason.empty()) warn(L"No se pudo guardar el archivo: " + *path + L"\r\n" + reason);
 }
 
-bool QuickView::keyDown(int keyCode) {
-  switch (keyCode) {
-    case kEscapeKey:
-      seams_.window.hide();
-      return true;
-    case kF3Key:
-      FindText(std::wstring(lastSearch_));
-      return true;
-    default:
-      return false;
-  }
+bool QuickView::keyDown(const KeyPress& key) {
+  if (key.code == kEscapeKey) return seams_.window.hide(), true;
+  if (key.code == kF3Key && !key.shift) return FindText(std::wstring(lastSearch_)), true;
+  const auto* const found = std::ranges::find(kKeyActions, key, &KeyAction::key);
+  if (found != kKeyActions.end()) return (this->*found->act)(), true;
+  if (!key.control) return false;
+  const bool grows = std::ranges::count(kPlusKeys, key.code) != 0;
+  if (!grows && std::ranges::count(kMinusKeys, key.code) == 0) return false;
+  stepScreenFont(grows ? 1 : -1);
+  return true;
 }
 
 void QuickView::clickText() {

@@ -6,6 +6,7 @@
 #include "preview/quick_view_window.h"
 #include "preview/report.h"
 #include "preview/report_dialogs.h"
+#include "preview/report_files.h"
 #include "preview/report_printer.h"
 #include "preview/report_text_box.h"
 
@@ -22,11 +23,25 @@ struct QuickViewSeams {
   ReportTextBox& box;
   ReportPrinter& printer;
   ReportDialogs& dialogs;
+  ReportFiles& files;
   ClickListener& listener;
+  FailureTrace trace;  // may be empty
 };
 
+// A virtual key code of the system, and what was held down with it. AltGr, which reaches programs
+// as Ctrl and Alt together, is no control key: it writes characters.
+struct KeyPress {
+  int code = 0;
+  bool control = false;
+  bool shift = false;
+
+  bool operator==(const KeyPress&) const = default;
+};
 inline constexpr int kEscapeKey = 27;
 inline constexpr int kF3Key = 114;
+inline constexpr int kPlusKeys[] = {107, 187};  // on the number pad, and among the letters
+inline constexpr int kMinusKeys[] = {109, 189};
+
 inline constexpr double kLeastScreenFont = 5;  // points
 inline constexpr double kGreatestScreenFont = 23;
 
@@ -56,26 +71,32 @@ class QuickView {
   // the size in the answer and places its controls; the text box's right margin follows a wide one.
   [[nodiscard]] QuickViewLayout resize(double width, double height);
 
-  // cbImprimir: takes the left margin from its entry (0 for what is no margin) and prints.
+  // cbImprimir: takes the left margin from its entry (0 for what is no margin) and prints. What
+  // prevents it is told.
   void print();
   // cbCerrar, and the window's close box: hides the window. While a job runs it asks first, and Yes
   // leaves both as they are; No stops the job.
   void close();
-  // cbPrinterFonts: lets the user choose the printer's font, which fixes it.
+  // cbPrinterFonts: lets the user choose the printer's font, which fixes it; the printer takes it
+  // when nothing is printed any more.
   void choosePrinterFont();
   // imgFontGrow and imgFontShrink, clicked or double-clicked: one point, between 5 and 23.
-  void growScreenFont();
-  void shrinkScreenFont();
+  void growScreenFont() { stepScreenFont(1); }
+  void shrinkScreenFont() { stepScreenFont(-1); }
+  void stepScreenFont(int points);
   // Command1: asks for a text and finds it.
   void search();
   // Finds from one after the selection on, from the top where that is the end of the text, and
   // says so when there is none. The text is kept for the next search.
   void FindText(const std::wstring& text);
+  // Finds the last searched text before the selection, from the end where there is none.
+  void findPrevious();
   // cbGuardar: asks for a file and saves the text to it. A file that cannot be written is told.
   void save();
-  // A virtual key code pressed in the window, wherever the focus is: Escape hides, F3 finds the
-  // last text again. True when the key was one of these and is used up.
-  bool keyDown(int keyCode);
+  // A key pressed in the window, wherever the focus is: Escape hides, F3 finds the last text again,
+  // with Shift backward; with Ctrl, F searches, P prints, S saves, + and - change the screen font.
+  // True when the key was one of these and is used up.
+  bool keyDown(const KeyPress& key);
 
   // The focus leaves the margin entry for another control. An entry that is no number is told and
   // gets the focus back; the entry then shows the whole part of its number, in every case. Calls
@@ -90,6 +111,8 @@ class QuickView {
 
  private:
   void tellClicked(const std::wstring& line, std::int32_t column);
+  void tellNotFound();
+  void warn(const std::wstring& text);
   [[nodiscard]] FontChoice printerFont();
   void copyToPrinter(const FontChoice& font);
   void checkMarginEntry();
@@ -100,6 +123,8 @@ class QuickView {
   Report report_;
   std::shared_ptr<NotifyTarget> notifyTarget_;
   std::wstring lastSearch_;
+  std::wstring screenFontName_ = L"Courier New";
+  double screenFontSize_ = 9;  // points
   bool controlsMade_ = false;
   bool checkingMargin_ = false;
 };

@@ -29,6 +29,9 @@ constexpr double kEntryWidth = 495;
 constexpr double kUpDownWidth = 240;
 constexpr double kPrinterFontsLeft = 3165;
 
+constexpr const wchar_t* kGrowTip = L"Ampliar Fuente de Pantalla";
+constexpr const wchar_t* kShrinkTip = L"Reducir Fuente de Pantalla";
+
 Rectangle button(double left, double row) { return {left, row, kButtonWidth, kButtonHeight}; }
 
 Rectangle icon(double left, double row) { return {left, row, kIconSize, kIconSize}; }
@@ -37,17 +40,17 @@ Rectangle icon(double left, double row) { return {left, row, kIconSize, kIconSiz
 
 const std::array<ControlText, kControlCount>& controlTexts() {
   static constexpr std::array<ControlText, kControlCount> kTexts{{
-      {Control::Text1, L"", L""},
-      {Control::Text2, L"", L""},
-      {Control::UpDown1, L"", L""},
-      {Control::cbPrinterFonts, L"Fuente Impresora", L""},
-      {Control::cbGuardar, L"Guardar como", L""},
-      {Control::Command1, L"Buscar Texto", L""},
-      {Control::cbImprimir, L"Imprimir", L""},
-      {Control::cbCerrar, L"Cerrar", L""},
-      {Control::Label1, L"Margen Izq.:", L""},
-      {Control::imgFontGrow, L"", L"Ampliar Fuente de Pantalla"},
-      {Control::imgFontShrink, L"", L"Reducir Fuente de Pantalla"},
+      {Control::Text1, L"", L"", L"Texto del reporte"},
+      {Control::Label1, L"Margen Izq.:", L"", L""},
+      {Control::Text2, L"", L"", L""},
+      {Control::UpDown1, L"", L"", L"Margen izquierdo"},
+      {Control::cbPrinterFonts, L"Fuente Impresora", L"", L""},
+      {Control::cbGuardar, L"Guardar como", L"", L""},
+      {Control::Command1, L"Buscar Texto", L"", L""},
+      {Control::cbImprimir, L"Imprimir", L"", L""},
+      {Control::cbCerrar, L"Cerrar", L"", L""},
+      {Control::imgFontGrow, L"", kGrowTip, kGrowTip},
+      {Control::imgFontShrink, L"", kShrinkTip, kShrinkTip},
   }};
   return kTexts;
 }
@@ -64,6 +67,7 @@ QuickViewLayout layoutQuickView(double width, double height) {
           h,
           {{
               {kEdge, kEdge, w - kTextMarginX, h - kTextMarginY},
+              {kLabelLeft, h - kLabelRow, kLabelWidth, kLabelHeight},
               {kEntryLeft, h - kEntryRow, kEntryWidth, kEntryHeight},
               {kEntryLeft + kEntryWidth, h - kEntryRow, kUpDownWidth, kEntryHeight},
               button(kPrinterFontsLeft, row),
@@ -71,7 +75,6 @@ QuickViewLayout layoutQuickView(double width, double height) {
               button(w - 5310, row),
               button(w - 3600, row),
               button(w - 1890, row),
-              {kLabelLeft, h - kLabelRow, kLabelWidth, kLabelHeight},
               icon(kFontGrowLeft, row),
               icon(kFontShrinkLeft, row),
           }}};

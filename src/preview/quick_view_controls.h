@@ -9,9 +9,10 @@ namespace corvid {
 
 inline constexpr const wchar_t* kQuickViewCaption = L"Documento: Vista Rápida";
 
-// In tab order.
+// In tab order; a label stands before what it names.
 enum class Control {
   Text1,
+  Label1,
   Text2,
   UpDown1,
   cbPrinterFonts,
@@ -19,7 +20,6 @@ enum class Control {
   Command1,
   cbImprimir,
   cbCerrar,
-  Label1,
   imgFontGrow,
   imgFontShrink,
 };
@@ -29,6 +29,7 @@ struct ControlText {
   Control control;
   const wchar_t* caption;  // empty for a control that shows none
   const wchar_t* tip;      // empty for a control without one
+  const wchar_t* name;     // for readers of the screen; empty where a caption or a label tells
 };
 // In the enumeration's order.
 [[nodiscard]] const std::array<ControlText, kControlCount>& controlTexts();

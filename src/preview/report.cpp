@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace corvid {
 namespace {
@@ -45,10 +46,9 @@ std::wstring centred(std::wstring_view text, std::int64_t width) {
 }  // namespace
 
 Report::Report(const Settings& settings, ReportPrinter& printer, ReportTextBox& box,
-               ReportDialogs& dialogs)
-    : printer_(printer), box_(box), dialogs_(dialogs) {
+               ReportDialogs& dialogs, FailureTrace trace)
+    : printer_(printer), box_(box), dialogs_(dialogs), trace_(std::move(trace)) {
   readSettings(settings);
-  fitInitialWidth();
 }
 
 void Report::readSettings(const Settings& settings) {
@@ -57,12 +57,16 @@ void Report::readSettings(const Settings& settings) {
   readNumber<std::int16_t>(settings, L"FontOffset", toInt16, fontOffset_);
 }
 
-void Report::fitInitialWidth() {
+void Report::settle() {
+  if (!std::exchange(owesFitting_, false)) return;
+  const bool keepsLines = linesAreSet_;
+  const std::int16_t lines = linesPerPage_;
   try {
-    SetReportWidth(kInitialWidth);
+    fitWidth(kInitialWidth);
   } catch (const RunTimeError&) {
-    return;  // creation throws nothing: what the printer's measures overflow is not paged
+    linesPerPage_ = kNoPaging;  // as nobody asked for it, what the measures overflow is not told
   }
+  if (keepsLines) linesPerPage_ = lines;
 }
 
 void Report::setLeftMargin(std::int16_t margin) {
@@ -118,6 +122,11 @@ void Report::LoadText() {
   loaded_ = true;
 }
 
-std::int16_t Report::LineasPagina() const { return narrowToInt16(linesPerPage_ - 1); }
+std::int16_t Report::LineasPagina() {
+  settle();
+  return narrowToInt16(linesPerPage_ - 1);
+}
+
+std::wstring Report::text() { return loaded_ ? box_.text() : buffer_.Value(); }
 
 }  // namespace corvid

@@ -19,40 +19,69 @@ double halfPointBelow(double size) {
   return Currency::fromUnits(Currency::fromDouble(size).units() - kHalfPoint).toDouble();
 }
 
+// Gives the device back where no job needs it.
+class Measuring {
+ public:
+  explicit Measuring(ReportPrinter& printer) : printer_(printer) {}
+  Measuring(const Measuring&) = delete;
+  Measuring& operator=(const Measuring&) = delete;
+  ~Measuring() { printer_.release(); }
+
+ private:
+  ReportPrinter& printer_;
+};
+
 }  // namespace
 
 void Report::SetPrintFontSize(std::int16_t size) {
+  if (busy_) {
+    waiting_.emplace_back([this, size] { SetPrintFontSize(size); });
+    return;
+  }
+  settle();
   printFontFixed_ = true;
+  const Measuring measuring(printer_);
   try {
     printer_.setFontSize(size);
-  } catch (const PrinterError&) {
-    return;
+  } catch (const PrinterError& error) {
+    noteFailure(error);
   }
 }
 
 bool Report::SetReportWidth(std::int16_t width) {
+  if (busy_) {
+    waiting_.emplace_back([this, width] { SetReportWidth(width); });
+    return false;
+  }
+  owesFitting_ = false;
+  return fitWidth(width);
+}
+
+bool Report::fitWidth(std::int16_t width) {
   reportWidth_ = width;
   if (printFontFixed_) return false;
+  const Measuring measuring(printer_);
   try {
     return fitToPrinter();
-  } catch (const PrinterError&) {
+  } catch (const PrinterError& error) {
+    noteFailure(error);
     return false;
   }
 }
 
 bool Report::fitToPrinter() {
+  const double usable = printer_.scaleWidth() * ScaleToInches(printer_.scaleMode()) * kUsableShare;
   printer_.setFontName(fontName_);
   printer_.setFontSize(maxFontSize_);
   printer_.setFontBold(false);
-  shrinkFontToWidth();
+  shrinkFontToWidth(usable);
   correctFontSize();
   if (printer_.fontSize() <= kSmallestFont && !refitsSmallFont()) return false;
   linesPerPage_ = fittingLines();
   return true;
 }
 
-void Report::shrinkFontToWidth() {
-  const double usable = printer_.scaleWidth() * ScaleToInches(printer_.scaleMode()) * kUsableShare;
+void Report::shrinkFontToWidth(double usable) {
   const std::int16_t characters = narrowToInt16(reportWidth_ + kAllowance);
   // A scale mode that measures nothing fits nothing, though the text too is 0 inches wide in it.
   while (usable <= 0 || usable < TextWidthInches(printer_, characters)) {

@@ -9,10 +9,27 @@
 namespace corvid {
 
 // The printer is missing, or refused what it was asked. Never a RunTimeError: members that print
-// end quietly on it, while run-time errors reach the host.
+// end on it without an error, while run-time errors reach the host.
 class PrinterError : public std::runtime_error {
  public:
-  explicit PrinterError(const std::string& reason) : std::runtime_error(reason) {}
+  // By the name of the system's call and the error number that it left; 0 for none.
+  explicit PrinterError(const std::string& call, std::uint32_t error = 0)
+      : std::runtime_error(call + ", error " + std::to_string(error)), error_(error) {}
+
+  // For the user and the trace.
+  [[nodiscard]] std::wstring words() const {
+    const std::string_view narrow = what();  // names of calls are ASCII
+    return {narrow.begin(), narrow.end()};
+  }
+  // Whether the user said so, in a dialog of the printer's driver.
+  [[nodiscard]] bool isCancelled() const {
+    constexpr std::uint32_t kPrintCancelled = 63;  // ERROR_PRINT_CANCELLED
+    constexpr std::uint32_t kCancelled = 1223;     // ERROR_CANCELLED
+    return error_ == kPrintCancelled || error_ == kCancelled;
+  }
+
+ private:
+  std::uint32_t error_;
 };
 
 // The units in which a printer measures. Numbers outside the list measure nothing.
@@ -29,9 +46,9 @@ enum class ScaleMode : std::int16_t {
 
 enum class LineEnd : bool { None, Break };
 
-// Every member throws PrinterError when no printer is installed or the call fails. A job begins
+// Measures and jobs throw PrinterError when no printer is installed or the call fails. A job begins
 // with the first printLine or newPage and lasts until endDocument or abortDocument; the font is
-// kept from job to job, one for each window. One thread.
+// kept from job to job, one for each window, also while there is no printer. One thread.
 class ReportPrinter {
  public:
   virtual ~ReportPrinter() = default;
@@ -45,7 +62,8 @@ class ReportPrinter {
   [[nodiscard]] virtual double textHeight(std::wstring_view text) = 0;
 
   // The size is in points and reads back as the device offers it, which may be the size it had
-  // before; a size that is not above 0 throws PrinterError.
+  // before, or as it was set while there is no device; a size that is not above 0 throws
+  // PrinterError.
   [[nodiscard]] virtual std::wstring fontName() = 0;
   virtual void setFontName(const std::wstring& name) = 0;
   [[nodiscard]] virtual double fontSize() = 0;
@@ -66,6 +84,8 @@ class ReportPrinter {
   virtual void endDocument() = 0;
   // Discards the job. Nothing happens when no job has begun.
   virtual void abortDocument() = 0;
+  // Gives the device back, unless a job runs; what needs it next opens it again.
+  virtual void release() noexcept = 0;
 };
 
 }  // namespace corvid

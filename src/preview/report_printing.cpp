@@ -4,6 +4,8 @@
 #include "preview/report.h"
 
 #include <algorithm>
+#include <exception>
+#include <utility>
 
 namespace corvid {
 namespace {
@@ -11,6 +13,16 @@ namespace {
 constexpr std::wstring_view kLineBreak = L"\r\n";
 constexpr const wchar_t* kStripPrinter = L"VERIFONE";
 constexpr std::size_t kStripWidth = 40;  // characters
+constexpr std::size_t kTabColumns = 8;
+
+std::wstring withoutTabs(std::wstring_view line) {
+  std::wstring text;
+  for (const wchar_t character : line) {
+    const std::size_t next = (text.size() / kTabColumns + 1) * kTabColumns;
+    character == L'\t' ? text.resize(next, L' ') : text.push_back(character);
+  }
+  return text;
+}
 
 // Puts one line after the other on the paper of a job.
 class PaperWriter {
@@ -39,7 +51,7 @@ class PaperWriter {
   }
 
   void writePageLine(std::wstring_view line) {
-    printer_.printLine(std::wstring(leftMargin_).append(line), LineEnd::Break);
+    printer_.printLine(leftMargin_ + withoutTabs(line), LineEnd::Break);
     verticalPosition_ = toInt32(verticalPosition_ + printer_.textHeight(L"N"));
   }
 
@@ -51,28 +63,52 @@ class PaperWriter {
 
 }  // namespace
 
-void Report::PrintListBox() {
+// From before the job begins until it is over; then come the changes that waited for it.
+class Report::Busy {
+ public:
+  explicit Busy(Report& report) : report_(report) {
+    report_.busy_ = true;
+    report_.printing_ = true;
+  }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() {
+    report_.busy_ = false;
+    report_.printing_ = false;
+    report_.printer_.release();
+    report_.makeWaitingChanges();
+  }
+
+ private:
+  Report& report_;
+};
+
+PrintEnd Report::print() {
+  if (busy_) return PrintEnd::Busy;
+  const Busy busy(*this);
+  settle();
   try {
-    printDocument();
-  } catch (const PrinterError&) {
+    return printDocument();
+  } catch (const PrinterError& error) {
     abandonPrinting();
+    noteFailure(error);
+    return error.isCancelled() ? PrintEnd::Stopped : PrintEnd::Failed;
   } catch (...) {
     abandonPrinting();
     throw;
   }
 }
 
-void Report::printDocument() {
+PrintEnd Report::printDocument() {
   printer_.printLine(L" ", LineEnd::Break);
-  if (!printFontFixed_) SetReportWidth(reportWidth_);
-  printing_ = true;
-  printLines(box_.text());
+  fitWidth(reportWidth_);
+  printLines(text());
   if (printing_) {
     printer_.endDocument();
-  } else {
-    printer_.abortDocument();
+    return PrintEnd::Printed;
   }
-  printing_ = false;
+  printer_.abortDocument();
+  return PrintEnd::Stopped;
 }
 
 void Report::printLines(std::wstring_view text) {
@@ -86,11 +122,34 @@ void Report::printLines(std::wstring_view text) {
 }
 
 void Report::abandonPrinting() {
-  printing_ = false;
   try {
     printer_.abortDocument();
   } catch (const PrinterError&) {
     return;  // the job is gone with its printer
+  }
+}
+
+void Report::noteFailure(const PrinterError& error) {
+  failure_ = error.words();
+  if (trace_) trace_(L"Printer: " + failure_);
+}
+
+void Report::whenNotPrinting(std::function<void()> change) {
+  if (busy_) {
+    waiting_.push_back(std::move(change));
+  } else {
+    change();
+  }
+}
+
+// Their callers have been answered.
+void Report::makeWaitingChanges() {
+  for (const auto& change : std::exchange(waiting_, {})) {
+    try {
+      change();
+    } catch (const std::exception&) {
+      continue;
+    }
   }
 }
 

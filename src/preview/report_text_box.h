@@ -20,7 +20,8 @@ class ReportTextBox {
   virtual void setText(const std::wstring& text) = 0;
   [[nodiscard]] virtual std::int32_t length() = 0;
   // Puts the caret after the last character, with nothing selected, and inserts there; also while
-  // the box is locked. The time does not grow with the text that is already there.
+  // the box is locked. The time does not grow with the text that is already there. The box may
+  // show it a tenth of a second later; every other member already counts it.
   virtual void append(std::wstring_view text) = 0;
 
   [[nodiscard]] virtual std::int32_t selectionStart() = 0;
@@ -32,11 +33,8 @@ class ReportTextBox {
   // selection. An empty text is never found.
   [[nodiscard]] virtual bool find(const std::wstring& text, std::int32_t from) = 0;
 
-  [[nodiscard]] virtual std::wstring fontName() = 0;
-  virtual void setFontName(const std::wstring& name) = 0;
-  // In points, of the whole text.
-  [[nodiscard]] virtual double fontSize() = 0;
-  virtual void setFontSize(double points) = 0;
+  // Of the whole text, in points; tabs go to the next multiple of eight of its columns.
+  virtual void setFont(const std::wstring& name, double points) = 0;
 
   // In twips from the left edge: where lines would wrap.
   [[nodiscard]] virtual double rightMargin() = 0;
@@ -44,9 +42,6 @@ class ReportTextBox {
   // A locked box is not edited by its user, who may still select and copy.
   virtual void setLocked(bool locked) = 0;
 
-  // Writes the text as plain text in the system's code page, over what the file held. False when
-  // the file could not be written whole.
-  [[nodiscard]] virtual bool saveToFile(const std::wstring& path) = 0;
   // Paints the box at once.
   virtual void refresh() = 0;
 };

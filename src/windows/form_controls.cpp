@@ -20,6 +20,7 @@ namespace {
 constexpr double kFontSize = 8;       // points
 constexpr double kPicture = 420;      // twips
 constexpr int kStepMiddle = 1 << 14;  // the up-down control's own position never moves
+constexpr int kTextLabel = 99;
 constexpr int kStepRange = 2 * kStepMiddle - 1;
 
 struct Kind {
@@ -80,6 +81,8 @@ DialogTemplate describeForm() {
   const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS | ICC_BAR_CLASSES};
   InitCommonControlsEx(&classes);
   std::vector<DialogItem> items;
+  // What stands before a text box names it; this one is for readers of the screen alone.
+  items.push_back({kTextLabel, L"STATIC", controlTexts().front().name, 0, 0, {}});
   std::ranges::transform(controlTexts(), std::back_inserter(items), describe);
   return {{kQuickViewCaption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {}}, items};
 }
@@ -90,7 +93,10 @@ void FormDress::put(HWND form) {
   const int dots = dotsPerInch(form);
   putFont(form, dots);
   putPictures(form, dots);
-  if (!std::exchange(hasTips_, true)) addTips(form);
+  if (!std::exchange(hasTips_, true)) {
+    addTips(form);
+    putNames(form);
+  }
   auto* const steps = windowOf(form, Control::UpDown1);
   SendMessageW(steps, UDM_SETBUDDY, reinterpret_cast<WPARAM>(windowOf(form, Control::Text2)), 0);
   SendMessageW(steps, UDM_SETRANGE32, 0, kStepRange);
@@ -117,6 +123,15 @@ void FormDress::putPictures(HWND form, int dotsPerInch) {
                  reinterpret_cast<WPARAM>(pictures[i].get()), 0);
   }
   pictures_ = std::move(pictures);
+}
+
+// Controls that show no text hold one all the same. A picture would take it for a resource's name.
+void FormDress::putNames(HWND form) {
+  for (const ControlText& text : controlTexts()) {
+    if (*text.name == L'\0' || text.control == Control::Text1) continue;
+    DefWindowProcW(windowOf(form, text.control), WM_SETTEXT, 0,
+                   reinterpret_cast<LPARAM>(text.name));
+  }
 }
 
 void FormDress::addTips(HWND form) {

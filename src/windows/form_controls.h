@@ -28,6 +28,7 @@ class FormDress {
   void putFont(HWND form, int dotsPerInch);
   void putPictures(HWND form, int dotsPerInch);
   static void addTips(HWND form);
+  static void putNames(HWND form);
 
   Font font_;
   std::array<Icon, 2> pictures_;

@@ -1,7 +1,5 @@
 #include "windows/gdi_report_printer.h"
 
-#include "preview/quick_view_controls.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -12,21 +10,25 @@ constexpr double kLeastFontSize = 0.5;  // points
 
 }  // namespace
 
-GdiReportPrinter::GdiReportPrinter(PrinterOpener open) : open_(std::move(open)) {}
+GdiReportPrinter::GdiReportPrinter(PrinterOpener open, std::function<std::wstring()> title)
+    : open_(std::move(open)), title_(std::move(title)) {}
+
+void GdiReportPrinter::open(ContextKind kind) {
+  PrinterDevice opened(open_(kind));
+  font_.size = opened.select(font_);
+  device_.emplace(std::move(opened));
+}
 
 PrinterDevice& GdiReportPrinter::device() {
-  if (!device_) {
-    PrinterDevice opened(open_());
-    font_.size = opened.select(font_);
-    device_.emplace(std::move(opened));
-  }
+  if (!device_) open(ContextKind::Measures);
   return *device_;
 }
 
 PrintJob& GdiReportPrinter::job() {
   if (!job_) {
     device_.reset();  // the default printer may be another one now, or have come back
-    job_.emplace(device().context(), kQuickViewCaption);
+    open(ContextKind::Prints);
+    job_.emplace(device_->context(), title_());
   }
   return *job_;
 }
@@ -44,37 +46,33 @@ double GdiReportPrinter::textWidth(std::wstring_view text) { return device().tex
 
 double GdiReportPrinter::textHeight(std::wstring_view) { return device().lineHeight(); }
 
-const FontChoice& GdiReportPrinter::font() {
-  device();
-  return font_;
+bool GdiReportPrinter::canOpen() {
+  try {
+    device();
+    return true;
+  } catch (const PrinterError&) {
+    return false;
+  }
 }
 
 void GdiReportPrinter::apply(FontChoice next) {
-  next.size = device().select(next);
+  if (canOpen()) next.size = device_->select(next);
   font_ = std::move(next);
 }
-
-std::wstring GdiReportPrinter::fontName() { return font().name; }
 
 void GdiReportPrinter::setFontName(const std::wstring& name) {
   apply({name, font_.size, font_.bold, font_.italic});
 }
 
-double GdiReportPrinter::fontSize() { return font().size; }
-
 void GdiReportPrinter::setFontSize(double points) {
-  if (!(points > 0 && points <= kGreatestFontSize)) throw PrinterError("no such font size");
+  if (!(points > 0 && points <= kGreatestFontSize)) throw PrinterError("CreateFont");
   const double size = std::max(toHalfPoint(points), kLeastFontSize);
   apply({font_.name, size, font_.bold, font_.italic});
 }
 
-bool GdiReportPrinter::fontBold() { return font().bold; }
-
 void GdiReportPrinter::setFontBold(bool bold) {
   apply({font_.name, font_.size, bold, font_.italic});
 }
-
-bool GdiReportPrinter::fontItalic() { return font().italic; }
 
 void GdiReportPrinter::setFontItalic(bool italic) {
   apply({font_.name, font_.size, font_.bold, italic});
@@ -94,7 +92,11 @@ void GdiReportPrinter::endDocument() {
 
 void GdiReportPrinter::abortDocument() { closeDevice(); }
 
-void GdiReportPrinter::closeDevice() {
+void GdiReportPrinter::release() noexcept {
+  if (!job_) device_.reset();
+}
+
+void GdiReportPrinter::closeDevice() noexcept {
   job_.reset();
   device_.reset();
 }

@@ -5,6 +5,7 @@
 #include "windows/print_job.h"
 #include "windows/printer_device.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -13,13 +14,13 @@ namespace corvid {
 // Points; what the system's fonts reach.
 inline constexpr double kGreatestFontSize = 2160;
 
-// Measures in twips. The printer is opened when it is first needed, and anew for each job, so that
-// a job goes to what is the default printer then; it is given back at the job's end, and where
-// there is none it is looked for again at the next call. Sizes are kept in half points, and those
-// above kGreatestFontSize throw.
+// Measures in twips. The printer is opened when it is needed, and anew for each job, so that a job
+// goes to what is the default printer then; release() and the job's end give it back. Sizes are
+// kept in half points, and those above kGreatestFontSize throw.
 class GdiReportPrinter : public ReportPrinter {
  public:
-  explicit GdiReportPrinter(PrinterOpener open = openDefaultPrinter);
+  // The title is asked for at the beginning of each job.
+  GdiReportPrinter(PrinterOpener open, std::function<std::wstring()> title);
 
   [[nodiscard]] ScaleMode scaleMode() override;
   [[nodiscard]] double scaleWidth() override;
@@ -27,13 +28,13 @@ class GdiReportPrinter : public ReportPrinter {
   [[nodiscard]] double textWidth(std::wstring_view text) override;
   [[nodiscard]] double textHeight(std::wstring_view text) override;
 
-  [[nodiscard]] std::wstring fontName() override;
+  [[nodiscard]] std::wstring fontName() override { return font_.name; }
   void setFontName(const std::wstring& name) override;
-  [[nodiscard]] double fontSize() override;
+  [[nodiscard]] double fontSize() override { return font_.size; }
   void setFontSize(double points) override;
-  [[nodiscard]] bool fontBold() override;
+  [[nodiscard]] bool fontBold() override { return font_.bold; }
   void setFontBold(bool bold) override;
-  [[nodiscard]] bool fontItalic() override;
+  [[nodiscard]] bool fontItalic() override { return font_.italic; }
   void setFontItalic(bool italic) override;
 
   [[nodiscard]] std::wstring deviceName() override;
@@ -42,15 +43,18 @@ class GdiReportPrinter : public ReportPrinter {
   void newPage() override;
   void endDocument() override;
   void abortDocument() override;
+  void release() noexcept override;
 
  private:
   PrinterDevice& device();
+  [[nodiscard]] bool canOpen();
+  void open(ContextKind kind);
   PrintJob& job();
-  const FontChoice& font();
   void apply(FontChoice next);
-  void closeDevice();
+  void closeDevice() noexcept;
 
   PrinterOpener open_;
+  std::function<std::wstring()> title_;
   FontChoice font_{L"Courier New", 10, false, false};
   std::optional<PrinterDevice> device_;
   std::optional<PrintJob> job_;  // after the device, whose context it uses

@@ -1,6 +1,7 @@
 // RAII wrapper for what the system hands out, parameterised by traits.
 #pragma once
 
+#include <atomic>
 #include <utility>
 
 namespace corvid {
@@ -11,16 +12,17 @@ class Owned {
  public:
   using Type = typename Traits::Type;
 
-  Owned() = default;
-  explicit Owned(Type value) noexcept : value_(value) {}
+  Owned() noexcept : Owned(Traits::none()) {}
+  explicit Owned(Type value) noexcept : value_(value) { ++living_; }
   Owned(const Owned&) = delete;
   Owned& operator=(const Owned&) = delete;
-  Owned(Owned&& other) noexcept : value_(std::exchange(other.value_, Traits::none())) {}
+  Owned(Owned&& other) noexcept : Owned(std::exchange(other.value_, Traits::none())) {}
   Owned& operator=(Owned&& other) noexcept {
     std::swap(value_, other.value_);
     return *this;
   }
   ~Owned() {
+    --living_;
     if (*this) Traits::release(value_);
   }
 
@@ -29,8 +31,14 @@ class Owned {
   [[nodiscard]] Type* put() noexcept { return &value_; }
   explicit operator bool() const noexcept { return value_ != Traits::none(); }
 
+  // How many owners of this kind there are, for whoever looks for one that was forgotten. Any
+  // thread.
+  [[nodiscard]] static long living() noexcept { return living_; }
+
  private:
-  Type value_ = Traits::none();
+  static inline std::atomic<long> living_ = 0;
+
+  Type value_;
 };
 
 }  // namespace corvid

@@ -8,8 +8,8 @@
 namespace corvid {
 namespace {
 
-void require(bool succeeded, const char* reason) {
-  if (!succeeded) throw PrinterError(reason);
+void require(bool succeeded, const char* call) {
+  if (!succeeded) throw PrinterError(call, GetLastError());
 }
 
 }  // namespace
@@ -18,7 +18,7 @@ PrintJob::PrintJob(HDC context, const std::wstring& title) : context_(context) {
   DOCINFOW document{};
   document.cbSize = sizeof document;
   document.lpszDocName = title.c_str();
-  require(StartDocW(context_, &document) > 0, "the printer takes no document");
+  require(StartDocW(context_, &document) > 0, "StartDoc");
 }
 
 PrintJob::~PrintJob() {
@@ -27,7 +27,7 @@ PrintJob::~PrintJob() {
 
 void PrintJob::print(std::wstring_view text, LineEnd end) {
   const int lineHeight = lineHeightOf(context_);
-  require(lineHeight > 0, "the font cannot be measured");
+  require(lineHeight > 0, "GetTextMetrics");
   for (bool first = true;; first = false) {
     if (!first && x_ > 0) nextLine(lineHeight);
     makeRoom(lineHeight);
@@ -46,13 +46,13 @@ void PrintJob::newPage() {
 
 void PrintJob::finish() {
   if (pageOpen_) closePage();
-  require(EndDoc(context_) > 0, "the printer did not take the document");
+  require(EndDoc(context_) > 0, "EndDoc");
   finished_ = true;
 }
 
 void PrintJob::openPage() {
   if (pageOpen_) return;
-  require(StartPage(context_) > 0, "the printer begins no page");
+  require(StartPage(context_) > 0, "StartPage");
   pageOpen_ = true;
   SetBkMode(context_, TRANSPARENT);
 }
@@ -61,7 +61,7 @@ void PrintJob::closePage() {
   pageOpen_ = false;
   x_ = 0;
   y_ = 0;
-  require(EndPage(context_) > 0, "the printer ends no page");
+  require(EndPage(context_) > 0, "EndPage");
 }
 
 void PrintJob::makeRoom(int lineHeight) {
@@ -73,9 +73,9 @@ void PrintJob::printRun(std::wstring_view text) {
   for (; !text.empty(); text.remove_prefix(std::min(text.size(), kMostCharacters))) {
     const std::wstring_view piece = text.substr(0, kMostCharacters);
     const auto length = static_cast<int>(piece.size());
-    require(TextOutW(context_, x_, y_, piece.data(), length) != FALSE, "the printer takes no text");
+    require(TextOutW(context_, x_, y_, piece.data(), length) != FALSE, "TextOut");
     const std::optional<int> width = pixelWidthOf(context_, piece);
-    require(width.has_value(), "the text cannot be measured");
+    require(width.has_value(), "GetTextExtentPoint32");
     x_ += *width;
   }
 }

@@ -32,10 +32,11 @@ TEXTMETRICW metricsOf(HDC context) {
 
 }  // namespace
 
-OpenedPrinter openDefaultPrinter() {
+OpenedPrinter openDefaultPrinter(ContextKind kind) {
   const std::wstring name = defaultPrinterName();
   if (name.empty()) return {};
-  return {DeviceContext(CreateDCW(L"WINSPOOL", name.c_str(), nullptr, nullptr)), name};
+  const auto create = kind == ContextKind::Prints ? CreateDCW : CreateICW;
+  return {DeviceContext(create(L"WINSPOOL", name.c_str(), nullptr, nullptr)), name};
 }
 
 double toHalfPoint(double points) { return std::nearbyint(points * 2) / 2; }
@@ -60,12 +61,12 @@ std::optional<int> pixelWidthOf(HDC context, std::wstring_view text) {
 }
 
 PrinterDevice::PrinterDevice(OpenedPrinter printer) : printer_(std::move(printer)) {
-  if (!printer_.context) throw PrinterError("no printer");
+  if (!printer_.context) throw PrinterError("CreateDC", GetLastError());
 }
 
 double PrinterDevice::toTwips(int pixels, int resolutionIndex) const {
   const int pixelsPerInch = GetDeviceCaps(context(), resolutionIndex);
-  if (pixelsPerInch <= 0) throw PrinterError("the printer has no resolution");
+  if (pixelsPerInch <= 0) throw PrinterError("GetDeviceCaps");
   return pixels * kTwipsPerInch / pixelsPerInch;
 }
 
@@ -79,13 +80,13 @@ double PrinterDevice::height() const {
 
 double PrinterDevice::textWidth(std::wstring_view text) const {
   const std::optional<int> pixels = pixelWidthOf(context(), text);
-  if (!pixels) throw PrinterError("the text cannot be measured");
+  if (!pixels) throw PrinterError("GetTextExtentPoint32", GetLastError());
   return toTwips(*pixels, LOGPIXELSX);
 }
 
 double PrinterDevice::lineHeight() const {
   const int pixels = lineHeightOf(context());
-  if (pixels <= 0) throw PrinterError("the font cannot be measured");
+  if (pixels <= 0) throw PrinterError("GetTextMetrics", GetLastError());
   return toTwips(pixels, LOGPIXELSY);
 }
 
@@ -93,7 +94,7 @@ double PrinterDevice::select(const FontChoice& font) {
   const LOGFONTW description = describeFont(font, GetDeviceCaps(context(), LOGPIXELSY));
   Font created(CreateFontIndirectW(&description));
   if (!created || SelectObject(context(), created.get()) == nullptr) {
-    throw PrinterError("the printer refused the font");
+    throw PrinterError("SelectObject", GetLastError());
   }
   font_ = std::move(created);
   return offeredSize(font.size);

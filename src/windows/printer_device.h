@@ -20,10 +20,13 @@ struct OpenedPrinter {
   std::wstring name;
 };
 
-using PrinterOpener = std::function<OpenedPrinter()>;
+// A context that only measures starts no job, which a driver may answer more quickly.
+enum class ContextKind { Measures, Prints };
+
+using PrinterOpener = std::function<OpenedPrinter(ContextKind)>;
 
 // The user's default printer.
-[[nodiscard]] OpenedPrinter openDefaultPrinter();
+[[nodiscard]] OpenedPrinter openDefaultPrinter(ContextKind kind);
 
 // The height, in pixels, of a line of text in the context's font; 0 when it cannot be measured.
 [[nodiscard]] int lineHeightOf(HDC context);

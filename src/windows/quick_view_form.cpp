@@ -32,18 +32,19 @@ std::wstring textOf(HWND window) {
 
 std::shared_ptr<QuickViewForm> QuickViewForm::create(const Settings& settings,
                                                      std::shared_ptr<FormEvents> events,
-                                                     const PrinterOpener& openPrinter) {
+                                                     const PrinterOpener& openPrinter,
+                                                     FailureTrace trace) {
   return std::shared_ptr<QuickViewForm>(
-      new QuickViewForm(settings, std::move(events), openPrinter));
+      new QuickViewForm(settings, std::move(events), openPrinter, std::move(trace)));
 }
 
 QuickViewForm::QuickViewForm(const Settings& settings, std::shared_ptr<FormEvents> events,
-                             const PrinterOpener& openPrinter)
+                             const PrinterOpener& openPrinter, FailureTrace trace)
     : events_(std::move(events)),
       box_([this] { make(); }),
-      printer_(openPrinter),
+      printer_(openPrinter, [this] { return caption_; }),
       dialogs_([this] { return dialogOwner(); }, openPrinter),
-      view_(settings, {*this, box_, printer_, dialogs_, *events_}) {}
+      view_(settings, {*this, box_, printer_, dialogs_, files_, *events_, std::move(trace)}) {}
 
 QuickViewForm::~QuickViewForm() {
   if (window_ == nullptr) return;
@@ -52,24 +53,36 @@ QuickViewForm::~QuickViewForm() {
 }
 
 void QuickViewForm::make() {
-  if (window_ != nullptr || richEditClass() == nullptr) return;
+  if (window_ != nullptr) return;
+  if (richEditClass() == nullptr) throw outOfMemory();
   const DialogTemplate form = describeForm();
   window_ = CreateDialogIndirectParamW(nullptr, form.get(), nullptr, received,
                                        reinterpret_cast<LPARAM>(this));
-  if (window_ == nullptr) return;
+  if (window_ == nullptr) throw outOfMemory();
+  SetWindowTextW(window_, caption_.c_str());
   box_.attach(windowOf(window_, Control::Text1));
   dressUp();
   view_.load();
   box_.setText(std::exchange(keptText_, {}));
-  centre();
+  place();
 }
 
 void QuickViewForm::dressUp() {
   dress_ = {};
   dress_.put(window_);
+  // Shown from the start: keys reach the controls whatever loop the host runs.
+  SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
   for (const ControlText& text : controlTexts()) {
     SetWindowSubclass(windowOf(window_, text.control), controlReceived, 0,
                       reinterpret_cast<DWORD_PTR>(this));
+  }
+}
+
+void QuickViewForm::place() {
+  if (const auto kept = std::exchange(keptBounds_, std::nullopt)) {
+    setBounds(*kept);
+  } else {
+    centre();
   }
 }
 
@@ -89,13 +102,13 @@ void QuickViewForm::centre() {
 void QuickViewForm::Show(bool modal, HWND owner) {
   if (visible_) {
     if (modal) throw alreadyShown();
+    if (IsIconic(window_) != FALSE) ShowWindow(window_, SW_RESTORE);
     SetForegroundWindow(window_);
     return;
   }
   make();
   view_.showing();
-  if (modal && !hasInteractiveDesktop()) return;
-  if (window_ == nullptr) return;
+  if (!hasInteractiveDesktop()) return;
   auto* const root = GetAncestor(owner, GA_ROOT);
   auto* const behind = root != window_ ? root : nullptr;
   if (modal) {
@@ -175,14 +188,9 @@ void QuickViewForm::focusMargin() {
                TRUE);
 }
 
-std::wstring QuickViewForm::Caption() {
-  make();
-  return textOf(window_);
-}
-
 void QuickViewForm::setCaption(const std::wstring& caption) {
-  make();
-  SetWindowTextW(window_, caption.c_str());
+  caption_ = caption;
+  if (window_ != nullptr) SetWindowTextW(window_, caption.c_str());
 }
 
 HWND QuickViewForm::hWnd() {

@@ -6,11 +6,13 @@
 #include "windows/gdi_report_printer.h"
 #include "windows/modal_loop.h"
 #include "windows/report_dialogs.h"
+#include "windows/report_files.h"
 #include "windows/rich_edit_text_box.h"
 
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace corvid {
@@ -28,14 +30,15 @@ class FormEvents : public ClickListener {
 // A visible form holds itself; hidden, it goes with its last owner. The system's window and
 // controls are made, hidden, when the first of them is needed, and keep their contents while
 // hidden. Should the system destroy the window, as with its owner, the form counts as hidden and
-// makes a new one with the same text when needed.
+// makes a new one with the same text, caption, place and screen font when needed. Members that need
+// a window throw out of memory (7) where the system makes none.
 // All members belong to the thread that made the form.
 class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, private QuickViewWindow {
  public:
-  // Fits the report to the default printer, which may show its warnings.
+  // Opens no printer.
   [[nodiscard]] static std::shared_ptr<QuickViewForm> create(
       const Settings& settings, std::shared_ptr<FormEvents> events,
-      const PrinterOpener& openPrinter = openDefaultPrinter);
+      const PrinterOpener& openPrinter = openDefaultPrinter, FailureTrace trace = {});
   QuickViewForm(const QuickViewForm&) = delete;
   QuickViewForm& operator=(const QuickViewForm&) = delete;
   ~QuickViewForm() override;
@@ -45,8 +48,9 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
 
   // Moves the added lines into the text box and comes to the screen. Modal: the owner and the
   // thread's active window are disabled until the form is hidden, which is when it returns; a form
-  // that is already visible raises error 400; where the process has no interactive desktop it
-  // returns at once, as if closed. Modeless: a visible form comes to the front. The owner's
+  // that is already visible raises error 400. Modeless: a visible form comes to the front, restored
+  // if it was minimised. Where the process has no interactive desktop it returns at once, as if
+  // the form had been closed. The owner's
   // outermost window stays behind the form; null, or what is no other window, is no owner. A modal
   // form without one takes the active window.
   void Show(bool modal, HWND owner);
@@ -55,7 +59,7 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   [[nodiscard]] bool Visible() const { return visible_; }
   // True shows the form modelessly, without an owner.
   void setVisible(bool visible);
-  [[nodiscard]] std::wstring Caption();
+  [[nodiscard]] std::wstring Caption() const { return caption_; }
   void setCaption(const std::wstring& caption);
 
   // The outer rectangle on the screen, in twips at the monitor's resolution; of a minimised window
@@ -70,12 +74,11 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   [[nodiscard]] double Height();
   void setHeight(double height);
 
-  // Null when the system refuses to make a window.
   [[nodiscard]] HWND hWnd();
 
  private:
   QuickViewForm(const Settings& settings, std::shared_ptr<FormEvents> events,
-                const PrinterOpener& openPrinter);
+                const PrinterOpener& openPrinter, FailureTrace trace);
 
   void hide() override;
   [[nodiscard]] std::wstring marginText() override;
@@ -84,6 +87,7 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
 
   void make();
   void dressUp();
+  void place();
   void centre();
   void appear(HWND owner);
   void showModal(HWND owner);
@@ -106,6 +110,7 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
                                           UINT_PTR id, DWORD_PTR form);
   LRESULT onControl(HWND control, UINT message, WPARAM wide, LPARAM data);
   bool onKey(HWND control, int key);
+  void onWheel(int delta);
   void onTextReleased();
   void onFocusLost(HWND control, HWND gainsFocus);
 
@@ -113,13 +118,17 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   HWND window_ = nullptr;
   bool visible_ = false;
   bool pressedInText_ = false;
-  std::wstring keptText_;      // of a window that the system destroyed
+  int wheel_ = 0;  // what was turned with Ctrl and is no whole notch yet
+  std::wstring caption_ = kQuickViewCaption;
+  std::wstring keptText_;  // of a window that the system destroyed
+  std::optional<Rectangle> keptBounds_;
   ModalLoop* loop_ = nullptr;  // of the modal showing, while it runs
   std::shared_ptr<QuickViewForm> self_;
   FormDress dress_;
   RichEditTextBox box_;
   GdiReportPrinter printer_;
   WindowsReportDialogs dialogs_;
+  WindowsReportFiles files_;
   QuickView view_;
 };
 

@@ -1,10 +1,12 @@
 // What the system tells the form, and what its user does.
 #include "windows/quick_view_form.h"
+#include "windows/text_menu.h"
 
 #include <windows.h>
 // Needs windows.h first.
 #include <commctrl.h>
 
+#include <string_view>
 #include <utility>
 
 namespace corvid {
@@ -24,9 +26,15 @@ bool isButton(HWND control) {
 
 bool isDown(int key) { return GetKeyState(key) < 0; }
 
+KeyPress keyPress(int key) {
+  return {key, isDown(VK_CONTROL) && !isDown(VK_MENU), isDown(VK_SHIFT)};
+}
+
 // Characters of keys that the form used up, and at which a single line of text would only beep.
 bool isUsedUpCharacter(wchar_t character, bool isText) {
-  return character == L'\t' || character == VK_ESCAPE || (character == L'\r' && !isText);
+  constexpr std::wstring_view kControlLetters = L"\x06\x10\x13";  // of F, P and S
+  return character == L'\t' || character == VK_ESCAPE || (character == L'\r' && !isText) ||
+         kControlLetters.find(character) != std::wstring_view::npos;
 }
 
 HWND toHandle(WPARAM wide) {
@@ -98,7 +106,7 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
       view_.close();
       return true;
     case WM_KEYDOWN:
-      return view_.keyDown(static_cast<int>(wide));
+      return view_.keyDown(keyPress(static_cast<int>(wide)));
     case kMarginLeft:
       if (visible_) view_.leaveMarginEntry();
       return true;
@@ -107,6 +115,7 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
       return true;
     case WM_DESTROY:
       keptText_ = box_.text();
+      keptBounds_ = bounds();
       return false;
     case WM_NCDESTROY:
       windowGone();
@@ -118,7 +127,7 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
 
 // Loops that treat the form as a dialog make a command of Escape.
 bool QuickViewForm::onCommand(int control, int notification) {
-  if (control == IDCANCEL) return view_.keyDown(kEscapeKey);
+  if (control == IDCANCEL) return view_.keyDown({kEscapeKey});
   const auto action = actionOf(static_cast<Control>(control - idOf(Control{})));
   const bool isDoubleClick = notification == STN_DBLCLK && isPicture(control);
   if (action == nullptr || (notification != BN_CLICKED && !isDoubleClick)) return false;
@@ -161,6 +170,13 @@ LRESULT QuickViewForm::onControl(HWND control, UINT message, WPARAM wide, LPARAM
     case WM_LBUTTONDOWN:
       pressedInText_ = isText;
       break;
+    case WM_CONTEXTMENU:
+      if (isText) return showTextMenu(control, data), 0;
+      break;
+    case WM_MOUSEWHEEL:
+      // The control would enlarge its picture of the text, and not the font.
+      if ((LOWORD(wide) & MK_CONTROL) != 0) return onWheel(GET_WHEEL_DELTA_WPARAM(wide)), 0;
+      break;
     default:
       break;
   }
@@ -177,19 +193,18 @@ bool QuickViewForm::onKey(HWND control, int key) {
     SendMessageW(window_, WM_NEXTDLGCTL, isDown(VK_SHIFT) ? TRUE : FALSE, FALSE);
     return true;
   }
-  if (isDown(VK_CONTROL) && (key == VK_ADD || key == VK_OEM_PLUS)) {
-    view_.growScreenFont();
-    return true;
-  }
-  if (isDown(VK_CONTROL) && (key == VK_SUBTRACT || key == VK_OEM_MINUS)) {
-    view_.shrinkScreenFont();
-    return true;
-  }
   if (key == VK_RETURN && isButton(control)) {
     SendMessageW(control, BM_CLICK, 0, 0);
     return true;
   }
-  return view_.keyDown(key);
+  return view_.keyDown(keyPress(key));
+}
+
+void QuickViewForm::onWheel(int delta) {
+  wheel_ += delta;
+  const int notches = wheel_ / WHEEL_DELTA;
+  wheel_ -= notches * WHEEL_DELTA;
+  if (notches != 0) view_.stepScreenFont(notches);
 }
 
 void QuickViewForm::onTextReleased() {

@@ -67,7 +67,7 @@ std::wstring WindowsReportDialogs::input(const std::wstring& prompt, const std::
 
 std::optional<FontChoice> WindowsReportDialogs::chooseFont(const FontChoice& initial) {
   if (!hasInteractiveDesktop()) return std::nullopt;
-  const OpenedPrinter printer = openPrinter_();
+  const OpenedPrinter printer = openPrinter_(ContextKind::Measures);
   if (!printer.context) return std::nullopt;
   LOGFONTW font = describe(initial);
   CHOOSEFONTW dialog{};

@@ -1,15 +1,20 @@
 #include "windows/rich_edit_text_box.h"
 
+#include "windows/drawing_handles.h"
+#include "windows/font_description.h"
+#include "windows/printer_device.h"
 #include "windows/system_library.h"
+#include "windows/twips.h"
 
 #include <windows.h>
-// Needs windows.h first.
+// Need windows.h first.
+#include <commctrl.h>
 #include <commdlg.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <cmath>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace corvid {
@@ -19,6 +24,10 @@ constexpr wchar_t kHeldLineEnd = L'\r';
 constexpr double kTwipsPerPoint = 20;
 constexpr LPARAM kNoWrap = 1;
 constexpr UINT kUnicode = 1200;  // as a code page
+constexpr int kTabColumns = 8;
+constexpr UINT_PTR kSubclass = 1;  // the form's own is 0
+constexpr UINT_PTR kHandOverTimer = 0xC0;
+constexpr UINT kHandOverPause = 100;  // milliseconds
 
 struct RichEditLibrary {
   const wchar_t* file;
@@ -58,13 +67,50 @@ std::int32_t textLength(const std::wstring& held) {
                                    std::ranges::count(held, kHeldLineEnd));
 }
 
-std::string inSystemCodePage(const std::wstring& text) {
-  const auto length = static_cast<int>(text.size());
-  const int size =
-      WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-  return bytes;
+// Messages at which the control must hold everything: its own, and those that show, read or change
+// its text.
+bool needsText(UINT message) {
+  constexpr UINT kOwnMessages = WM_USER + 0x200;  // the rich edit control's
+  if (message >= EM_GETSEL && message <= EM_SETSEL + 0x30) return true;
+  if (message > WM_USER && message < kOwnMessages) return true;
+  switch (message) {
+    case WM_GETTEXT:
+    case WM_GETTEXTLENGTH:
+    case WM_SETTEXT:
+    case WM_GETOBJECT:
+    case WM_COPY:
+    case WM_CUT:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_CONTEXTMENU:
+    case WM_MOUSEWHEEL:
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+    case WM_PRINT:
+    case WM_PRINTCLIENT:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Of a letter, as the screen draws the font.
+double columnTwips(const std::wstring& fontName, double points) {
+  const DeviceContext screen(CreateCompatibleDC(nullptr));
+  const int dots = GetDeviceCaps(screen.get(), LOGPIXELSY);
+  const LOGFONTW description = describeFont({fontName, points, false, false}, dots);
+  const Font font(CreateFontIndirectW(&description));
+  auto* const before = SelectObject(screen.get(), font.get());
+  const std::optional<int> pixels = pixelWidthOf(screen.get(), L"nnnnnnnn");
+  SelectObject(screen.get(), before);
+  return toTwips(pixels.value_or(0), dots) / 8;
 }
 
 CHARFORMATW emptyFormat(DWORD mask) {
@@ -85,8 +131,10 @@ RichEditTextBox::RichEditTextBox(std::function<void()> makeControl)
     : makeControl_(std::move(makeControl)) {}
 
 void RichEditTextBox::attach(HWND control) {
+  if (control_ != nullptr) RemoveWindowSubclass(control_, received, kSubclass);
   control_ = control;
   if (control == nullptr) return;
+  SetWindowSubclass(control, received, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   tell(EM_SETTEXTMODE, TM_PLAINTEXT);
   SendMessageW(control, EM_EXLIMITTEXT, 0, std::numeric_limits<std::int32_t>::max() - 1);
   SendMessageW(control, EM_SETTARGETDEVICE, 0, kNoWrap);
@@ -94,6 +142,41 @@ void RichEditTextBox::attach(HWND control) {
   tell(EM_SETLANGOPTIONS);
   // The system's own font, in which it begins, is a bold one.
   setFormat(emptyFormat(CFM_BOLD | CFM_ITALIC));
+}
+
+LRESULT CALLBACK RichEditTextBox::received(HWND control, UINT message, WPARAM wide, LPARAM data,
+                                           UINT_PTR, DWORD_PTR box) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the pointer on as a number
+  reinterpret_cast<RichEditTextBox*>(box)->onMessage(message, wide);
+  if (message == WM_TIMER && wide == kHandOverTimer) return 0;
+  return DefSubclassProc(control, message, wide, data);
+}
+
+void RichEditTextBox::onMessage(UINT message, WPARAM wide) {
+  const bool isDue = message == WM_TIMER && wide == kHandOverTimer;
+  if (isDue || mayHandOver(message)) handOver();
+}
+
+bool RichEditTextBox::mayHandOver(UINT message) const {
+  if (message != WM_PAINT) return needsText(message);
+  // A host that runs its messages after each line would paint, and hand over, at each.
+  return GetTickCount64() - lastHandOver_ >= kHandOverPause;
+}
+
+void RichEditTextBox::handOver() {
+  if (gathered_.empty() || control_ == nullptr) return;
+  const std::wstring text = std::exchange(gathered_, {});
+  KillTimer(control_, kHandOverTimer);
+  lastHandOver_ = GetTickCount64();
+  ++handOvers_;
+  const LONG end = heldLength(GTL_DEFAULT);
+  // Painting is most of the time: all lines are painted once.
+  tell(WM_SETREDRAW, FALSE);
+  selectHeld(end, end);
+  tell(EM_REPLACESEL, FALSE, text.c_str());
+  scrollToLineStarts();
+  tell(WM_SETREDRAW, TRUE);
+  InvalidateRect(control_, nullptr, TRUE);
 }
 
 LRESULT RichEditTextBox::send(UINT message, WPARAM wide, const void* data) {
@@ -153,21 +236,18 @@ std::wstring RichEditTextBox::text() {
 void RichEditTextBox::setText(const std::wstring& text) {
   const std::wstring clean = withoutNuls(text);
   tell(WM_SETTEXT, 0, clean.c_str());
+  applyTabs();  // they go with the text
   selectHeld(0, 0);
 }
 
 std::int32_t RichEditTextBox::length() { return heldLength(GTL_USECRLF); }
 
 void RichEditTextBox::append(std::wstring_view text) {
-  const std::wstring clean = withoutNuls(text);
-  const LONG end = heldLength(GTL_DEFAULT);
-  // Painting is most of the time: many lines are painted once, when the host runs its messages.
-  tell(WM_SETREDRAW, FALSE);
-  selectHeld(end, end);
-  tell(EM_REPLACESEL, FALSE, clean.c_str());
-  scrollToLineStarts();
-  tell(WM_SETREDRAW, TRUE);
-  if (control_ != nullptr) InvalidateRect(control_, nullptr, TRUE);
+  if (control_ == nullptr) makeControl_();
+  if (control_ == nullptr) return;
+  const bool isFirst = gathered_.empty();
+  gathered_ += withoutNuls(text);
+  if (isFirst && SetTimer(control_, kHandOverTimer, kHandOverPause, nullptr) == 0) handOver();
 }
 
 // The end of a wide line, a page break's for one, takes the beginning of all others out of view.
@@ -204,29 +284,33 @@ bool RichEditTextBox::find(const std::wstring& text, std::int32_t from) {
   return true;
 }
 
-std::wstring RichEditTextBox::fontName() {
-  CHARFORMATW format = emptyFormat(CFM_FACE);
-  tell(EM_GETCHARFORMAT, SCF_DEFAULT, &format);
-  return format.szFaceName;
-}
-
-void RichEditTextBox::setFontName(const std::wstring& name) {
-  CHARFORMATW format = emptyFormat(CFM_FACE);
+void RichEditTextBox::setFont(const std::wstring& name, double points) {
+  CHARFORMATW format = emptyFormat(CFM_FACE | CFM_SIZE);
   format.bPitchAndFamily = FIXED_PITCH | FF_MODERN;  // of the font that stands in for a missing one
   name.copy(format.szFaceName, LF_FACESIZE - 1);
-  setFormat(format);
-}
-
-double RichEditTextBox::fontSize() {
-  CHARFORMATW format = emptyFormat(CFM_SIZE);
-  tell(EM_GETCHARFORMAT, SCF_DEFAULT, &format);
-  return static_cast<double>(format.yHeight) / kTwipsPerPoint;
-}
-
-void RichEditTextBox::setFontSize(double points) {
-  CHARFORMATW format = emptyFormat(CFM_SIZE);
   format.yHeight = static_cast<LONG>(points * kTwipsPerPoint);
   setFormat(format);
+  setTabs(name, points);
+}
+
+void RichEditTextBox::setTabs(const std::wstring& fontName, double points) {
+  const double column = columnTwips(fontName, points);
+  tabs_.cbSize = sizeof tabs_;
+  tabs_.dwMask = PFM_TABSTOPS;
+  tabs_.cTabCount = MAX_TAB_STOPS;
+  for (int i = 0; i < MAX_TAB_STOPS; ++i) {
+    tabs_.rgxTabs[i] = std::lround(column * kTabColumns * (i + 1));
+  }
+  const CHARRANGE selection = heldSelection();
+  applyTabs();
+  selectHeld(selection.cpMin, selection.cpMax);
+}
+
+// To all paragraphs; new ones take it from the one that they are split from.
+void RichEditTextBox::applyTabs() {
+  if (tabs_.cbSize == 0) return;
+  selectHeld(0, -1);
+  tell(EM_SETPARAFORMAT, 0, &tabs_);
 }
 
 // Of the text that is there, and of what comes.
@@ -237,14 +321,8 @@ void RichEditTextBox::setFormat(const CHARFORMATW& format) {
 
 void RichEditTextBox::setLocked(bool locked) { tell(EM_SETREADONLY, locked ? TRUE : FALSE); }
 
-bool RichEditTextBox::saveToFile(const std::wstring& path) {
-  std::ofstream file(std::filesystem::path(path), std::ios::binary | std::ios::trunc);
-  file << inSystemCodePage(text());
-  file.close();
-  return !file.fail();
-}
-
 void RichEditTextBox::refresh() {
+  handOver();
   if (control_ != nullptr) RedrawWindow(control_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 

@@ -20,11 +20,18 @@ namespace corvid {
 // at that moment, so that text typed by the user counts too. Adding at the end translates nothing.
 // The control takes plain text only and never wraps, wherever its right margin stands. It holds no
 // NUL characters: they become blanks.
+//
+// Additions are gathered and handed to the control in one piece: before any other member, before a
+// message that reads the control, wherever it comes from, and by a timer, which the system calls
+// when the thread has nothing better to do; by itself at most ten times a second.
 class RichEditTextBox : public ReportTextBox {
  public:
   // When a member needs the control and none is attached, it calls this, which may attach one.
   // Without a control the members do nothing and find an empty text.
   explicit RichEditTextBox(std::function<void()> makeControl);
+  RichEditTextBox(const RichEditTextBox&) = delete;
+  RichEditTextBox& operator=(const RichEditTextBox&) = delete;
+  ~RichEditTextBox() override { attach(nullptr); }
 
   // Prepares a control of richEditClass() that is still empty. Null detaches.
   void attach(HWND control);
@@ -39,19 +46,23 @@ class RichEditTextBox : public ReportTextBox {
   void select(std::int32_t start, std::int32_t length) override;
   [[nodiscard]] bool find(const std::wstring& text, std::int32_t from) override;
 
-  [[nodiscard]] std::wstring fontName() override;
-  void setFontName(const std::wstring& name) override;
-  [[nodiscard]] double fontSize() override;
-  void setFontSize(double points) override;
+  void setFont(const std::wstring& name, double points) override;
 
   [[nodiscard]] double rightMargin() override { return rightMargin_; }
   void setRightMargin(double twips) override { rightMargin_ = twips; }
   void setLocked(bool locked) override;
 
-  [[nodiscard]] bool saveToFile(const std::wstring& path) override;
   void refresh() override;
 
+  // How often gathered lines went to the control.
+  [[nodiscard]] int handOvers() const { return handOvers_; }
+
  private:
+  static LRESULT CALLBACK received(HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                                   DWORD_PTR box);
+  void onMessage(UINT message, WPARAM wide);
+  [[nodiscard]] bool mayHandOver(UINT message) const;
+  void handOver();
   [[nodiscard]] LRESULT send(UINT message, WPARAM wide = 0, const void* data = nullptr);
   void tell(UINT message, WPARAM wide = 0, const void* data = nullptr);
   [[nodiscard]] LONG heldLength(DWORD flags);
@@ -61,10 +72,16 @@ class RichEditTextBox : public ReportTextBox {
   void selectHeld(LONG from, LONG to);
   void scrollToLineStarts();
   void setFormat(const CHARFORMATW& format);
+  void setTabs(const std::wstring& fontName, double points);
+  void applyTabs();
 
   std::function<void()> makeControl_;
   HWND control_ = nullptr;
   double rightMargin_ = 0;  // twips
+  PARAFORMAT tabs_{};
+  std::wstring gathered_;
+  ULONGLONG lastHandOver_ = 0;  // the system's count of milliseconds
+  int handOvers_ = 0;
 };
 
 }  // namespace corvid

@@ -9,7 +9,7 @@ from desktop import DesktopTest
 from harness import BUILT, ROOT, windows_path
 
 TITLE = "Documento: Vista Rápida"
-TEXT, MARGIN, STEPS, FONT, SAVE, SEARCH, PRINT, CLOSE, LABEL, GROW, SHRINK = range(100, 111)
+TEXT, LABEL, MARGIN, STEPS, FONT, SAVE, SEARCH, PRINT, CLOSE, GROW, SHRINK = range(100, 111)
 
 REPORT = """
 Class Clicks
@@ -53,8 +53,8 @@ CONTROLS = [
     (CLOSE, "Cerrar", 671, 484, 103, 29),
     (LABEL, "Margen Izq.:", 88, 500, 66, 16),
     (MARGIN, "3", 156, 498, 33, 19),
-    (GROW, "", 12, 484, 32, 32),
-    (SHRINK, "", 48, 484, 32, 32),
+    (GROW, "Ampliar Fuente de Pantalla", 12, 484, 32, 32),
+    (SHRINK, "Reducir Fuente de Pantalla", 48, 484, 32, 32),
 ]
 
 TEST_MODE = """
@@ -271,6 +271,7 @@ class Preview(DesktopTest):
         window = self.window("Ventas del dia")
         window.click(PRINT)
         (paper,) = self.queue.wait_for_documents(1)
+        self.assertIn("Ventas_del_dia", paper.name, "the window's caption is the document's title")
         text = self.queue.text(paper)
         self.assertEqual(self.queue.pages(paper), text.count("VENTAS POR ARTICULO"))
         self.assertEqual(len(re.findall(r"Leche entera 1 l \d+", text)), 38)

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace corvid {
@@ -39,7 +40,12 @@ class PaperPrinter : public ReportPrinter {
   // The call that fails, counted from 1; all the later ones do too. 0 for none.
   int failingCall = 0;
   int calls = 0;
+  std::uint32_t failureCode = 5;
+  bool jobRuns = false;
   std::function<void()> onLine = [] {};
+  std::function<void(int call)> onCall = [](int) {};
+  int opened = 0;  // from the first call that needs the device until release or the job's end
+  bool isOpen = false;
 
   ScaleMode scaleMode() override { return answer(mode); }
   double scaleWidth() override { return answer(width); }
@@ -51,36 +57,52 @@ class PaperPrinter : public ReportPrinter {
     return answer(size * unitsPerPoint * lineHeight);
   }
 
-  std::wstring fontName() override { return answer(name); }
+  std::wstring fontName() override { return name; }
   void setFontName(const std::wstring& value) override { name = answer(value); }
-  double fontSize() override { return answer(size); }
+  double fontSize() override { return size; }
   void setFontSize(double points) override {
     sizesAsked.push_back(answer(points));
-    if (points <= 0) throw PrinterError("no such size");
+    if (points <= 0) throw PrinterError("CreateFont");
     size = std::max(points, smallestSize);
   }
-  bool fontBold() override { return answer(bold); }
+  bool fontBold() override { return bold; }
   void setFontBold(bool value) override { bold = answer(value); }
-  bool fontItalic() override { return answer(italic); }
+  bool fontItalic() override { return italic; }
   void setFontItalic(bool value) override { italic = answer(value); }
   std::wstring deviceName() override { return answer(device); }
 
   void printLine(std::wstring_view text, LineEnd end) override {
+    jobRuns = true;
     pages.back().push_back(answer(std::wstring(text)) + (end == LineEnd::Break ? L"|" : L""));
     onLine();
   }
   void newPage() override { pages.resize(answer(pages.size()) + 1); }
-  void endDocument() override { ended = answer(true); }
+  void endDocument() override {
+    ended = answer(true);
+    endJob();
+  }
   void abortDocument() override {
     aborted = true;
+    endJob();
     answer(0);
+    isOpen = false;
+  }
+  void release() noexcept override {
+    if (!jobRuns) isOpen = false;
   }
 
  private:
+  void endJob() {
+    jobRuns = false;
+    isOpen = false;
+  }
+
   template <typename Value>
   Value answer(Value value) {
     ++calls;
-    if (failingCall != 0 && calls >= failingCall) throw PrinterError("out of paper");
+    onCall(calls);
+    if (!std::exchange(isOpen, true)) ++opened;
+    if (failingCall != 0 && calls >= failingCall) throw PrinterError("TextOut", failureCode);
     return value;
   }
 };

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -51,7 +52,8 @@ class Preview : public testing::Test {
   ReportEnvironment world;
   WindowDouble window;
   Listener listener;
-  QuickView view{world.settings, {window, world.box, world.printer, world.dialogs, listener}};
+  QuickView view{world.settings,
+                 {window, world.box, world.printer, world.dialogs, world.files, listener, {}}};
 };
 
 TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
@@ -115,6 +117,7 @@ TEST_F(Preview, PrintingTakesTheMarginFromItsEntry) {
   world.printer.height = 1e9;  // lines per page beyond 16 bits
   EXPECT_NO_THROW(view.print()) << "a button has no host to raise to";
   EXPECT_TRUE(world.printer.aborted);
+  EXPECT_EQ(world.dialogs.shown, Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: Overflow"});
 }
 
 TEST_F(Preview, ClosingAsksOnlyWhilePrintingAndOnlyNoStops) {
@@ -152,28 +155,31 @@ TEST_F(Preview, ChosenPrinterFontIsFixed) {
   EXPECT_TRUE(world.printer.bold);
   EXPECT_FALSE(world.printer.italic);
   EXPECT_EQ(world.box.font, L"Fixed");
-  world.printer.failingCall = 1;
-  EXPECT_NO_THROW(view.choosePrinterFont()) << "no printer installed";
 }
 
-TEST_F(Preview, ScreenFontStaysWithinItsLimits) {
-  const struct {
-    double size;
-    double grown;
-    double shrunk;
-  } kCases[] = {{9, 10, 8},   {22, 23, 21}, {23, 23, 22}, {22.5, 23, 21.5},
-                {30, 30, 29}, {5, 6, 5},    {6, 7, 5},    {5.5, 6.5, 5}};
-  const double printerSize = world.printer.size;
-  for (const auto& c : kCases) {
-    world.box.size = c.size;
-    view.growScreenFont();
-    EXPECT_EQ(world.box.size, c.grown) << c.size;
-    world.box.size = c.size;
-    view.shrinkScreenFont();
-    EXPECT_EQ(world.box.size, c.shrunk) << c.size;
-  }
-  EXPECT_EQ(world.box.refreshes, 2 * static_cast<int>(std::size(kCases)));
-  EXPECT_EQ(world.printer.size, printerSize);
+TEST_F(Preview, FontChosenWhilePrintingWaitsForTheEnd) {
+  show(L"a\r\nb");
+  world.dialogs.font = FontChoice{L"Fixed", 9.5, true, false};
+  world.printer.onLine = [&] {
+    view.choosePrinterFont();
+    EXPECT_NE(world.printer.name, L"Fixed");
+  };
+  view.print();
+  EXPECT_EQ(world.printer.name, L"Fixed");
+  EXPECT_FALSE(world.printer.isOpen);
+}
+
+TEST_F(Preview, ScreenFontStaysWithinItsLimitsAndIsKept) {
+  show(L"");
+  for (int i = 0; i < 30; ++i) view.growScreenFont();
+  EXPECT_EQ(world.box.size, kGreatestScreenFont);
+  for (int i = 0; i < 30; ++i) view.stepScreenFont(-3);
+  EXPECT_EQ(world.box.size, kLeastScreenFont);
+  EXPECT_EQ(world.box.refreshes, 60);
+  view.growScreenFont();
+  world.box.size = 0;
+  view.load();
+  EXPECT_EQ(world.box.size, kLeastScreenFont + 1) << "by the controls that came after";
 }
 
 TEST_F(Preview, SearchBeginsBehindTheSelectionAndWraps) {
@@ -210,34 +216,87 @@ TEST_F(Preview, SearchOffersAndRepeatsTheLastText) {
   world.dialogs.entered = L"DOS";
   view.search();
   EXPECT_EQ(world.box.start, 4);
-  EXPECT_TRUE(view.keyDown(kF3Key));
+  EXPECT_TRUE(view.keyDown({kF3Key}));
   EXPECT_EQ(world.box.start, 12);
+  for (const int start : {4, 12}) {  // wraps
+    EXPECT_TRUE(view.keyDown({kF3Key, false, true}));
+    EXPECT_EQ(world.box.start, start);
+    EXPECT_EQ(world.box.selected, 3);
+  }
   view.search();
   EXPECT_EQ(world.dialogs.shown.back(), L"Buscar: Introduzca el texto a localizar: [DOS]");
 }
 
-TEST_F(Preview, EscapeHidesAndOtherKeysPass) {
-  show(L"");
-  EXPECT_FALSE(view.keyDown(13));
-  EXPECT_EQ(window.hides, 0);
-  EXPECT_TRUE(view.keyDown(kEscapeKey));
-  EXPECT_EQ(window.hides, 1);
+TEST_F(Preview, KeysDoWhatTheButtonsDo) {
+  const auto done = [&] {
+    return Texts{std::to_wstring(window.hides), std::to_wstring(world.dialogs.shown.size()),
+                 world.files.contents.empty() ? L"" : L"text",
+                 world.printer.ended ? L"printed" : L"", std::to_wstring(world.box.size)};
+  };
+  const std::wstring nine = std::to_wstring(9.0);
+  const struct {
+    KeyPress key;
+    Texts outcome;
+    const char* reason;
+  } kCases[] = {
+      {{kEscapeKey}, {L"1", L"0", L"", L"", nine}, "Escape hides"},
+      {{'F', true}, {L"0", L"1", L"", L"", nine}, "Ctrl+F asks for a text"},
+      {{'S', true}, {L"0", L"0", L"text", L"", nine}, "Ctrl+S saves"},
+      {{'P', true}, {L"0", L"0", L"", L"printed", nine}, "Ctrl+P prints"},
+      {{107, true}, {L"0", L"0", L"", L"", std::to_wstring(10.0)}, "Ctrl and plus"},
+      {{189, true, true}, {L"0", L"0", L"", L"", std::to_wstring(8.0)}, "Ctrl and minus"},
+      {{kF3Key, false, true}, {L"0", L"1", L"", L"", nine}, "nothing to be found"},
+      {{'F'}, {L"0", L"0", L"", L"", nine}, "a letter, as AltGr's are"},
+      {{107}, {L"0", L"0", L"", L"", nine}, "plus alone"},
+      {{13}, {L"0", L"0", L"", L"", nine}, "another key"},
+  };
+  world.dialogs.file = L"C:\\r.txt";
+  for (const auto& c : kCases) {
+    view.load();
+    show(L"text");
+    window.hides = 0;
+    world.dialogs.shown.clear();
+    world.files.contents.clear();
+    world.printer.ended = false;
+    const bool isNothing = c.outcome == Texts{L"0", L"0", L"", L"", nine};
+    EXPECT_EQ(view.keyDown(c.key), !isNothing) << c.reason;
+    EXPECT_EQ(done(), c.outcome) << c.reason;
+    while (world.box.size > 9) view.shrinkScreenFont();
+    while (world.box.size < 9) view.growScreenFont();
+  }
 }
 
 TEST_F(Preview, SavesToTheChosenFileAndTellsAFailure) {
-  show(L"text");
+  view.report().Add(L"unseen", 0);
   view.save();
-  EXPECT_EQ(world.box.savedAs, L"") << "cancelled";
+  EXPECT_TRUE(world.files.contents.empty()) << "cancelled";
   EXPECT_EQ(world.dialogs.request.title, L"Nombre del archivo");
   EXPECT_EQ(world.dialogs.request.filterPattern, L"*.txt");
   world.dialogs.file = L"C:\\r.txt";
   view.save();
-  EXPECT_EQ(world.box.savedAs, L"C:\\r.txt");
+  const std::map<std::wstring, std::string> whole{{L"C:\\r.txt", "unseen \r\n"}};
+  EXPECT_EQ(world.files.contents, whole);
   EXPECT_TRUE(world.dialogs.shown.empty());
-  world.box.writable = false;
-  view.save();
-  EXPECT_EQ(world.dialogs.shown.size(), 1U);
-  EXPECT_EQ(world.box.content, L"text");
+  view.report().Add(L"more", 0);
+  const int calls = world.files.calls;
+  for (int call = 1; call <= calls; ++call) {
+    world.files.calls = 0;
+    world.files.failingCall = call;
+    world.dialogs.shown.clear();
+    view.save();
+    EXPECT_EQ(world.files.contents, whole) << "the old file stays, alone; call " << call;
+    ASSERT_EQ(world.dialogs.shown.size(), 1U) << call;
+    EXPECT_TRUE(world.dialogs.shown[0].starts_with(
+        L"! ADVERTENCIA: No se pudo guardar el archivo: C:\\r.txt\r\n"));
+  }
+}
+
+TEST_F(Preview, WhatPreventsPrintingIsTold) {
+  show(L"a");
+  world.printer.failingCall = 1;
+  view.print();
+  EXPECT_EQ(world.dialogs.shown,
+            Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: TextOut, error 5"});
 }
 
 TEST_F(Preview, LeavingTheMarginEntryChecksItOnce) {

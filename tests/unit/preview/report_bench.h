@@ -15,9 +15,14 @@ struct ReportEnvironment {
   PaperPrinter printer;
   TextBoxDouble box;
   DialogsDouble dialogs;
+  FilesDouble files;
+  std::vector<std::wstring> traced;
 
   void set(const wchar_t* key, const wchar_t* value) { file.set(L"FVIEW", key, value); }
-  [[nodiscard]] Report report() { return {settings, printer, box, dialogs}; }
+  [[nodiscard]] Report report() {
+    return {settings, printer, box, dialogs,
+            [this](const std::wstring& words) { traced.push_back(words); }};
+  }
 };
 
 }  // namespace corvid

@@ -56,7 +56,6 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
     ReportEnvironment world;
     for (const auto& [key, value] : c.settings) world.set(key, value);
     Report report = world.report();
-    world.dialogs.shown.clear();  // the initial width may have been too much
     EXPECT_TRUE(report.SetReportWidth(c.width)) << c.reason;
     EXPECT_DOUBLE_EQ(world.printer.size, c.size) << c.reason;
     EXPECT_EQ(report.LineasPagina() + 1, c.linesPerPage) << c.reason;
@@ -95,9 +94,9 @@ TEST(ReportFitting, PixelsMeasureNothingAndAlwaysAsk) {
   ReportEnvironment world;
   world.printer.mode = ScaleMode::Pixels;
   Report report = world.report();
+  EXPECT_EQ(report.LineasPagina(), kNoPaging - 1);
   EXPECT_EQ(world.printer.size, 4);
   EXPECT_EQ(world.dialogs.shown.size(), 2U);
-  EXPECT_EQ(report.LineasPagina(), kNoPaging - 1);
 }
 
 TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
@@ -113,9 +112,9 @@ TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
   EXPECT_EQ(world.box.content, L"ab \r\n");
 }
 
-TEST(ReportFitting, WhateverPrinterCallFailsTheMemberEndsQuietly) {
+TEST(ReportFitting, WhateverPrinterCallFailsTheMemberReturnsAndTheTraceTells) {
   ReportEnvironment counting;
-  Report whole = counting.report();
+  counting.report().SetReportWidth(120);
   for (int call = 1; call <= counting.printer.calls; ++call) {
     ReportEnvironment world;
     world.printer.failingCall = call;
@@ -123,6 +122,37 @@ TEST(ReportFitting, WhateverPrinterCallFailsTheMemberEndsQuietly) {
     EXPECT_EQ(report.LineasPagina(), kNoPaging - 1) << "nothing is paged, call " << call;
     EXPECT_FALSE(report.SetReportWidth(40)) << call;
     EXPECT_NO_THROW(report.SetPrintFontSize(9)) << call;
+    EXPECT_EQ(world.traced, std::vector<std::wstring>(3, L"Printer: TextOut, error 5")) << call;
+    EXPECT_FALSE(world.printer.isOpen) << call;
+  }
+}
+
+// A network printer that is away must not freeze a till that only starts.
+TEST(ReportFitting, PrinterIsAskedNoSoonerThanNeededAndGivenBack) {
+  const struct {
+    const char* reason;
+    void (*use)(Report& report);
+    bool asks;
+  } kCases[] = {
+      {"nothing", [](Report&) {}, false},
+      {"showing", [](Report& r) { r.LoadText(); }, false},
+      {"a line", [](Report& r) { r.Add(L"a", 0); }, true},
+      {"its lines", [](Report& r) { static_cast<void>(r.LineasPagina()); }, true},
+      {"a font", [](Report& r) { r.SetPrintFontSize(9); }, true},
+      {"printing", [](Report& r) { r.PrintListBox(); }, true},
+  };
+  for (const auto& c : kCases) {
+    ReportEnvironment world;
+    Report report = world.report();
+    report.SetLinesPerPage(50);
+    c.use(report);
+    EXPECT_EQ(world.printer.opened != 0, c.asks) << c.reason;
+    EXPECT_FALSE(world.printer.isOpen) << c.reason;
+    EXPECT_EQ(report.LineasPagina(), c.use == kCases[5].use ? 104 : 49) << c.reason;
+    report.SetReportWidth(40);
+    report.Add(L"b", 0);
+    EXPECT_EQ(report.LineasPagina(), c.use == kCases[4].use ? 49 : 50) << c.reason;
+    EXPECT_EQ(world.printer.isOpen, false) << c.reason;
   }
 }
 

@@ -79,10 +79,15 @@ TEST_F(ReportText, FullPageIsBrokenInFrontOfTheNextLine) {
   EXPECT_EQ(shown(), expected + L"_____\r\ny \r\n");
 }
 
-TEST_F(ReportText, WithoutPagingTheLineNeverAdvances) {
-  for (int i = 0; i < 40000; ++i) report.Add(L"", 0);
-  EXPECT_EQ(report.Linea(), 1);
+TEST_F(ReportText, LongReportIsAddedToAndPrintedUnseen) {
+  constexpr std::size_t kLines = 100'000;
+  report.SetPrintFontSize(9);
+  for (std::size_t i = 0; i < kLines; ++i) report.Add(L"x", 0);
+  EXPECT_EQ(report.Linea(), 1) << "without paging it never advances";
   EXPECT_EQ(report.Pagina(), 1);
+  EXPECT_EQ(report.print(), PrintEnd::Printed);
+  EXPECT_EQ(world.printer.pages.front().size(), 1 + kLines);
+  EXPECT_EQ(report.text().size(), 4 * kLines);
 }
 
 TEST_F(ReportText, BreakStandsBehindBufferedLinesAndInFrontOfShownOnes) {

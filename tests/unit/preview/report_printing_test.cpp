@@ -15,6 +15,8 @@ using Pages = std::vector<PaperPrinter::Page>;
 
 class ReportPrinting : public testing::Test {
  protected:
+  ReportPrinting() { report.LoadText(); }
+
   Pages print(const std::wstring& text) {
     world.printer.pages = Pages(1);
     world.box.setText(text);
@@ -39,6 +41,7 @@ TEST_F(ReportPrinting, LinesGoToTheirPages) {
       {L"_total\r\n_\r\nb", {{L" |"}, {}, {L"  b|"}}, "any underscore in front breaks"},
       {L"a_\r\n\r\nb", {{L" |", L"  a_|", L"  |", L"  b|"}}, "inside a line it does not"},
       {L"a\nb\rc", {{L" |", L"  a\nb\rc|"}}, "only both characters end a line"},
+      {L"\ta\t1234567\tb", {{L" |", L"          a       1234567 b|"}}, "tabs by eight columns"},
   };
   report.setLeftMargin(2);
   for (const auto& c : kCases) {
@@ -82,7 +85,7 @@ TEST_F(ReportPrinting, StopAbortsInFrontOfTheNextLineAndBehindTheLastOne) {
   }
 }
 
-TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedQuietly) {
+TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedAndTold) {
   const std::wstring text = L"a\r\n__\r\nb";
   report.SetPrintFontSize(9);
   world.printer.calls = 0;
@@ -92,11 +95,47 @@ TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedQuietly) {
     world.printer.ended = world.printer.aborted = false;
     world.printer.calls = 0;
     world.printer.failingCall = call;
-    EXPECT_NO_THROW(print(text)) << call;
+    world.traced.clear();
+    EXPECT_EQ(report.print(), PrintEnd::Failed) << call;
     EXPECT_TRUE(world.printer.aborted) << call;
     EXPECT_FALSE(world.printer.ended) << call;
     EXPECT_FALSE(report.printing()) << call;
+    EXPECT_FALSE(world.printer.isOpen) << call;
+    EXPECT_EQ(world.traced, std::vector<std::wstring>{L"Printer: TextOut, error 5"}) << call;
   }
+  world.printer.failureCode = 1223;
+  EXPECT_EQ(report.print(), PrintEnd::Stopped) << "cancelled in the driver's own dialog";
+}
+
+// A driver's dialog runs the host's messages, in which its user clicks again.
+TEST_F(ReportPrinting, NothingComesBetweenTheFirstCallAndTheLast) {
+  const Pages whole = print(L"a\r\n__\r\nb");
+  world.printer.calls = 0;
+  print(L"a\r\n__\r\nb");
+  for (int call = world.printer.calls; call >= 1; --call) {
+    bool wasBusy = false;
+    world.printer.calls = 0;
+    world.printer.onCall = [&](int current) {
+      if (current != call) return;
+      wasBusy = report.print() == PrintEnd::Busy;
+      EXPECT_FALSE(report.SetReportWidth(40));
+    };
+    EXPECT_EQ(print(L"a\r\n__\r\nb"), whole) << call;
+    EXPECT_TRUE(wasBusy) << call;
+    EXPECT_EQ(world.printer.size, 14) << "fitted after the job, call " << call;
+    world.printer.onCall = [](int) {};
+    report.SetReportWidth(120);
+  }
+}
+
+TEST_F(ReportPrinting, ReportThatNobodySawIsPrintedFromItsBuffer) {
+  Report unseen = world.report();
+  unseen.Add(L"a", 0);
+  world.box.setText(L"untouched");
+  EXPECT_EQ(unseen.print(), PrintEnd::Printed);
+  EXPECT_EQ(world.printer.pages, (Pages{{L" |", L"a |"}}));
+  EXPECT_FALSE(unseen.loaded());
+  EXPECT_EQ(world.box.content, L"untouched");
 }
 
 TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {

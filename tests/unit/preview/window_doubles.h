@@ -4,10 +4,12 @@
 #include "basic/text.h"
 #include "preview/quick_view_window.h"
 #include "preview/report_dialogs.h"
+#include "preview/report_files.h"
 #include "preview/report_text_box.h"
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,8 +27,6 @@ class TextBoxDouble : public ReportTextBox {
   double size = 0;
   double margin = 0;
   bool locked = false;
-  bool writable = true;
-  std::wstring savedAs;
   std::vector<std::int32_t> searchedFrom;
   int refreshes = 0;
 
@@ -53,18 +53,49 @@ class TextBoxDouble : public ReportTextBox {
     select(static_cast<std::int32_t>(at), static_cast<std::int32_t>(text.size()));
     return true;
   }
-  std::wstring fontName() override { return font; }
-  void setFontName(const std::wstring& name) override { font = name; }
-  double fontSize() override { return size; }
-  void setFontSize(double points) override { size = points; }
+  void setFont(const std::wstring& name, double points) override {
+    font = name;
+    size = points;
+  }
   double rightMargin() override { return margin; }
   void setRightMargin(double twips) override { margin = twips; }
   void setLocked(bool value) override { locked = value; }
-  bool saveToFile(const std::wstring& path) override {
-    savedAs = path;
-    return writable;
-  }
   void refresh() override { ++refreshes; }
+};
+
+// A disk; a text's bytes are its characters.
+class FilesDouble : public ReportFiles {
+ public:
+  std::map<std::wstring, std::string> contents;  // by path
+  int failingCall = 0;                           // counted from 1; 0 for none
+  int calls = 0;
+
+  std::string encoded(std::wstring_view text) override { return {text.begin(), text.end()}; }
+  std::wstring create(const std::wstring& path) override {
+    std::wstring failure = answer(L"CreateFile");
+    if (failure.empty()) contents[open_ = path].clear();
+    return failure;
+  }
+  std::wstring write(std::string_view bytes) override {
+    std::wstring failure = answer(L"WriteFile");
+    contents[open_] = bytes.substr(0, failure.empty() ? bytes.size() : 1);
+    return failure;
+  }
+  std::wstring finish() override { return answer(L"FlushFileBuffers"); }
+  std::wstring putInPlace(const std::wstring& beside, const std::wstring& path) override {
+    std::wstring failure = answer(L"MoveFileEx");
+    if (failure.empty()) {
+      contents[path] = contents[beside];
+      contents.erase(beside);
+    }
+    return failure;
+  }
+  void remove(const std::wstring& path) noexcept override { contents.erase(path); }
+
+ private:
+  std::wstring answer(const wchar_t* call) { return ++calls == failingCall ? call : L""; }
+
+  std::wstring open_;
 };
 
 // Answers as it was told to, and keeps what was shown as "title: text".

@@ -5,12 +5,15 @@
 
 #include <windows.h>
 
+#include <utility>
+#include <vector>
+
 namespace corvid {
 
-inline OpenedPrinter noPrinter() { return {}; }
+inline OpenedPrinter noPrinter(ContextKind) { return {}; }
 
 // A device that measures by the screen and takes no documents.
-inline OpenedPrinter screenAsPrinter() {
+inline OpenedPrinter screenAsPrinter(ContextKind) {
   return {DeviceContext(CreateCompatibleDC(nullptr)), L"Screen"};
 }
 
@@ -46,21 +49,39 @@ class HostWindow {
   HWND window_;
 };
 
-// The control key is down, meanwhile.
-class HeldControlKey {
+// The thread's windows are refused as they are made, meanwhile.
+class NoNewWindows {
  public:
-  HeldControlKey() { set(0x80); }
-  HeldControlKey(const HeldControlKey&) = delete;
-  HeldControlKey& operator=(const HeldControlKey&) = delete;
-  ~HeldControlKey() { set(0); }
+  NoNewWindows() { hook_ = SetWindowsHookExW(WH_CBT, refuse, nullptr, GetCurrentThreadId()); }
+  NoNewWindows(const NoNewWindows&) = delete;
+  NoNewWindows& operator=(const NoNewWindows&) = delete;
+  ~NoNewWindows() { UnhookWindowsHookEx(hook_); }
 
  private:
-  static void set(BYTE state) {
+  static LRESULT CALLBACK refuse(int code, WPARAM, LPARAM) {
+    return code == HCBT_CREATEWND ? 1 : 0;
+  }
+
+  HHOOK hook_ = nullptr;
+};
+
+// Keys are down, meanwhile.
+class HeldKeys {
+ public:
+  explicit HeldKeys(std::vector<int> keys) : keys_(std::move(keys)) { set(0x80); }
+  HeldKeys(const HeldKeys&) = delete;
+  HeldKeys& operator=(const HeldKeys&) = delete;
+  ~HeldKeys() { set(0); }
+
+ private:
+  void set(BYTE state) const {
     BYTE keys[256] = {};
     GetKeyboardState(keys);
-    keys[VK_CONTROL] = state;
+    for (const int key : keys_) keys[key] = state;
     SetKeyboardState(keys);
   }
+
+  std::vector<int> keys_;
 };
 
 inline void runPendingMessages() {

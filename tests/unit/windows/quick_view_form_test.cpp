@@ -3,6 +3,7 @@
 
 #include "basic/run_time_error.h"
 #include "desktop.h"
+#include "support/error_of.h"
 #include "support/fake_settings.h"
 #include "windows/report_views.h"
 #include "windows/twips.h"
@@ -12,7 +13,11 @@
 // Needs windows.h first.
 #include <commctrl.h>
 
+#include <array>
+#include <cstdlib>
+#include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -300,16 +305,56 @@ TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
   click(Control::imgFontShrink, STN_CLICKED);
   EXPECT_EQ(size(), before + 1);
   EXPECT_NE(SendMessageW(control(Control::imgFontGrow), STM_GETICON, 0, 0), 0);
-  press(control(Control::cbCerrar), VK_ADD);
-  EXPECT_EQ(size(), before + 1) << "only with Ctrl";
   {
-    const HeldControlKey held;
+    const HeldKeys held({VK_CONTROL});
     press(control(Control::cbCerrar), VK_ADD);
     EXPECT_EQ(size(), before + 2);
-    press(control(Control::Text1), VK_OEM_MINUS);
-    press(control(Control::Text1), VK_SUBTRACT);
   }
-  EXPECT_EQ(size(), before);
+  {
+    const HeldKeys held({VK_CONTROL, VK_MENU});
+    press(control(Control::cbCerrar), VK_ADD);
+    EXPECT_EQ(size(), before + 2) << "AltGr writes characters";
+  }
+  const auto turn = [this](WORD keys, int delta) {
+    SendMessageW(control(Control::Text1), WM_MOUSEWHEEL, MAKEWPARAM(keys, static_cast<WORD>(delta)),
+                 0);
+  };
+  turn(MK_CONTROL, -60);
+  EXPECT_EQ(size(), before + 2) << "half a notch";
+  turn(MK_CONTROL, -60);
+  turn(0, -1200);
+  EXPECT_EQ(size(), before + 1);
+  turn(MK_CONTROL, -30 * 120);
+  EXPECT_EQ(size(), 5);
+}
+
+// Without a mouse and without eyes.
+TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
+  for (const ControlText& text : controlTexts()) {
+    auto* const window = control(text.control);
+    wchar_t before[100] = {};
+    GetWindowTextW(GetWindow(window, GW_HWNDPREV), before, 100);
+    if (text.control == Control::Text1) {
+      EXPECT_STREQ(before, L"Texto del reporte");
+    } else if (text.control == Control::Text2) {
+      EXPECT_STREQ(before, L"Margen Izq.:");
+    } else {
+      EXPECT_NE(textOf(text.control), L"") << idOf(text.control);
+    }
+    EXPECT_EQ(SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+  }
+}
+
+TEST_F(Form, MenuOfTheTextSelectsAll) {
+  form_->Show(false, nullptr);
+  auto* const text = control(Control::Text1);
+  for (const auto key : {WPARAM{VK_DOWN}, WPARAM{VK_DOWN}, WPARAM{VK_RETURN}})
+    PostMessageW(text, WM_KEYDOWN, key, 0);
+  SendMessageW(text, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text), -1);
+  CHARRANGE range{};
+  SendMessageW(text, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+  EXPECT_EQ(range.cpMin, 0);
+  EXPECT_GE(range.cpMax, 30);
 }
 
 TEST_F(Form, TextIsLockedUnlessTheSettingOpensIt) {
@@ -319,28 +364,116 @@ TEST_F(Form, TextIsLockedUnlessTheSettingOpensIt) {
   EXPECT_EQ(GetWindowLongPtrW(control(Control::Text1), GWL_STYLE) & ES_READONLY, 0);
 }
 
-TEST_F(Form, OwnerThatGoesTakesTheWindowAlong) {
+TEST_F(Form, OwnerThatGoesTakesTheWindowAlongAndANewOneIsAsItWas) {
   {
     const HostWindow owner;
     form_->Show(false, owner.get());
     EXPECT_EQ(GetWindow(form_->hWnd(), GW_OWNER), owner.get());
+    form_->setCaption(L"Cierre Z");
+    form_->setWidth(13500);
+    form_->setTop(750);
+    form_->view().growScreenFont();
   }
   EXPECT_FALSE(form_->Visible());
   EXPECT_EQ(host_->timesHidden, 1);
   form_->view().report().Add(L"fourth", 0);
   form_->Show(false, nullptr);
   EXPECT_EQ(textOf(Control::Text1), L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
+  wchar_t caption[100] = {};
+  GetWindowTextW(form_->hWnd(), caption, 100);
+  EXPECT_STREQ(caption, L"Cierre Z");
+  EXPECT_EQ(form_->Width(), 13500);
+  EXPECT_EQ(form_->Top(), 750);
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  SendMessageW(control(Control::Text1), EM_GETCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format));
+  EXPECT_EQ(format.yHeight, 200);
 }
 
-TEST_F(Form, ModalShowingReturnsAtOnceWhereNobodySeesIt) {
+TEST_F(Form, MinimisedOneThatIsShownAgainComesUp) {
+  form_->Show(false, nullptr);
+  ShowWindow(form_->hWnd(), SW_MINIMIZE);
+  form_->Show(false, nullptr);
+  EXPECT_EQ(IsIconic(form_->hWnd()), FALSE);
+  ShowWindow(form_->hWnd(), SW_MINIMIZE);
+  form_->Hide();
+  form_->Show(false, nullptr);
+  EXPECT_EQ(IsIconic(form_->hWnd()), FALSE);
+}
+
+TEST_F(Form, ShowingIsAsIfClosedAtOnceWhereNobodySeesIt) {
   static_cast<void>(form_->hWnd());
+  const std::weak_ptr<QuickViewForm> watched = form_;
   {
     const HiddenDesktop hidden;
-    form_->Show(true, nullptr);
+    for (const bool isModal : {false, true}) form_->Show(isModal, nullptr);
   }
   EXPECT_FALSE(form_->Visible());
   EXPECT_TRUE(form_->view().report().loaded()) << "as if shown and closed";
   EXPECT_EQ(host_->timesShown, 0);
+  form_.reset();
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(Form, WindowThatCannotBeMadeIsAnErrorOfTheHost) {
+  const NoNewWindows refused;
+  EXPECT_EQ(errorOf([&] { return form_->Show(false, nullptr), 0; }), 7);
+  EXPECT_EQ(errorOf([&] { return form_->hWnd() != nullptr; }), 7);
+  EXPECT_EQ(form_->Caption(), L"Documento: Vista R\u00E1pida") << "needs none";
+  WindowsReportViews views(noPrinter);
+  const std::shared_ptr<ReportView> view = views.create(sources_);
+  view->Add(L"line");
+  EXPECT_EQ(errorOf([&] { return view->showModal(), 0; }), 7);
+}
+
+TEST_F(Form, EachThreadHasModalWindowsOfItsOwn) {
+  const auto show = [this] {
+    const auto form = QuickViewForm::create(sources_, std::make_shared<RecordingHost>(), noPrinter);
+    for (int i = 0; i < 5; ++i) {
+      PostMessageW(form->hWnd(), WM_CLOSE, 0, 0);
+      form->Show(true, nullptr);
+    }
+  };
+  std::thread other(show);
+  show();
+  other.join();
+}
+
+TEST_F(Form, PrintsThoughItsOwnerGoesMeanwhile) {
+  auto owner = std::make_unique<HostWindow>();
+  form_->Show(false, owner->get());
+  int opened = 0;
+  auto printing = QuickViewForm::create(sources_, host_, [&](ContextKind kind) {
+    if (++opened == 2) owner.reset();
+    return screenAsPrinter(kind);
+  });
+  printing->Show(false, owner->get());
+  auto* const window = printing->hWnd();
+  EXPECT_EQ(printing->view().report().print(), PrintEnd::Failed) << "a screen takes no document";
+  EXPECT_EQ(IsWindow(window), FALSE);
+  EXPECT_FALSE(printing->Visible());
+}
+
+// As many as CORVID_CALLS says.
+TEST_F(Form, RoundsOfShowPrintAndCloseLeaveNothingBehind) {
+  const char* const asked = std::getenv("CORVID_CALLS");
+  const int rounds = asked != nullptr ? std::atoi(asked) : 5;
+  std::array<long, 4> before{};
+  const auto owned = [] {
+    return std::array<long, 4>{DeviceContext::living(), Font::living(), Icon::living(),
+                               FileHandle::living()};
+  };
+  form_.reset();
+  for (int i = 0; i <= rounds; ++i) {
+    form_ = QuickViewForm::create(sources_, host_, screenAsPrinter);
+    add({L"line"});
+    form_->Show(false, nullptr);
+    EXPECT_EQ(form_->view().report().print(), PrintEnd::Failed) << "a screen takes no document";
+    push(Control::cbCerrar);
+    form_.reset();
+    if (i == 0) before = owned();
+  }
+  EXPECT_EQ(owned(), before);
 }
 
 TEST_F(Form, StandsInForThePrinter) {

@@ -21,6 +21,13 @@ class TextBox : public testing::Test {
     box_.attach(control_);
   }
 
+  // Pixels from the left edge.
+  LONG placeOf(LONG heldPosition) {
+    POINTL place{};
+    SendMessageW(control_, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), heldPosition);
+    return place.x;
+  }
+
   HostWindow host_;
   HWND control_ = nullptr;
   RichEditTextBox box_{[] { FAIL() << "there is a control"; }};
@@ -127,14 +134,11 @@ TEST_F(TextBox, HoldsMoreThanTheControlsUsualLimit) {
   EXPECT_EQ(box_.text(), text + L"end");
 }
 
-TEST_F(TextBox, FontIsOfTheWholeText) {
+TEST_F(TextBox, FontAndTabsAreOfTheWholeText) {
   box_.setText(L"abc");
-  box_.setFontName(L"Courier New");
-  box_.setFontSize(11.5);
-  box_.setText(L"other");
-  box_.append(L" text");
-  EXPECT_EQ(box_.fontName(), L"Courier New");
-  EXPECT_EQ(box_.fontSize(), 11.5);
+  box_.setFont(L"Courier New", 11.5);
+  box_.setText(L"\tother\r\n1234567\tx");
+  box_.append(L"\r\n12345678\tx");
   box_.select(7, 1);
   CHARFORMATW format{};
   format.cbSize = sizeof format;
@@ -142,20 +146,43 @@ TEST_F(TextBox, FontIsOfTheWholeText) {
   EXPECT_EQ(format.yHeight, 230) << "twips";
   EXPECT_STREQ(format.szFaceName, L"Courier New");
   EXPECT_EQ(format.dwEffects & CFE_BOLD, 0U);
+  const LONG column = placeOf(8) - placeOf(7);  // of the second line, which begins at 7
+  EXPECT_NEAR(placeOf(1), placeOf(0) + 8 * column, 2);
+  EXPECT_NEAR(placeOf(15), placeOf(7) + 8 * column, 2);
+  EXPECT_NEAR(placeOf(26), placeOf(17) + 16 * column, 2);
+  box_.setFont(L"Courier New", 20);
+  EXPECT_NEAR(placeOf(26), placeOf(17) + 16 * (placeOf(8) - placeOf(7)), 2);
 }
 
-TEST_F(TextBox, IsSavedAsBytesOfTheSystemCodePage) {
-  const TempFolder folder;
-  const std::wstring path = folder.file(L"report.txt");
-  std::ofstream(std::filesystem::path(path)) << "something longer that stood there before";
-  box_.setText(L"Pe\u00F1a\r\n12 \u20AC");
-  ASSERT_TRUE(box_.saveToFile(path));
-  char expected[32] = {};
-  WideCharToMultiByte(CP_ACP, 0, L"Pe\u00F1a\r\n12 \u20AC", -1, expected, sizeof expected, nullptr,
-                      nullptr);
-  EXPECT_EQ(bytesOf(path), expected);
-  EXPECT_FALSE(box_.saveToFile(folder.path().wstring())) << "a folder is no file";
-  EXPECT_FALSE(box_.saveToFile(folder.file(L"none\\report.txt")));
+TEST_F(TextBox, LinesAreHandedOverTogetherAndBeforeAnyoneLooks) {
+  box_.setText(L"a");
+  const int before = box_.handOvers();
+  for (int i = 0; i < 100; ++i) box_.append(L"\r\nb");
+  EXPECT_EQ(box_.handOvers(), before) << "nobody looked";
+  const LRESULT length = SendMessageW(control_, WM_GETTEXTLENGTH, 0, 0);
+  EXPECT_EQ(length, 1 + 100 * 3) << "a message from outside";
+  EXPECT_EQ(box_.handOvers(), before + 1);
+  box_.append(L"\r\nlast");
+  EXPECT_TRUE(box_.find(L"last", 0));
+  EXPECT_EQ(box_.selectionLength(), 4);
+  EXPECT_EQ(box_.handOvers(), before + 2);
+}
+
+TEST_F(TextBox, HostThatRunsItsMessagesAfterEachLineSeesThemSoonAndCheaply) {
+  ShowWindow(control_, SW_SHOW);
+  box_.setText(L"");
+  const int before = box_.handOvers();
+  const ULONGLONG start = GetTickCount64();
+  int lines = 0;
+  while (GetTickCount64() - start < 600) {
+    box_.append(L"line\r\n");
+    ++lines;
+    runPendingMessages();
+  }
+  EXPECT_GE(box_.handOvers() - before, 2) << "the timer's";
+  EXPECT_LE(box_.handOvers() - before, 7) << "ten a second";
+  EXPECT_GT(lines, 50);
+  EXPECT_EQ(box_.length(), lines * 6);
 }
 
 TEST(TextBoxWithoutControl, AsksForOneAndElseIsEmpty) {
