@@ -2,6 +2,7 @@
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
 add_test(NAME checks.layers COMMAND ${scripts}/check-layers)
 add_test(NAME checks.format COMMAND ${scripts}/check-format)
+add_test(NAME checks.guide COMMAND ${scripts}/check-guide)
 foreach(folder src/basic src/platform src/protocol src/transport src/exchange src/records src/session src/documents src/preview simulator)
   string(REPLACE "src/" "" name ${folder})
   add_test(NAME lint.${name} COMMAND ${scripts}/check-lint ${folder})
