@@ -87,6 +87,17 @@ CASES = {
     ], (2, 0), advice="Por pagar: antes 0, ahora 58"),
 }  # fmt: skip
 
+RECOVER = ["cscript", "//nologo", windows_path(ROOT / "examples" / "recover.vbs")]
+KEPT = 4  # the last invoice's number before the sale that the power cut ended
+ITEM = 'p.PasarItem "Pan", 10, 1, 16\n'
+# What stood at the printer when the power went, and what the host says when it is back.
+POWER_CUTS = {
+    "nothing": ("", "no se cerr"),
+    "invoice": (ITEM, "anulado. Venda de nuevo."),
+    "closed": (ITEM + "p.CerrarComprobante", "con la factura 5."),
+    "text": ('p.PrintNoFiscal "Nota", False', "no fiscal abierto: cerrado."),
+}
+
 
 class Examples(HostTest):
     def test_each_host_makes_the_sale(self):
@@ -132,6 +143,22 @@ class Examples(HostTest):
                 self.assertIn(line, output, name)
             paper = printer.paper()
             self.assertEqual(tuple(map(paper.count, ARTICLES)), case.paper, name)
+
+    def test_a_host_recovers_from_a_power_cut(self):
+        self.run_together([
+            functools.partial(self.recover, *job)
+            for job in zip(PORTS, POWER_CUTS, POWER_CUTS.values())
+        ])  # fmt: skip
+
+    def recover(self, port, name, case):
+        left_behind, words = case
+        with self.printer(port, name, ["--last-invoice", str(KEPT)]) as printer:
+            begun = f"Set p = NewPrinter()\np.Abrir <port>\n{left_behind}"
+            self.run_script(begun, port, f"{name}.vbs")
+            output = self.start_host([*RECOVER, port, KEPT])[0].whole
+            for line in (words, "\nfin\n"):
+                self.assertIn(line, output, name)
+            self.assertIn("status 96 64", printer.tell("state"), name)
 
 
 if __name__ == "__main__":
