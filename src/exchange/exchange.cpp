@@ -177,9 +177,11 @@ bool Exchange::awaitStatus() {
   const Look written = line_.writeSurely(opening, thread_.codePage().encode(kEnquiry));
   if (!isUsable(written)) return false;
   opening->isSettled = false;
+  ++opening->statusesDue;
   const WaitEnd end = WaitForReply(true);
   if (end == WaitEnd::Closed || end == WaitEnd::Lost) return false;
   if (const std::optional<ReplyEvent> status = std::exchange(member_.block, std::nullopt)) {
+    --opening->statusesDue;
     Outcome& outcome = state_.outcome;
     outcome.STS1 = status->statusByte(0);
     outcome.STS2 = status->statusByte(1);

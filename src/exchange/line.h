@@ -21,6 +21,9 @@ struct Opening {
   // False while an answer may be under way that nobody waits for: at first, since a session before
   // this one may have asked.
   bool isSettled = false;
+  // Status requests without an answer since the last block that had one. Answers keep the order of
+  // what they answer, so theirs may come before the next block's, and are not that.
+  int statusesDue = 0;
   int failuresInARow = 0;  // calls that failed
   double firstFailure = 0;
 };

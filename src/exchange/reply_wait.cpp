@@ -117,7 +117,7 @@ std::optional<WaitEnd> ReplyWait::concludeBlock(ReplyEvent& event) {
     showCollected(event.collected, false);
     return WaitEnd::Damaged;
   }
-  if (terms_.forStatus && !event.isStatus()) {
+  if (terms_.forStatus ? !event.isStatus() : isLateStatus(event)) {
     trace_.traceWith([&] { return L"Dropped: <-" + escaped(event.collected); });
     outcome_.result.clear();
     return std::nullopt;
@@ -126,6 +126,13 @@ std::optional<WaitEnd> ReplyWait::concludeBlock(ReplyEvent& event) {
   showCollected(event.collected, true);
   block_ = std::move(event);
   return WaitEnd::Block;
+}
+
+// The answer to a status request that was not answered in time.
+bool ReplyWait::isLateStatus(const ReplyEvent& event) {
+  if (opening_->statusesDue == 0 || !event.isStatus()) return false;
+  --opening_->statusesDue;
+  return true;
 }
 
 void ReplyWait::traceCheckByte(const ReplyEvent& event) {

@@ -51,6 +51,7 @@ class ReplyWait {
   std::optional<WaitEnd> concludeBlock(ReplyEvent& event);
   WaitEnd concludeAnswer(WaitEnd end, controlValues flag, const wchar_t* words);
   std::optional<WaitEnd> acknowledgeRequest();
+  bool isLateStatus(const ReplyEvent& event);
   void traceCheckByte(const ReplyEvent& event);
   void showCollected(std::string_view bytes, bool isReady);
   void dropRest();

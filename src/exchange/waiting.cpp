@@ -40,6 +40,7 @@ WaitEnd Exchange::collectReply(bool forStatus) {
   const bool isAnswered = end == WaitEnd::Block ||
                           (!forStatus && (end == WaitEnd::Accepted || end == WaitEnd::Refused));
   opening->isSettled = isAnswered && wait.tookAll();
+  if (isAnswered && !forStatus) opening->statusesDue = 0;
   if (!isAnswered) noteSilence(forStatus, timeOut.elapsedSeconds());
   if (end == WaitEnd::Lost) member_.gaveUp = true;
   return concludeWait(end);

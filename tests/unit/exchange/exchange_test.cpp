@@ -247,6 +247,23 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
 }
 
+// A printer that answers late may send two statuses; where the command is lost then, the second one
+// passed for its answer.
+TEST(Exchange, SecondOfTwoLateStatusesIsNoAnswerToACommand) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.printer().answersToStatus = {Answer{}, Answer{}};
+  bench.printer().answersToBlock = {Answer{}};
+  bench.world().pump.whenYielded = [&, isSent = false]() mutable {
+    if (bench.printer().statusRequests < 2 || std::exchange(isSent, true)) return;
+    for (const double delay : {0.05, 0.2}) {
+      bench.world().serial.deliver("\x02\x60\x40\x03\x23", delay);
+    }
+  };
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 2U);
+  EXPECT_EQ(bench.exchange().lastSend().outcome(), envAceptadoDudoso);
+}
+
 // Lost, garbled or late: without an ACK within the time-out a command is sent again.
 TEST(Exchange, CommandWithoutAcknowledgementInTimeIsSentTwice) {
   const struct {
