@@ -26,6 +26,8 @@ WaitEnd ReplyWait::run() {
   });
   Pauses::Wait pauses(line_.pauses());
   for (;;) {
+    // A look may take its time, and what came in time counts: one more look after the end.
+    const bool isLast = isOver();
     std::optional<ReplyEvent> event = nextEvent(pauses);
     if (gone_) return *gone_;
     if (event) {
@@ -34,7 +36,7 @@ WaitEnd ReplyWait::run() {
         return *end;
       }
     }
-    if (isOver()) {
+    if (isLast && isOver()) {
       trace_.traceWith([] { return L"TIMEOUT!"; });
       return WaitEnd::TimeOut;
     }

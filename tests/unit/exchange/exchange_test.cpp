@@ -264,6 +264,17 @@ TEST(Exchange, SecondOfTwoLateStatusesIsNoAnswerToACommand) {
   EXPECT_EQ(bench.exchange().lastSend().outcome(), envAceptadoDudoso);
 }
 
+// Where a read lasts as long as the wait, its bytes came in time.
+TEST(Exchange, AnswerThatCameWithTheLastReadCounts) {
+  SessionBench bench({{L"TimeOut", L"1"}});
+  bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
+  bench.world().serial.driver.reads = DriverModel::Reads::WaitOut;
+  bench.open();
+  bench.printer().answersToBlock = {{"\5\6"}};
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+}
+
 // Lost, garbled or late: without an ACK within the time-out a command is sent again.
 TEST(Exchange, CommandWithoutAcknowledgementInTimeIsSentTwice) {
   const struct {
