@@ -127,12 +127,11 @@ std::int32_t modCOMM::CommClose(std::int16_t port) {
   environment_.dump.close();
   if (!record.open) return 0;
   const bool isClosed = environment_.calls.closeHandle(record.handle);
-  const std::int32_t error = isClosed ? 0 : fail(L"CommClose (CloseHandle)");
   // A handle that does not close belongs to a device that is gone; kept, it would keep the port.
   record.open = false;
   record.handle = kInvalidSerialHandle;
   environment_.inUse.giveBack(port);
-  return error;
+  return isClosed ? 0 : fail(L"CommClose (CloseHandle)");
 }
 
 std::int32_t modCOMM::CommRead(std::int16_t port, std::string& data, std::int32_t size) {

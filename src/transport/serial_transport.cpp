@@ -12,10 +12,18 @@ constexpr double kWaitingSeconds = 0.5;  // half of the port's time-out for a re
 }  // namespace
 
 std::int32_t SerialTransport::open() {
-  const bool wasOpen = comm_.isOpen(port_);
+  // Before: where the opening throws, what it has opened is closed with the stream.
+  ownsRecord_ = !comm_.isOpen(port_);
   const std::int32_t error = comm_.CommOpen(port_, L"COM" + std::to_wstring(port_), kLineSettings);
-  ownsRecord_ = !wasOpen && comm_.isOpen(port_);
+  ownsRecord_ = isOpen();
   return error;
+}
+
+SerialTransport::~SerialTransport() {
+  try {
+    close();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the handle is closed by then
+  }
 }
 
 std::int32_t SerialTransport::close() {

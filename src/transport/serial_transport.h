@@ -17,6 +17,9 @@ class SerialTransport : public Transport {
   // `readsExactly` is the setting "LecturaInmediata".
   SerialTransport(modCOMM& comm, Clock& clock, std::int16_t port, bool readsExactly)
       : comm_(comm), clock_(clock), port_(port), readsExactly_(readsExactly) {}
+  SerialTransport(const SerialTransport&) = delete;
+  SerialTransport& operator=(const SerialTransport&) = delete;
+  ~SerialTransport() override;
 
   std::int32_t open() override;
   std::int32_t close() override;

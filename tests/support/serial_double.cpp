@@ -1,5 +1,7 @@
 #include "support/serial_double.h"
 
+#include "support/in_seam.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -74,6 +76,7 @@ std::vector<std::uint32_t> SerialDouble::numbersOf(const std::string& call) cons
 }
 
 void SerialDouble::note(const std::string& call, std::initializer_list<std::uint32_t> numbers) {
+  const InSeam seam;
   for (const std::uint32_t number : numbers) numbers_.push_back({call, number});
 }
 
@@ -85,6 +88,7 @@ void SerialDouble::clearLog() {
 }
 
 bool SerialDouble::use(const std::string& call) {
+  const InSeam seam;
   calls_.push_back(call);
   const std::optional<std::uint32_t> error = faults_.use(call);
   if (error) lastError_ = *error;
@@ -107,6 +111,7 @@ std::size_t SerialDouble::countDue(const Line& line) const {
 }
 
 SerialHandle SerialDouble::createFile(const std::wstring& name) {
+  const InSeam seam;
   opened_.push_back(name);
   if (!use("createFile")) return kInvalidSerialHandle;
   for (const auto& [handle, line] : open_) {
@@ -195,6 +200,7 @@ bool SerialDouble::readFile(SerialHandle handle, char* buffer, std::uint32_t siz
 }
 
 std::uint32_t SerialDouble::send(SerialHandle handle, std::string_view bytes) {
+  const InSeam seam;
   auto count = static_cast<std::uint32_t>(bytes.size());
   if (shortWriteCountdown_ > 0 && --shortWriteCountdown_ == 0) count -= shortBy_;
   written_.emplace_back(bytes);
