@@ -304,52 +304,6 @@ TEST(Exchange, ClockThatIsSetForwardEndsNoWait) {
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
 }
 
-TEST(Exchange, ClosingEndsACommandAtEachYield) {
-  for (int nth = 1;; ++nth) {
-    OpenBench bench;
-    bench.printer().answersToBlock = {{"\5\6"}};
-    bool isClosed = false;
-    bench.atYield(nth, [&] {
-      bench.session().Cerrar();
-      isClosed = true;
-    });
-    const std::int16_t result = bench.session().Execute(L"w");
-    if (!isClosed) {
-      EXPECT_GT(nth, 5);
-      return;
-    }
-    EXPECT_EQ(result, pfCommError) << nth;
-    EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO") << nth;
-  }
-}
-
-TEST(Exchange, DeviceThatIsGoneEndsTheCommandAtOnceAndOpensAgain) {
-  for (const char* call : {"clearCommError", "writeFile"}) {
-    for (int nth = 1; nth <= 2; ++nth) {
-      OpenBench bench;
-      bench.world().serial.failFrom(call, nth, 22);
-      bench.world().serial.failFrom("closeHandle", 1, 22);
-      const double start = bench.world().clock.total();
-      EXPECT_EQ(bench.session().Execute(L"w"), pfCommError) << call;
-      EXPECT_EQ(bench.outcome().DescripcionError, L"pfError de comunicacion") << call;
-      const bool waitsForTheBlock = nth == 2 && call == std::string("writeFile");
-      EXPECT_LT(bench.world().clock.total() - start, waitsForTheBlock ? 11 : 0.2) << call << nth;
-      bench.session().Cerrar();
-      bench.world().serial.repair();
-      bench.session().Abrir(8);
-      EXPECT_EQ(bench.session().Execute(L"e"), 0) << call;
-    }
-  }
-}
-
-TEST(Exchange, ErrorThatPassesIsWaitedOut) {
-  OpenBench bench;
-  for (const int nth : {2, 3, 5, 6}) bench.world().serial.failNth("clearCommError", nth, 22);
-  bench.world().serial.failNth("writeFile", 1, 22);
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(bench.printer().blocks.size(), 1U);
-}
-
 TEST(Exchange, ShortWriteIsTraced) {
   OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
   bench.world().serial.shortenWrite(2, 1);

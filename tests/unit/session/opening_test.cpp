@@ -81,14 +81,6 @@ TEST(Opening, FailureOfAnyCallIsRaisedAndTheNextOpeningWorks) {
   }
 }
 
-TEST(Opening, RefusedLineSignalsDoNotMatter) {
-  SessionBench bench;
-  bench.session().state().SerialPrinter = L"KNOWN";
-  bench.world().serial.failFrom("escapeCommFunction", 1, 50);
-  bench.session().Abrir(7);
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-}
-
 TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
   OpenBench bench;
   auto second = bench.another();

@@ -72,44 +72,6 @@ TEST(Summary, OnlyModelsThatExistHaveAName) {
   }
 }
 
-TEST(Summary, StaysThatOfTheClosedDayUntilTheNextDocument) {
-  Bench bench(ofModel("long-30"));
-  ASSERT_EQ(bench.firstRefused(knownDay()), "");
-  const Fields before = bench.fields("U0Z");
-  ASSERT_EQ(bench.command("I0Z"), kAckAnswer);
-  Fields closed = before;
-  closed[0] = "0001";
-  closed[1] = "260314";
-  closed[2] = "103015";
-  EXPECT_EQ(bench.fields("U0Z"), closed);
-  EXPECT_EQ(bench.fields("U0X")[9], "0000000000") << "nothing of the new day";
-  ASSERT_EQ(bench.firstRefused({item(" ", 700, 1000, "A"), "101"}), "");
-  const Fields next = bench.fields("U0Z");
-  EXPECT_EQ(Fields(next.begin(), next.begin() + 4),
-            (Fields{"0001", "260314", "103015", "00000004"}));
-  EXPECT_EQ(next[9], "0000000700");
-  EXPECT_EQ(next[10], "0000000000");
-}
-
-TEST(Day, TotalsAreThoseOfReceiptsAndOfPayments) {
-  Bench bench;
-  ASSERT_EQ(bench.firstRefused(knownDay()), "");
-  const std::vector<Amount> totals = {21120 + 10440 + 150 + 3350 + 101, 4077 + 122,
-                                      2273 + 68 + 100};
-  for (std::size_t kind = 0; kind < kDocumentKinds; ++kind) {
-    const KindOfDay& sums = bench.printer.machine().memory.today().kinds.at(kind);
-    EXPECT_EQ(sums.total, totals.at(kind));
-    EXPECT_EQ(std::accumulate(sums.payments.begin(), sums.payments.end(), Amount{0}), sums.total);
-  }
-  Fields method(24, "0000000000");
-  method[0] = "S40000021120";
-  method[1] = "0000005440";
-  method[19] = "0000005150";
-  method[21] = "0000004199";
-  method[23] = "0000003451";
-  EXPECT_EQ(bench.fields("S4"), method);
-}
-
 TEST(Day, XLeavesTheDayAndZEndsIt) {
   Bench bench(ofModel("long-41"));
   ASSERT_EQ(bench.firstRefused(knownDay()), "");
@@ -160,29 +122,6 @@ TEST(Day, ZReportsAreFoundByNumberAndByDate) {
   EXPECT_NE(report.find("CIERRE Z:                           0003"), std::string::npos);
 }
 
-TEST(DocumentState, FollowsTheSale) {
-  Bench bench;
-  const struct {
-    std::string command;
-    const char* reply;
-  } kCases[] = {
-      {item("!", 1000, 2500, "A"), "S2 0000002500\n0000000400\n0000002900\n2.5\n0000002900\n0\n1"},
-      {item(" ", 1000, 1000, "B"), "S2 0000003500\n0000000400\n0000003900\n3.5\n0000003900\n0\n1"},
-      {item("\xA1", 1000, 500, "A"), "S2 0000003000\n0000000320\n0000003320\n3\n0000003320\n0\n1"},
-      {"220000000001000", "S2 0000003000\n0000000320\n0000003320\n3\n0000002320\n1\n1"},
-      {"101", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n0"},
-      {"D+01,00||0,125||C", "S2 0000000013\n0000000000\n0000000013\n0.125\n0000000013\n0\n2"},
-      {"101", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n0"},
-      {item("d0", 100, 1000, "D"), "S2 0000000100\n0000000000\n0000000100\n1\n0000000100\n0\n3"},
-      {"f01000000000000", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n0"},
-      {"800TEXT", "S2 0000000000\n0000000000\n0000000000\n0\n0000000000\n0\n4"},
-  };
-  for (const auto& step : kCases) {
-    ASSERT_EQ(bench.command(step.command), kAckAnswer) << step.command;
-    EXPECT_EQ(bench.command("S2"), framed(step.reply)) << step.command;
-  }
-}
-
 TEST(Levy, StandsOnTheReceipt) {
   Bench bench;
   ASSERT_EQ(bench.firstRefused({item(" ", 10440, 1000, "A"), "220000000005000", "102"}), "");
@@ -193,19 +132,6 @@ TEST(Levy, StandsOnTheReceipt) {
                                "TOTAL CON IGTF                 Bs 105,90\n"),
             std::string::npos)
       << bench.paper();
-}
-
-TEST(Levy, IsDueOnlyFromTheFirstForeignMethodAndWhereThePrinterKnowsIt) {
-  for (const auto& [payment, rate, tax] :
-       {std::tuple{"119", "20300", 0}, std::tuple{"120", "20300", 30},
-        std::tuple{"124", "20300", 30}, std::tuple{"120", "20250", 25},
-        std::tuple{"120", "none", 0}}) {
-    Configuration configuration;
-    configuration.igtf = parsedRate(rate);
-    Bench bench(configuration);
-    ASSERT_EQ(bench.firstRefused({item(" ", 1000, 1000, "A"), payment}), "");
-    EXPECT_EQ(bench.printer.machine().memory.today().kinds[0].levy.tax, tax) << payment << rate;
-  }
 }
 
 }  // namespace

@@ -91,33 +91,6 @@ TEST(Line, RangeWithoutZReportsIsRefused) {
   EXPECT_EQ(bench.command("U3A00000100000"), kNakAnswer);
 }
 
-TEST(Replies, CountersInBothLayouts) {
-  const std::vector<std::string> day = {item("!", 10000, 1000, "A"),
-                                        "101",
-                                        item(" ", 500, 1000, "B"),
-                                        "101",
-                                        item("d0", 100, 1000, "C"),
-                                        "f01000000000000",
-                                        "810TEXT",
-                                        "500042"};
-  Configuration configuration;
-  configuration.lastInvoice = 700;
-  Bench longLayout(configuration);
-  ASSERT_EQ(longLayout.firstRefused(day), "");
-  ASSERT_EQ(longLayout.firstRefused({"810TEXT", "I0X"}), "");
-  EXPECT_EQ(longLayout.command("S1"),
-            framed("S142\n0000012100\n00000702\n00002\n00000000\n00000\n00000001\n00001\n"
-                   "00000002\n00002\n0001\n0000\nJ-12345678-9\nZ1F0000001\n103015\n260314"));
-
-  configuration.model = *modelNamed("short");
-  Bench shortLayout(configuration);
-  ASSERT_EQ(shortLayout.firstRefused(day), "");
-  ASSERT_EQ(shortLayout.firstRefused({"I0X", "I0Z"}), "");
-  EXPECT_EQ(shortLayout.command("S1"),
-            framed("S142\n0000000000\n00000702\n00000\n00000001\n00000\n0001\n0002\n"
-                   "J-12345678-9\nZ1F0000001\n260314\n103015\n00000001\n00000"));
-}
-
 TEST(Replies, RatesWithAndWithoutTheLevy) {
   Configuration configuration;
   configuration.rates[2] = *parsedRate("13100");
@@ -128,23 +101,6 @@ TEST(Replies, RatesWithAndWithoutTheLevy) {
   configuration.igtf.reset();
   Bench four(configuration);
   EXPECT_EQ(four.command("S3"), framed("21600\n20800\n13100\n" + flags));
-}
-
-TEST(Replies, ZReportHoldsTheDayAndANewDayBegins) {
-  Bench bench;
-  ASSERT_EQ(bench.firstRefused({item("!", 10000, 1000, "A"), item("\"", 5000, 1000, "B"),
-                                item(" ", 700, 1000, "C"), "101", item("d1", 1000, 1000, "D"),
-                                "f01000000000000", "I0Z", "I0Z"}),
-            "");
-  const std::string none = "\n0000000000";
-  const std::string head =
-      "\n260314\n103015\n00000001\n260314\n103015\n00000000\n00000001\n00000000";
-  const std::string seven = none + none + none + none + none + none + none;
-  EXPECT_EQ(
-      bench.command("U3A000001000001"),
-      framed("0001" + head + "\n0000000700\n0000010000\n0000001600\n0000005000\n0000000400" + none +
-             none + seven + none + "\n0000001000\n0000000160" + none + none + none + none));
-  EXPECT_EQ(bench.command("U3A000002000002"), framed("0002" + head + seven + seven + seven));
 }
 
 }  // namespace

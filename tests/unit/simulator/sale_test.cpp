@@ -130,38 +130,6 @@ TEST(Sale, Flag21ChoosesTheFieldWidths) {
   }
 }
 
-TEST(Sale, CreditNoteHasItsOwnNumberAndSums) {
-  Bench bench;
-  EXPECT_EQ(bench.firstRefused({"iS*Ana", "iR*V-1", "iF*00000007", "iI*Z1F0000001", "iD*13-03-2026",
-                                item("d1", 1250, 1000, "PAN"), "f01000000000000"}),
-            "");
-  EXPECT_EQ(today(bench).of(DocumentKind::CreditNote).total, 1450);
-  EXPECT_EQ(today(bench).of(DocumentKind::Invoice).count, 0);
-  EXPECT_EQ(bench.printer.machine().memory.nextNumber(DocumentKind::CreditNote), 2);
-  EXPECT_NE(bench.paper().find("FACTURA AFECTADA: 00000007\n"), std::string::npos);
-}
-
-TEST(Sale, CancelledDocumentIsPrintedButNotRemembered) {
-  Bench bench;
-  EXPECT_EQ(bench.firstRefused({"iS*Ana", item("!", 100, 1000, "PAN"), "7"}), "");
-  EXPECT_NE(bench.paper().find("DOCUMENTO ANULADO"), std::string::npos);
-  EXPECT_EQ(today(bench).of(DocumentKind::Invoice).total, 0);
-  EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40"));
-  EXPECT_EQ(bench.firstRefused({item("!", 100, 1000, "PAN"), "101"}), "");
-  EXPECT_EQ(bench.printer.machine().memory.last().of(DocumentKind::Invoice), 1);
-  const std::string paper = bench.paper();
-  EXPECT_EQ(paper.find("Ana"), paper.rfind("Ana")) << "the next customer is another one";
-}
-
-TEST(Sale, TrainingPrintsButDoesNotCount) {
-  Bench bench;
-  EXPECT_EQ(bench.firstRefused({"T1", item("!", 100, 1000, "PAN")}), "");
-  EXPECT_EQ(bench.raw("\x05"), framed("\x41\x40"));
-  EXPECT_EQ(bench.firstRefused({"101", "T2"}), "");
-  EXPECT_EQ(today(bench).of(DocumentKind::Invoice).count, 0);
-  EXPECT_NE(bench.paper().find("SIN VALIDEZ"), std::string::npos);
-}
-
 TEST(Sale, ShortCustomerLinesKeepTheirNumbers) {
   Bench bench;
   std::vector<std::string> commands = {"jRV-1", "jSAna                                     "};
