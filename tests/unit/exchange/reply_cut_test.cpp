@@ -1,5 +1,5 @@
 // What a printer's bytes come to does not depend on how reads cut them.
-#include "support/session_bench.h"
+#include "support/cut_reply.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,6 @@ namespace corvid {
 namespace {
 
 constexpr int kSequences = 300;
-constexpr double kLongestGap = 0.055;  // less than what counts as quiet
 
 class Source {
  public:
@@ -27,72 +26,28 @@ class Source {
     }
     return bytes;
   }
-  // The same bytes in pieces, with gaps before them.
-  void deliverCut(const std::string& bytes, SerialDouble& line) {
-    double delay = 0;
-    for (std::size_t at = 0; at < bytes.size();) {
-      const auto length = static_cast<std::size_t>(1 + number(3));
-      line.deliver(bytes.substr(at, length), delay);
-      delay += kLongestGap * number(1000) / 1000;
-      at += length;
+  // The same bytes in pieces, with gaps between them.
+  std::vector<Piece> cut(const std::string& bytes) {
+    std::vector<Piece> pieces;
+    for (std::size_t at = 0; at < bytes.size(); at += pieces.back().bytes.size()) {
+      const double gap = pieces.empty() ? 0 : kLongestGap * number(1000) / 1000;
+      pieces.push_back({bytes.substr(at, static_cast<std::size_t>(1 + number(3))), gap});
     }
+    return pieces;
   }
 
  private:
   std::mt19937 random_;
 };
 
-// Answers the nth request by the bytes, whole or cut.
-class CutPrinter : public LinePeer {
- public:
-  CutPrinter(std::string bytes, bool isCut, unsigned seed)
-      : bytes_(std::move(bytes)), isCut_(isCut), source_(seed) {}
-  void received(std::string_view sent, SerialDouble& line) override {
-    if (sent == "\6") ++acknowledged;
-    if (isAnswered_ || sent == "\6") return;
-    isAnswered_ = true;
-    if (isCut_) {
-      source_.deliverCut(bytes_, line);
-    } else {
-      line.deliver(bytes_);
-    }
-  }
-  int acknowledged = 0;
-
- private:
-  std::string bytes_;
-  bool isCut_;
-  Source source_;
-  bool isAnswered_ = false;
-};
-
-struct Seen {
-  Outcome outcome;
-  int acknowledged;
-  bool operator==(const Seen&) const = default;
-};
-
-Seen ask(bool forStatus, bool immediate, CutPrinter printer) {
-  SessionBench bench({{L"TimeOut", L"1"}});
-  bench.world().settings.set(kPortSection, L"LecturaInmediata", immediate ? L"True" : L"False");
-  bench.open();
-  bench.outcome().DescripcionError.clear();
-  bench.world().serial.connect(&printer);
-  if (forStatus) {
-    bench.exchange().GetStatus();
-  } else {
-    bench.exchange().SendAck();
-  }
-  return {bench.outcome(), printer.acknowledged};
-}
-
 TEST(ReplyCut, AnySequenceInAnyCutWithoutQuietIsTheSame) {
   for (unsigned seed = 0; seed < kSequences; ++seed) {
     const std::string bytes = Source(seed).sequence();
     for (const bool forStatus : {true, false}) {
-      const Seen whole = ask(forStatus, true, {bytes, false, 0});
+      const SeenReply whole = seenReply(forStatus, true, CutPrinter({{bytes}}));
       for (const bool immediate : {true, false}) {
-        ASSERT_EQ(ask(forStatus, immediate, {bytes, true, seed}), whole)
+        const CutPrinter printer(Source(seed).cut(bytes));
+        ASSERT_EQ(seenReply(forStatus, immediate, printer), whole)
             << "seed " << seed << ", immediate " << immediate << ", status " << forStatus << ": "
             << testing::PrintToString(bytes);
       }
