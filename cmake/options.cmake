@@ -14,6 +14,11 @@ if(CORVID_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(CORVID_FUZZ "Build the fuzz targets; needs clang" OFF)
+if(CORVID_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link -O1)
+endif()
+
 if(WIN32)
   # _WIN32_WINNT 0x0601: Windows 7 is the oldest system with all the calls in use.
   target_compile_definitions(corvid_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
