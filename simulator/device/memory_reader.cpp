@@ -232,10 +232,16 @@ void restoreMemory(std::string_view text, Machine& machine) {
   FiscalMemory memory = takeFiscalMemory(lines);
   Journal journal = takeJournal(lines);
   lines.takeEnd();
-  machine.configuration = std::move(configuration);
-  machine.clockOffset = clockOffset;
-  machine.memory = std::move(memory);
-  machine.journal = std::move(journal);
+  Machine restored(std::move(configuration), machine.clock);
+  restored.clockOffset = clockOffset;
+  restored.memory = std::move(memory);
+  restored.journal = std::move(journal);
+  // Numbers and bytes have other spellings too.
+  if (memoryText(restored) != text) throw DamagedMemory("not in the form that printers write");
+  machine.configuration = std::move(restored.configuration);
+  machine.clockOffset = restored.clockOffset;
+  machine.memory = std::move(restored.memory);
+  machine.journal = std::move(restored.journal);
 }
 
 }  // namespace corvid::simulator

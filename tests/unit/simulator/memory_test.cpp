@@ -106,6 +106,7 @@ TEST(Memory, LinesThatMakeNoSenseAreToldByNumber) {
       {"kind 1 100 ", "kind 4294967296 100 ", "line 15: expected a count of documents"},
       {"kind 1 100 ", "kind 1 -100 ", "line 15: expected a number in its range"},
       {"copy F", "copy X", "line 24: expected the end"},
+      {"cashier 42", "cashier 042", "not in the form that printers write"},
   };
   for (const auto& c : kCases) {
     std::string text = memory;
