@@ -92,10 +92,14 @@ TEST(ClassicItem, FailureOfThePrinterIsTheResult) {
 }
 
 TEST(ClassicItem, RateThatIsNoByteRaisesAndSendsNothing) {
-  for (const wchar_t* index : {L"-33", L"224"}) {
+  const struct {
+    const wchar_t* index;
+    int error;
+  } kCases[] = {{L"-33", 5}, {L"-32", 0}, {L"223", 0}, {L"224", 5}};
+  for (const auto& [index, error] : kCases) {
     DocumentBench bench({{L"IndicePercibido", index}});
-    EXPECT_EQ(errorOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), 5);
-    EXPECT_TRUE(bench.printer().commands().empty());
+    EXPECT_EQ(errorOf([&] { PasarItem(bench.session(), line(L"PAN", 1, 1, -1)); }), error) << index;
+    EXPECT_EQ(bench.printer().commands().empty(), error != 0) << index;
   }
 }
 
