@@ -127,7 +127,7 @@ struct Preview : ReportEnvironment {
   };
   WindowDouble window;
   Listener listener;
-  QuickView view{settings, {window, box, printer, dialogs, listener}};
+  QuickView view{settings, {window, box, printer, dialogs, files, listener, {}}};
 };
 
 const std::vector<Member<Preview>>& previewMembers() {
