@@ -22,6 +22,9 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
       "createFile",   "setupComm",    "purgeComm",          "setCommTimeouts",   "getCommState",
       "buildCommDcb", "setCommState", "escapeCommFunction", "escapeCommFunction"};
   EXPECT_EQ(calls, expected);
+  EXPECT_EQ(bench.world().serial.numbersOf("escapeCommFunction"),
+            (std::vector<std::uint32_t>{4, 5}))
+      << "RTS cleared, DTR set";
 }
 
 // The query that fails must not take away the number that a later opening has learnt.
@@ -53,6 +56,9 @@ TEST(Opening, NumberOutsideTheTableChangesNothing) {
     EXPECT_EQ(errorOf([&] { bench.session().Abrir(port); }), 9) << port;
   }
   EXPECT_EQ(bench.session().Execute(L"w"), 0) << "the open port still serves";
+  for (const std::int16_t port : {std::int16_t{1}, std::int16_t{99}}) {
+    EXPECT_EQ(errorOf([&] { bench.session().Abrir(port); }), 0) << port;
+  }
 }
 
 RunTimeError errorOfOpening(PrinterSession& session) {
