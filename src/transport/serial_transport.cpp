@@ -21,7 +21,7 @@ std::int32_t SerialTransport::open() {
 
 SerialTransport::~SerialTransport() {
   try {
-    close();
+    SerialTransport::close();
   } catch (...) {  // NOLINT(bugprone-empty-catch): the handle is closed by then
   }
 }
