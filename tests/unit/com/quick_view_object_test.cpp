@@ -123,25 +123,6 @@ class View : public AutomationTest {
   ComPtr<IConnectionPoint> point_;
 };
 
-TEST_F(View, BuildsTheReportForItsHost) {
-  view_->Hide();
-  view_ = newView();
-  ASSERT_EQ(S_OK, view_->SetLinesPerPage(10));
-  for (int line = 1; line <= 8; ++line) ASSERT_EQ(S_OK, view_->Add(Bstr(L"x").get(), 0));
-  short number = 0;
-  EXPECT_EQ(S_OK, view_->get_Linea(&number));
-  EXPECT_EQ(number, 9);
-  EXPECT_EQ(S_OK, view_->get_LineasPagina(&number));
-  EXPECT_EQ(number, 9);
-  ASSERT_EQ(S_OK, view_->SetNumeroPagina(7));
-  ASSERT_EQ(S_OK, view_->PageBreak());
-  EXPECT_EQ(S_OK, view_->get_Pagina(&number));
-  EXPECT_EQ(number, 8);
-  ASSERT_EQ(S_OK, view_->put_LeftMargin(4));
-  EXPECT_EQ(S_OK, view_->get_LeftMargin(&number));
-  EXPECT_EQ(number, 4);
-}
-
 TEST_F(View, RaisesItsErrorsWithSourceAndDescription) {
   const LateResult margin = putLate(view_.get(), L"LeftMargin", Variant::ofInt16(-1).value());
   EXPECT_EQ(margin.raised, static_cast<HRESULT>(0x80040005));
@@ -200,16 +181,6 @@ TEST_F(View, DoesNotCallASinkThatAHandlerDisconnects) {
   EXPECT_EQ(S_OK, point_->Unadvise(cookie));
 }
 
-TEST_F(View, PassesOverATargetWithoutTheMethod) {
-  connect();
-  HostObject other(L"Something", [](DISPPARAMS&, VARIANT*) { return S_OK; });
-  ASSERT_EQ(S_OK, view_->SetNotify(&other));
-  clickLine(*view_.get(), 2);
-  EXPECT_THAT(told_.events, ElementsAre(L"line C @2"));
-  EXPECT_EQ(S_OK, callLate(view_.get(), L"SetNotify", {nullValue().value()}).outcome);
-  EXPECT_EQ(1U, other.references);
-}
-
 TEST_F(View, ListsItsConnectionPointAndTheSinksBehindIt) {
   const DWORD cookie = connect();
   ComPtr<IEnumConnectionPoints> points;
@@ -265,24 +236,6 @@ TEST_F(View, TakesAnOwnerAsObjectHandleOrNothing) {
     EXPECT_EQ(visible != VARIANT_FALSE, c.outcome == S_OK) << c.reason;
   }
   DestroyWindow(owner);
-}
-
-TEST_F(View, SaysThatItIsShownAlready) {
-  const LateResult shown = callLate(view_.get(), L"Show", {Variant::ofInt16(1).value()});
-  EXPECT_EQ(shown.raised, static_cast<HRESULT>(0x800A0190));
-}
-
-TEST_F(View, HasAPlaceAndSizeInTwips) {
-  ASSERT_EQ(S_OK, view_->put_Left(1500));
-  ASSERT_EQ(S_OK, view_->put_Top(750));
-  ASSERT_EQ(S_OK, view_->put_Width(100));
-  ASSERT_EQ(S_OK, view_->put_Height(6000));
-  float place[4] = {};
-  view_->get_Left(&place[0]);
-  view_->get_Top(&place[1]);
-  view_->get_Width(&place[2]);
-  view_->get_Height(&place[3]);
-  EXPECT_THAT(place, ElementsAre(1500, 750, 11895, 6000)) << "no narrower than its buttons";
 }
 
 // Hosts that let go of a shown window see it stay, and the library with it.

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -57,44 +58,18 @@ class Preview : public testing::Test {
 };
 
 TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
-  world.box.content = L"left over";
   view.setLeftMargin(6);
   EXPECT_EQ(window.margin, L"") << "no controls yet";
-  view.load();
-  EXPECT_EQ(world.box.content, L"");
+  for (const bool isEditable : {false, true}) {
+    world.set(L"EditQView", isEditable ? L"1" : L"0");
+    view.load();
+    EXPECT_EQ(world.box.locked, !isEditable);
+  }
   EXPECT_EQ(world.box.font, L"Courier New");
-  EXPECT_EQ(world.box.margin, 48000);
-  EXPECT_TRUE(world.box.locked);
-  EXPECT_EQ(window.margin, L"6");
-  view.setLeftMargin(1234);
-  EXPECT_EQ(window.margin, L"1234");
-  EXPECT_NE(errorOf([&] { return view.setLeftMargin(-1), 0; }), 0);
-  EXPECT_EQ(window.margin, L"1234");
-  world.set(L"EditQView", L"1");
-  view.load();
-  EXPECT_FALSE(world.box.locked);
-}
-
-TEST_F(Preview, TextIsLoadedAtShowingAndByTheFirstActivationOnly) {
-  view.load();
-  view.report().Add(L"a", 0);
-  view.activate();
-  EXPECT_EQ(world.box.content, L"a \r\n");
-  view.report().Add(L"b", 0);
-  view.activate();
-  EXPECT_EQ(world.box.start, world.box.length()) << "the caret was not moved again";
-  view.close();
-  view.showing();
-  EXPECT_EQ(world.box.content, L"a \r\n\r\nb ");
-  EXPECT_EQ(world.box.start, 1);
-}
-
-TEST_F(Preview, RightMarginFollowsOnlyAWiderWindow) {
-  view.load();
-  EXPECT_EQ(view.resize(100, 100).width, 11895);
-  EXPECT_EQ(world.box.margin, 48000);
   EXPECT_EQ(view.resize(60000, 9000).of(Control::Text1).width, 59535);
-  EXPECT_EQ(world.box.margin, 59535);
+  EXPECT_EQ(world.box.margin, 59535) << "follows a wider window";
+  EXPECT_NE(errorOf([&] { return view.setLeftMargin(-1), 0; }), 0);
+  EXPECT_EQ(window.margin, L"6");
 }
 
 TEST_F(Preview, PrintingTakesTheMarginFromItsEntry) {
@@ -155,18 +130,13 @@ TEST_F(Preview, ChosenPrinterFontIsFixed) {
   EXPECT_TRUE(world.printer.bold);
   EXPECT_FALSE(world.printer.italic);
   EXPECT_EQ(world.box.font, L"Fixed");
-}
-
-TEST_F(Preview, FontChosenWhilePrintingWaitsForTheEnd) {
-  show(L"a\r\nb");
-  world.dialogs.font = FontChoice{L"Fixed", 9.5, true, false};
+  world.dialogs.font->name = L"Other";
   world.printer.onLine = [&] {
     view.choosePrinterFont();
-    EXPECT_NE(world.printer.name, L"Fixed");
+    EXPECT_EQ(world.printer.name, L"Fixed") << "waits for the end";
   };
   view.print();
-  EXPECT_EQ(world.printer.name, L"Fixed");
-  EXPECT_FALSE(world.printer.isOpen);
+  EXPECT_EQ(world.printer.name, L"Other");
 }
 
 TEST_F(Preview, ScreenFontStaysWithinItsLimitsAndIsKept) {
@@ -228,42 +198,53 @@ TEST_F(Preview, SearchOffersAndRepeatsTheLastText) {
 }
 
 TEST_F(Preview, KeysDoWhatTheButtonsDo) {
-  const auto done = [&] {
-    return Texts{std::to_wstring(window.hides), std::to_wstring(world.dialogs.shown.size()),
-                 world.files.contents.empty() ? L"" : L"text",
-                 world.printer.ended ? L"printed" : L"", std::to_wstring(world.box.size)};
-  };
-  const std::wstring nine = std::to_wstring(9.0);
   const struct {
     KeyPress key;
-    Texts outcome;
+    std::array<int, 4> done;  // hidden, asked or told, saved, printed
+    double font;
     const char* reason;
   } kCases[] = {
-      {{kEscapeKey}, {L"1", L"0", L"", L"", nine}, "Escape hides"},
-      {{'F', true}, {L"0", L"1", L"", L"", nine}, "Ctrl+F asks for a text"},
-      {{'S', true}, {L"0", L"0", L"text", L"", nine}, "Ctrl+S saves"},
-      {{'P', true}, {L"0", L"0", L"", L"printed", nine}, "Ctrl+P prints"},
-      {{107, true}, {L"0", L"0", L"", L"", std::to_wstring(10.0)}, "Ctrl and plus"},
-      {{189, true, true}, {L"0", L"0", L"", L"", std::to_wstring(8.0)}, "Ctrl and minus"},
-      {{kF3Key, false, true}, {L"0", L"1", L"", L"", nine}, "nothing to be found"},
-      {{'F'}, {L"0", L"0", L"", L"", nine}, "a letter, as AltGr's are"},
-      {{107}, {L"0", L"0", L"", L"", nine}, "plus alone"},
-      {{13}, {L"0", L"0", L"", L"", nine}, "another key"},
+      {{kEscapeKey}, {1, 0, 0, 0}, 9, "Escape hides"},
+      {{'F', true}, {0, 1, 0, 0}, 9, "Ctrl+F asks for a text"},
+      {{'S', true}, {0, 0, 1, 0}, 9, "Ctrl+S saves"},
+      {{'P', true}, {0, 0, 0, 1}, 9, "Ctrl+P prints"},
+      {{kF3Key, false, true}, {0, 1, 0, 0}, 9, "nothing to be found"},
+      {{107, true}, {}, 10, "Ctrl and plus"},
+      {{189, true, true}, {}, 9, "Ctrl and minus"},
+      {{'F'}, {}, 9, "a letter, as AltGr's are"},
+      {{107}, {}, 9, "plus alone"},
   };
   world.dialogs.file = L"C:\\r.txt";
+  show(L"text");
   for (const auto& c : kCases) {
-    view.load();
-    show(L"text");
     window.hides = 0;
     world.dialogs.shown.clear();
     world.files.contents.clear();
     world.printer.ended = false;
-    const bool isNothing = c.outcome == Texts{L"0", L"0", L"", L"", nine};
-    EXPECT_EQ(view.keyDown(c.key), !isNothing) << c.reason;
-    EXPECT_EQ(done(), c.outcome) << c.reason;
-    while (world.box.size > 9) view.shrinkScreenFont();
-    while (world.box.size < 9) view.growScreenFont();
+    const double before = world.box.size;
+    const bool isUsed = view.keyDown(c.key);
+    const bool didAny = c.done != std::array<int, 4>();
+    EXPECT_EQ(isUsed, didAny || world.box.size != before) << c.reason;
+    const std::array<int, 4> done = {window.hides, static_cast<int>(world.dialogs.shown.size()),
+                                     static_cast<int>(world.files.contents.size()),
+                                     world.printer.ended ? 1 : 0};
+    EXPECT_EQ(done, c.done) << c.reason;
+    EXPECT_EQ(world.box.size, c.font) << c.reason;
   }
+}
+
+TEST_F(Preview, LeavingTheMarginEntryChecksItOnce) {
+  world.dialogs.whileShown = [&] { view.leaveMarginEntry(); };  // the box takes the focus
+  window.onFocus = [&] { view.leaveMarginEntry(); };
+  for (const bool isValid : {true, false}) {
+    window.margin = isValid ? L" 12.5" : L"";
+    view.leaveMarginEntry();
+    EXPECT_EQ(world.dialogs.shown.size(), isValid ? 0U : 1U);
+    EXPECT_EQ(window.focuses, isValid ? 0 : 1);
+    EXPECT_EQ(window.margin, isValid ? L"12" : L"0");
+  }
+  EXPECT_EQ(world.dialogs.shown, Texts{L"! PrinterFiscalCorvid (commAPI): Por favor, introduzca un "
+                                       L"númeto valido"});
 }
 
 TEST_F(Preview, SavesToTheChosenFileAndTellsAFailure) {
@@ -297,29 +278,6 @@ TEST_F(Preview, WhatPreventsPrintingIsTold) {
   view.print();
   EXPECT_EQ(world.dialogs.shown,
             Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: TextOut, error 5"});
-}
-
-TEST_F(Preview, LeavingTheMarginEntryChecksItOnce) {
-  const Texts told{L"! PrinterFiscalCorvid (commAPI): Por favor, introduzca un númeto valido"};
-  const struct {
-    const wchar_t* entry;
-    bool valid;
-    const wchar_t* becomes;
-  } kCases[] = {{L"12.5", true, L"12"}, {L"1-2", false, L"1"}, {L"", false, L"0"},
-                {L" ", false, L"0"},    {L"-3", true, L"-3"},  {L" 8", true, L"8"}};
-  world.dialogs.whileShown = [&] { view.leaveMarginEntry(); };  // the box takes the focus
-  window.onFocus = [&] { view.leaveMarginEntry(); };
-  for (const auto& c : kCases) {
-    window.margin = c.entry;
-    window.focuses = 0;
-    world.dialogs.shown.clear();
-    view.leaveMarginEntry();
-    EXPECT_EQ(world.dialogs.shown, c.valid ? Texts{} : told) << c.becomes;
-    EXPECT_EQ(window.focuses, c.valid ? 0 : 1) << c.becomes;
-    EXPECT_EQ(window.margin, c.becomes);
-  }
-  view.stepMargin(2);
-  EXPECT_EQ(window.margin, L"10");
 }
 
 TEST_F(Preview, ClickTellsTheEventThenTheTarget) {

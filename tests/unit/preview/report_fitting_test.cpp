@@ -22,13 +22,6 @@ TEST(ReportMetrics, ScaleModesInInches) {
   }
 }
 
-TEST(ReportMetrics, TextWidthIsMeasuredInLettersAndScaled) {
-  PaperPrinter printer;
-  EXPECT_DOUBLE_EQ(TextWidthInches(printer, 12), 1);
-  EXPECT_DOUBLE_EQ(TextWidthInches(printer, 0), 0);
-  EXPECT_EQ(errorOf([&] { return TextWidthInches(printer, -1); }), 5);
-}
-
 TEST(ReportFitting, WidthFindsItsFontAndLines) {
   // 8 inches, of which 98 hundredths are 11289.6 twips; a letter takes 12 twips a point.
   const struct {
@@ -42,12 +35,10 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
       {40, {}, 14, 51, "46 letters fit at once"},
       {61, {}, 14, 51, "67 letters take 11256 twips"},
       {62, {}, 13.5, 53, "68 letters take 11424, within the width but not its 98 hundredths"},
-      {40, {{L"MaxFontSize", L"20,9"}}, 20, 35, "a number leads up to the comma"},
       {40, {{L"MaxFontSize", L"10.3"}}, 10.3, 70, "70.4 lines round down"},
       {120, {{L"MaxFontSize", L"8.3"}}, 7.3, 101, "steps of half a point from any size"},
       {40, {{L"FontOffset", L"2.5"}}, 16, 44, "2.5 rounds to 2"},
       {120, {{L"FontOffset", L"-1"}}, 6, 123, "corrected after the fitting"},
-      {40, {{L"FontOffset", L"99999"}}, 14, 51, "no 16-bit number keeps the default"},
       {40, {{L"FontFactor", L"0.5"}}, 7, 105, "scaled"},
       {40, {{L"FontOffset", L"2"}, {L"FontFactor", L"0.5"}}, 8, 92, "offset, then factor"},
       {40, {{L"FontFactor", L"1E39"}}, 14, 51, "no single keeps the default"},
@@ -79,24 +70,6 @@ TEST(ReportFitting, SmallFontWarnsAndOnlyNoGoesOn) {
   world.dialogs.answer = Answer::No;
   EXPECT_TRUE(report.SetReportWidth(300));
   EXPECT_EQ(report.LineasPagina(), 185);
-}
-
-TEST(ReportFitting, EndsWhereTheDeviceOffersNoSmallerFont) {
-  ReportEnvironment world;
-  world.printer.smallestSize = 12;
-  Report report = world.report();
-  EXPECT_TRUE(report.SetReportWidth(120));
-  EXPECT_EQ(world.printer.size, 12);
-  EXPECT_EQ(world.printer.sizesAsked.back(), 11.5);
-}
-
-TEST(ReportFitting, PixelsMeasureNothingAndAlwaysAsk) {
-  ReportEnvironment world;
-  world.printer.mode = ScaleMode::Pixels;
-  Report report = world.report();
-  EXPECT_EQ(report.LineasPagina(), kNoPaging - 1);
-  EXPECT_EQ(world.printer.size, 4);
-  EXPECT_EQ(world.dialogs.shown.size(), 2U);
 }
 
 TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {

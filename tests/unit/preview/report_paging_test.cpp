@@ -43,12 +43,10 @@ TEST_F(ReportText, LinesAreAlignedInTheWidth) {
       {2, L"abc", 1, 5, L"", "right, wider"},
       {8, L"abc", 2, 0, L"  abc ", "2.5 rounds to 2"},
       {10, L"abc", 2, 0, L"    abc ", "3.5 rounds to 4"},
-      {9, L"abc", 2, 0, L"   abc ", "an even room halves"},
       {4, L"abc", 2, 0, L"abc ", "0.5 rounds to 0"},
       {2, L"abc", 2, 0, L"ab ", "centred, cut"},
       {-1, L"abc", 2, 5, L"", "nothing can be cut to a negative width"},
       {8, L"abc", 3, 0, L" ", "unknown alignment"},
-      {8, L"abc", -1, 0, L" ", "unknown alignment below 0"},
   };
   for (const auto& c : kCases) {
     ReportEnvironment here;
@@ -88,15 +86,6 @@ TEST_F(ReportText, LongReportIsAddedToAndPrintedUnseen) {
   EXPECT_EQ(report.print(), PrintEnd::Printed);
   EXPECT_EQ(world.printer.pages.front().size(), 1 + kLines);
   EXPECT_EQ(report.text().size(), 4 * kLines);
-}
-
-TEST_F(ReportText, BreakStandsBehindBufferedLinesAndInFrontOfShownOnes) {
-  report.Add(L"a", 0);
-  EXPECT_EQ(shown(), L"a \r\n");
-  EXPECT_EQ(world.box.start, 1) << "the caret goes to the top, one behind the first character";
-  report.Add(L"b", 0);
-  EXPECT_EQ(world.box.content, L"a \r\n\r\nb ");
-  EXPECT_EQ(world.box.start, world.box.length());
 }
 
 TEST_F(ReportText, ShowingAgainKeepsTextAndCaretUnlessLinesCame) {

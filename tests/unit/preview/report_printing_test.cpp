@@ -60,31 +60,6 @@ TEST_F(ReportPrinting, StripPrinterGetsFortyCharactersBehindACarriageReturn) {
             (Pages{{L" |", L"\r" + line + L"y", L"\r__" + std::wstring(38, L' ')}}));
 }
 
-TEST_F(ReportPrinting, FontIsFittedAnewUnlessFixed) {
-  world.printer.size = 9;
-  print(L"a");
-  EXPECT_EQ(world.printer.size, 7);
-  report.SetPrintFontSize(9);
-  print(L"a");
-  EXPECT_EQ(world.printer.size, 9);
-}
-
-TEST_F(ReportPrinting, StopAbortsInFrontOfTheNextLineAndBehindTheLastOne) {
-  const Pages whole = {{L" |", L"a|", L"b|"}};
-  for (const wchar_t* text : {L"a\r\nb\r\nc\r\nd", L"a\r\nb"}) {
-    int lines = 0;
-    world.printer.onLine = [&] {
-      if (++lines != 3) return;
-      EXPECT_TRUE(report.printing());
-      report.stopPrinting();
-    };
-    world.printer.aborted = false;
-    EXPECT_EQ(print(text), whole);
-    EXPECT_TRUE(world.printer.aborted);
-    EXPECT_FALSE(world.printer.ended);
-  }
-}
-
 TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedAndTold) {
   const std::wstring text = L"a\r\n__\r\nb";
   report.SetPrintFontSize(9);
@@ -143,15 +118,6 @@ TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {
   EXPECT_EQ(errorOf([&] { return print(L"a"); }), 6);
   EXPECT_TRUE(world.printer.aborted);
   EXPECT_FALSE(report.printing());
-}
-
-TEST_F(ReportPrinting, PositionOnThePaperOverflowsIn32Bits) {
-  report.SetPrintFontSize(9);
-  world.printer.lineHeight = 7e6;  // two lines below 2^31, the third beyond it
-  world.printer.unitsPerPoint = 14;
-  EXPECT_EQ(errorOf([&] { return print(L"a\r\nb"); }), 0);
-  EXPECT_EQ(errorOf([&] { return print(L"a\r\nb\r\nc"); }), 6);
-  EXPECT_TRUE(world.printer.aborted);
 }
 
 }  // namespace

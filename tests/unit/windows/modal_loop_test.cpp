@@ -10,21 +10,6 @@
 namespace corvid {
 namespace {
 
-TEST(ModalLoops, DisableTheHostsWindowsAndEnableThemAgain) {
-  const HostWindow enabled;
-  const HostWindow disabled;
-  EnableWindow(disabled.get(), FALSE);
-  {
-    ModalLoop loop({enabled.get(), disabled.get(), enabled.get(), nullptr});
-    EXPECT_EQ(IsWindowEnabled(enabled.get()), FALSE);
-    loop.end();
-    EXPECT_NE(IsWindowEnabled(enabled.get()), FALSE);
-    EXPECT_EQ(IsWindowEnabled(disabled.get()), FALSE) << "as it was";
-    EnableWindow(enabled.get(), FALSE);
-  }
-  EXPECT_EQ(IsWindowEnabled(enabled.get()), FALSE) << "ended once";
-}
-
 TEST(ModalLoops, LeaveTheQuitMessageToTheHost) {
   runPendingMessages();
   ModalLoop loop({});

@@ -20,11 +20,6 @@ TEST(ReportDialogs, ReturnAtOnceWhereNobodySeesThem) {
   EXPECT_EQ(dialogs.chooseSaveFile({L"title", L".txt", L"", L"Text", L"*.txt"}), std::nullopt);
 }
 
-TEST(ReportDialogs, FontDialogNeedsAPrinter) {
-  WindowsReportDialogs dialogs([] { return HWND{}; }, noPrinter);
-  EXPECT_EQ(dialogs.chooseFont({L"Courier New", 10, false, false}), std::nullopt);
-}
-
 // Does something to the next dialog that the thread shows, once its controls are there.
 class Robot {
  public:
@@ -52,21 +47,19 @@ class Robot {
 constexpr int kEntry = 101;
 
 TEST(InputDialog, GivesWhatWasAccepted) {
-  std::wstring offered;
-  const Robot robot([&](HWND dialog) {
-    wchar_t text[100] = {};
-    GetDlgItemTextW(dialog, kEntry, text, 100);
-    offered = text;
-    SetDlgItemTextW(dialog, kEntry, L"caf\u00E9");
-    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-  });
-  EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"), L"caf\u00E9");
-  EXPECT_EQ(offered, L"last");
-}
-
-TEST(InputDialog, GivesNothingWhenCancelled) {
-  const Robot robot([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
-  EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"), L"");
+  for (const WPARAM button : {WPARAM{IDOK}, WPARAM{IDCANCEL}}) {
+    std::wstring offered;
+    const Robot robot([&](HWND dialog) {
+      wchar_t text[100] = {};
+      GetDlgItemTextW(dialog, kEntry, text, 100);
+      offered = text;
+      SetDlgItemTextW(dialog, kEntry, L"caf\u00E9");
+      PostMessageW(dialog, WM_COMMAND, button, 0);
+    });
+    EXPECT_EQ(askForText(nullptr, L"prompt", L"title", L"last"),
+              button == IDOK ? L"caf\u00E9" : L"");
+    EXPECT_EQ(offered, L"last");
+  }
 }
 
 // A click on another window of the host's, while a box waits, would start a second command. (That a

@@ -59,13 +59,6 @@ TEST_F(TextBox, CountsLineEndsAsTwo) {
   }
 }
 
-TEST_F(TextBox, TextTypedByTheUserCounts) {
-  box_.setText(L"ab");
-  SendMessageW(control_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"x\ry"));
-  EXPECT_EQ(box_.text(), L"x\r\nyab");
-  EXPECT_EQ(box_.selectionStart(), 4);
-}
-
 TEST_F(TextBox, AppendsAtTheEndThoughLocked) {
   box_.setLocked(true);
   box_.setText(L"one");
@@ -101,7 +94,7 @@ TEST_F(TextBox, FindsForwardWithoutCase) {
 }
 
 TEST_F(TextBox, OddTextsStayWhole) {
-  const std::wstring longLine(10000, L'x');
+  const std::wstring longLine(100000, L'x');
   struct Case {
     std::wstring text;
     std::wstring expected;
@@ -125,13 +118,6 @@ TEST_F(TextBox, OddTextsStayWhole) {
 TEST_F(TextBox, LongLinesDoNotWrap) {
   box_.setText(std::wstring(10000, L'x') + L"\r\nb");
   EXPECT_EQ(SendMessageW(control_, EM_GETLINECOUNT, 0, 0), 2);
-}
-
-TEST_F(TextBox, HoldsMoreThanTheControlsUsualLimit) {
-  const std::wstring text(100000, L'x');
-  box_.setText(text);
-  box_.append(L"end");
-  EXPECT_EQ(box_.text(), text + L"end");
 }
 
 TEST_F(TextBox, FontAndTabsAreOfTheWholeText) {
@@ -183,16 +169,6 @@ TEST_F(TextBox, HostThatRunsItsMessagesAfterEachLineSeesThemSoonAndCheaply) {
   EXPECT_LE(box_.handOvers() - before, 7) << "ten a second";
   EXPECT_GT(lines, 50);
   EXPECT_EQ(box_.length(), lines * 6);
-}
-
-TEST(TextBoxWithoutControl, AsksForOneAndElseIsEmpty) {
-  int asked = 0;
-  RichEditTextBox box([&asked] { ++asked; });
-  box.setText(L"abc");
-  EXPECT_GT(asked, 0);
-  EXPECT_EQ(box.text(), L"");
-  EXPECT_EQ(box.length(), 0);
-  EXPECT_FALSE(box.find(L"abc", 0));
 }
 
 }  // namespace
