@@ -1,5 +1,6 @@
 // lfQuickView as its hosts drive it: members, owner windows, events and life.
 #include "unit/com/automation_host.h"
+#include "unit/windows/desktop.h"
 #include "windows/form_controls.h"
 
 #include <gmock/gmock.h>
@@ -21,16 +22,11 @@ HWND windowOf(IlfQuickView& view) {
   return static_cast<HWND>(LongToHandle(handle));
 }
 
-// Presses and releases the mouse in a line of the text, counted from 0, at column 2. Two clicks in
-// one line would be a double-click.
+// Clicks a line of the text, counted from 0, at column 2.
 void clickLine(IlfQuickView& view, int line) {
   auto* const text = corvid::windowOf(windowOf(view), Control::Text1);
-  POINTL place{};
   const LRESULT start = SendMessageW(text, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
-  SendMessageW(text, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), start + 2);
-  const LPARAM at = MAKELPARAM(place.x + 1, place.y + 2);
-  SendMessageW(text, WM_LBUTTONDOWN, MK_LBUTTON, at);
-  SendMessageW(text, WM_LBUTTONUP, 0, at);
+  corvid::clickCharacter(text, start + 2);
 }
 
 #pragma GCC diagnostic push

@@ -4,6 +4,8 @@
 #include "windows/printer_device.h"
 
 #include <windows.h>
+// Needs windows.h first.
+#include <richedit.h>
 
 #include <utility>
 #include <vector>
@@ -32,6 +34,19 @@ class HiddenDesktop {
   HWINSTA before_ = GetProcessWindowStation();
   HWINSTA hidden_ = CreateWindowStationW(nullptr, 0, GENERIC_ALL, nullptr);
 };
+
+// Presses and releases the mouse at a held character of a text control. The press elsewhere comes
+// first because two presses at one place are a double click, for the Wine control also where the
+// first one went to a window that has gone.
+inline void clickCharacter(HWND text, LRESULT heldPosition) {
+  constexpr int kElsewhere = 100;
+  POINTL place{};
+  SendMessageW(text, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), heldPosition);
+  const LPARAM at = MAKELPARAM(place.x + 1, place.y + 2);
+  SendMessageW(text, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(place.x + kElsewhere, place.y + 2));
+  SendMessageW(text, WM_LBUTTONDOWN, MK_LBUTTON, at);
+  SendMessageW(text, WM_LBUTTONUP, 0, at);
+}
 
 // A plain visible window, as a host's own.
 class HostWindow {

@@ -67,15 +67,6 @@ class Form : public testing::Test {
     runPendingMessages();
   }
   void push(Control button) { SendMessageW(control(button), BM_CLICK, 0, 0); }
-  // Presses and releases the mouse at a character of the text.
-  void clickAt(int heldPosition) {
-    POINTL place{};
-    SendMessageW(control(Control::Text1), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place),
-                 heldPosition);
-    const LPARAM at = MAKELPARAM(place.x + 1, place.y + 2);
-    SendMessageW(control(Control::Text1), WM_LBUTTONDOWN, MK_LBUTTON, at);
-    SendMessageW(control(Control::Text1), WM_LBUTTONUP, 0, at);
-  }
 
   FakeSettings settings_;
   FakeSettings::Store store_{settings_};
@@ -146,7 +137,7 @@ TEST_F(Form, HostMayHideAndLeaveTheWindowFromItsHandler) {
     form_->Hide();
     form_.reset();
   };
-  clickAt(0);
+  clickCharacter(control(Control::Text1), 0);
   EXPECT_EQ(host_->clicks.size(), 1U);
   EXPECT_TRUE(watched.expired());
   EXPECT_EQ(IsWindow(window), FALSE);
