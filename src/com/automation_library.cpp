@@ -11,6 +11,7 @@
 #include "windows/report_views.h"
 #include "windows/serial_calls.h"
 #include "windows/settings_sources.h"
+#include "windows/socket_calls.h"
 
 #include <algorithm>
 #include <list>
@@ -36,12 +37,14 @@ struct ProcessParts {
 // In the order of their needs.
 struct ThreadParts {
   explicit ThreadParts(ProcessParts& process)
-      : state({process.state, process.file, process.store, serial, pump, dialog, process.folders,
-               process.files, views, process.clock, sleep, process.codePage, process.locale}) {}
+      : state({process.state, process.file, process.store, serial, sockets, pump, dialog,
+               process.folders, process.files, views, process.clock, sleep, process.codePage,
+               process.locale}) {}
 
   const HostThread thread{GetCurrentThreadId()};
   WindowsSleepCalls sleep;
   WindowsSerialCalls serial;
+  WindowsSocketCalls sockets;
   WindowsMessagePump pump;
   WindowsMessageDialog dialog;
   WindowsReportViews views;

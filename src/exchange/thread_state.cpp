@@ -4,7 +4,8 @@ namespace corvid {
 
 ThreadState::ThreadState(const Environment& environment)
     : environment_(environment),
-      transports_(environment.serial, environment.clock, environment.process.transports()),
+      transports_(environment.serial, environment.sockets, environment.clock,
+                  environment.process.transports()),
       trace_({environment.clock, environment.folders, environment.views, environment.files,
               environment.codePage, environment.locale},
              environment.process.traceFile()) {}

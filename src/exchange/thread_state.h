@@ -24,6 +24,7 @@ struct Environment {
   InitializationFile& file;
   UserSettings& store;
   SerialCalls& serial;
+  SocketCalls& sockets;
   MessagePump& pump;
   MessageDialog& dialog;
   Folders& folders;

@@ -72,11 +72,13 @@ std::wstring textOf(const Settings& settings, const FoundSetting& found) {
   }
 }
 
+void addSetting(Facts& facts, const Settings& settings, const SettingName& one) {
+  const FoundSetting found = settings.find(kApplication, one.section, one.key, L"");
+  facts.add(std::wstring(one.section) + L"\\" + one.key, textOf(settings, found));
+}
+
 void addSettings(Facts& facts, const Settings& settings) {
-  for (const SettingName& one : kSettings) {
-    const FoundSetting found = settings.find(kApplication, one.section, one.key, L"");
-    facts.add(std::wstring(one.section) + L"\\" + one.key, textOf(settings, found));
-  }
+  for (const SettingName& one : kSettings) addSetting(facts, settings, one);
 }
 
 std::wstring portList(ThreadState& thread) {
@@ -102,9 +104,16 @@ void addPort(Facts& facts, PrinterSession& session) {
   Exchange& exchange = session.exchange();
   facts.add(L"Puertos que existen", portList(session.thread()));
   const std::int16_t port = exchange.state().port;
-  const std::wstring name = port == 0 ? L"ninguno" : L"COM" + std::to_wstring(port);
-  facts.add(L"Puerto de la sesi\u00F3n", name + (exchange.opening() ? L", abierto" : L", cerrado"));
-  facts.add(L"Lecturas del controlador", mannerOf(exchange.opening()));
+  const OpeningRef opening = exchange.opening();
+  const std::wstring address = opening ? opening->transport->address() : std::wstring();
+  const std::wstring serial = port == 0 ? L"ninguno" : L"COM" + std::to_wstring(port);
+  const std::wstring name = address.empty() ? serial : address;
+  if (port != 0) {
+    const std::wstring key = std::to_wstring(port);
+    addSetting(facts, session.settings(), {kPlacesSection, key.c_str()});
+  }
+  facts.add(L"Puerto de la sesi\u00F3n", name + (opening ? L", abierto" : L", cerrado"));
+  facts.add(L"Lecturas del controlador", mannerOf(opening));
 }
 
 void addOutcome(Facts& facts, PrinterSession& session) {

@@ -60,6 +60,10 @@ void PrinterSession::Abrir(std::int16_t portNumber) {
 OpeningRef PrinterSession::openPort(std::int16_t portNumber) {
   const std::shared_ptr<Transport> transport = thread_.transports().make(portNumber, settings());
   exchange_.state().port = portNumber;
+  if (const std::wstring address = transport->address(); !address.empty()) {
+    thread_.trace().traceWith(
+        [&] { return L"Abrir: COM" + std::to_wstring(portNumber) + L" = " + address; });
+  }
   const bool failed = transport->open() != 0;
   const std::wstring words = failed ? transport->errorText() : std::wstring();
   if (transport->isOpen()) exchange_.attach(transport);

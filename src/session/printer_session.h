@@ -31,10 +31,11 @@ class PrinterSession {
   [[nodiscard]] ThreadState& thread() { return thread_; }
   [[nodiscard]] const Settings& settings() const { return exchange_.settings(); }
 
-  // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, asks for the status
-  // and learns the serial number. Throws 9 for a number outside 1 to 99 (nothing changes), and
-  // 40001 from "PrinterFiscal.Abrir" when the port cannot be opened (the number is kept). In test
-  // mode it creates the preview and opens no port.
+  // Opens COM<portNumber> at 9600 baud, even parity, 8 data bits, 1 stop bit, or connects to the
+  // address that the settings have for the number; asks for the status and learns the serial
+  // number. Throws 9 for a number outside 1 to 99 (nothing changes), and 40001 from
+  // "PrinterFiscal.Abrir" when the port cannot be opened (the number is kept). In test mode it
+  // creates the preview and opens no port.
   void Abrir(std::int16_t portNumber);
   // Closes the port that this session opened; shows the preview of test mode, or the debug view.
   void Cerrar();

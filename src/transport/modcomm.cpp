@@ -9,7 +9,6 @@
 namespace corvid {
 namespace {
 
-constexpr std::int32_t kPortInUse = -1;
 constexpr int kMostDiscards = 64;  // a line that never falls quiet must not hold a command
 constexpr std::uint32_t kQueueSize = 1024;
 constexpr std::uint32_t kPurgeAll = 15;         // Windows: abort and clear, both directions
@@ -84,7 +83,7 @@ std::int32_t modCOMM::openRecord(std::int16_t port, const std::wstring& path,
                                  const std::wstring& settings) {
   Record& record = this->record(port);
   if (!environment_.inUse.take(port)) {
-    lastError_ = {kPortInUse, L"CommOpen", L"Port in use."};
+    lastError_ = {kPortInUse, L"CommOpen", kPortInUseText};
     return kPortInUse;
   }
   record.handle = environment_.calls.createFile(path);
@@ -229,8 +228,7 @@ std::int32_t modCOMM::CommFlush(std::int16_t port) {
 }
 
 std::int32_t modCOMM::CommGetError(std::wstring& text) const {
-  text = L"Error (" + std::to_wstring(lastError_.number) + L"): " + lastError_.source + L" - " +
-         lastError_.description;
+  text = lastError_.text();
   return lastError_.number;
 }
 

@@ -1,6 +1,7 @@
 // modCOMM: serial ports, one record per port number.
 #pragma once
 
+#include "transport/comm_error.h"
 #include "transport/port_dump.h"
 #include "transport/ports_in_use.h"
 #include "transport/serial_calls.h"
@@ -16,13 +17,6 @@ constexpr std::int16_t kHighestPort = 99;
 
 // Line numbers of CommSetLine.
 enum class CommLine : std::int16_t { Break = 1, Dtr = 2, Rts = 3 };
-
-// What a failed call leaves behind for CommGetError.
-struct CommError {
-  std::int32_t number = 0;
-  std::wstring source;  // such as "CommOpen (CreateFile)"
-  std::wstring description;
-};
 
 // What the port layer needs of the world around it; all outlive it.
 struct PortEnvironment {
@@ -65,7 +59,7 @@ class modCOMM {
   std::int32_t CommSet(std::int16_t port, const std::wstring& settings);
   std::int32_t CommFlush(std::int16_t port);
 
-  // "Error (" number "): " source " - " description of the last failure; returns its number.
+  // The words of the last failure; returns its number.
   std::int32_t CommGetError(std::wstring& text) const;
   [[nodiscard]] bool isOpen(std::int16_t port) const;
 

@@ -70,10 +70,11 @@ void PortDump::keep(std::unique_ptr<AppendFile> file, std::wstring name) noexcep
   isOn_ = file_ != nullptr;
 }
 
-void PortDump::write(std::string_view label, std::string_view bytes) {
+void PortDump::write(std::string_view label, std::string_view bytes, const std::wstring& address) {
   if (!isOn()) return;
   std::string record(label);
   record += narrow(format(clock_.now(), L"dd-mm-yyyy hh:mm:ss"));
+  if (!address.empty()) record += ' ' + narrow(address);
   record += kLineEnd;
   record += hexDump(bytes);
   const std::lock_guard lock(gate_);

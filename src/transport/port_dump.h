@@ -25,9 +25,10 @@ class PortDump {
   // host's message loop, and leaves the dump off. Opening an open dump closes it first.
   void open(const Settings& settings, MessageDialog& dialog);
   void close() noexcept { keep(nullptr, {}); }
-  // Writes "Read " or "Send " with date and time, then 16 bytes a line, all in one write. Nothing
-  // while off. A failure ends the dump, quietly.
-  void write(std::string_view label, std::string_view bytes);
+  // Writes "Read " or "Send " with date and time, and after a blank the address of a stream that
+  // has one, then 16 bytes a line, all in one write. Nothing while off. A failure ends the dump,
+  // quietly.
+  void write(std::string_view label, std::string_view bytes, const std::wstring& address = {});
   [[nodiscard]] bool isOn() const noexcept { return isOn_; }
   // The file's name; empty while off.
   [[nodiscard]] std::wstring fileName();

@@ -7,11 +7,11 @@
 
 namespace corvid {
 
-// Knows no control byte and runs none of the host's code. Failures are returned, and errorText()
-// then has the words of the last one. One thread.
 // How a driver ends a read that asks for more than is there.
 enum class ReadManner { Unseen, AtOnce, WaitsOut };
 
+// Knows no control byte and runs none of the host's code. Failures are returned, and errorText()
+// then has the words of the last one. One thread.
 class Transport {
  public:
   virtual ~Transport() = default;
@@ -34,6 +34,8 @@ class Transport {
   virtual std::int32_t write(std::string_view bytes) = 0;
 
   [[nodiscard]] virtual std::wstring errorText() const = 0;
+  // The network address, as the setting writes it; empty for a port of this machine.
+  [[nodiscard]] virtual std::wstring address() const { return {}; }
   // By the last read that showed it; reads of exactly what is waiting never do.
   [[nodiscard]] virtual ReadManner readManner() const { return ReadManner::Unseen; }
 };

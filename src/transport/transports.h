@@ -6,6 +6,8 @@
 #include "transport/modcomm.h"
 #include "transport/port_dump.h"
 #include "transport/ports_in_use.h"
+#include "transport/socket_calls.h"
+#include "transport/tcp_transport.h"
 #include "transport/transport.h"
 
 #include <cstdint>
@@ -27,17 +29,20 @@ struct SharedTransports {
 class Transports {
  public:
   // All outlive it.
-  Transports(SerialCalls& calls, Clock& clock, SharedTransports& shared)
+  Transports(SerialCalls& calls, SocketCalls& sockets, Clock& clock, SharedTransports& shared)
       : calls_(calls),
         clock_(clock),
         dump_(shared.dump),
+        tcp_({sockets, clock, shared.dump, shared.inUse}),
         comm_({calls, shared.dump, shared.inUse}) {}
   Transports(const Transports&) = delete;
   Transports& operator=(const Transports&) = delete;
 
   // Whether Abrir takes the number: 1 to 99.
   [[nodiscard]] static bool isPortNumber(std::int16_t number);
-  // The stream to the printer on a port, closed, and as the settings have it.
+  // The stream to the printer on a port, closed, and as the settings have it: over the network
+  // where section "Config\Puertos" has a text for the number, over the serial port of that number
+  // otherwise.
   [[nodiscard]] std::shared_ptr<Transport> make(std::int16_t port, const Settings& settings);
 
   // The numbers of the ports that exist, ascending.
@@ -53,6 +58,7 @@ class Transports {
   SerialCalls& calls_;
   Clock& clock_;
   PortDump& dump_;
+  TcpEnvironment tcp_;
   modCOMM comm_;
 };
 

@@ -1,7 +1,7 @@
 // A printer that answers by script.
 #pragma once
 
-#include "support/serial_double.h"
+#include "support/line_peer.h"
 
 #include <deque>
 #include <map>
@@ -27,7 +27,7 @@ inline constexpr char kEtb = '\x17';
 // an ACK, and an ACK nothing.
 class ScriptedPrinter : public LinePeer {
  public:
-  void received(std::string_view bytes, SerialDouble& line) override;
+  void received(std::string_view bytes, LineEnd& line) override;
 
   std::deque<Answer> answersToStatus;
   std::deque<Answer> answersToBlock;

@@ -3,6 +3,7 @@
 
 #include "support/call_faults.h"
 #include "support/fake_clock.h"
+#include "support/line_peer.h"
 #include "transport/serial_calls.h"
 
 #include <cstdint>
@@ -14,15 +15,6 @@
 #include <vector>
 
 namespace corvid {
-
-class SerialDouble;
-
-// The far end of a line. Answers by SerialDouble::deliver, at once or later.
-class LinePeer {
- public:
-  virtual ~LinePeer() = default;
-  virtual void received(std::string_view bytes, SerialDouble& line) = 0;
-};
 
 // How a driver hands on what the line gives.
 struct DriverModel {
@@ -46,16 +38,15 @@ inline constexpr double kByteSeconds = 11.0 / 9600;  // start, eight data bits, 
 
 // Fulfils the serial calls over lines in memory, one per device name; all share one peer. Keeps
 // every call. A closed or invalid handle fails with 6, a device that is open already with 5.
-class SerialDouble : public SerialCalls {
+class SerialDouble : public SerialCalls, public LineEnd {
  public:
   SerialDouble(FakeClock& clock, CallFaults& faults) : clock_(clock), faults_(faults) {}
 
   DriverModel driver;
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  // Sends bytes on the line written last (opened last, where none was), that many seconds from now
-  // and after what is on its way.
-  void deliver(std::string_view bytes, double delaySeconds = 0);
+  using LineEnd::deliver;
+  void deliver(std::string_view bytes, double delaySeconds) override;
   // Takes back what has not arrived.
   void silence();
 

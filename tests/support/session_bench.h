@@ -28,6 +28,7 @@ class SessionBench {
   explicit SessionBench(Entries settings = {}) {
     for (const auto& [key, value] : settings) world_.settings.set(kSessionSection, key, value);
     world_.serial.connect(&printer_);
+    world_.sockets.connect(&printer_);
     thread_ = std::make_unique<ThreadState>(world_.environment());
     session_ = std::make_unique<PrinterSession>(*thread_);
   }

@@ -11,6 +11,7 @@
 #include "support/fake_settings.h"
 #include "support/memory_files.h"
 #include "support/serial_double.h"
+#include "support/socket_double.h"
 
 #include <functional>
 #include <memory>
@@ -97,6 +98,7 @@ struct World {
   FakeSettings settings;
   FakeSettings::Store store{settings};
   SerialDouble serial{clock, faults};
+  SocketDouble sockets{clock, faults};
   FakePump pump{clock};
   RecordingDialog dialog;
   FakeFolders folders;
@@ -106,8 +108,8 @@ struct World {
   ProcessState process{files, clock};
 
   [[nodiscard]] Environment environment() {
-    return {process, settings, store, serial, pump,          dialog, folders,
-            files,   views,    clock, clock,  windows1252(), locale};
+    return {process, settings, store, serial, sockets, pump,          dialog,
+            folders, files,    views, clock,  clock,   windows1252(), locale};
   }
 };
 

@@ -62,6 +62,12 @@ TEST(Diagnosis, TellsWhereFromAndHowItStands) {
       {L"Archivo del volcado", L"ninguno"},
   };
   for (const auto& one : cases) EXPECT_EQ(one.value, valueOf(text, one.name));
+
+  bench.world().settings.set(kPlacesSection, L"7", L"TCP:box:4000");
+  bench.session().Abrir(7);
+  const std::wstring ofTcp = diagnosis(bench.session(), kInstallation);
+  EXPECT_EQ(L"tcp:box:4000, abierto", valueOf(ofTcp, L"Puerto de la sesi\u00F3n"));
+  EXPECT_EQ(L"TCP:box:4000 (C:\\host\\ORV.ini)", valueOf(ofTcp, L"Config\\Puertos\\7"));
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ void expectSurvived(Shop& shop, const Sale& sale) {
   shop.line.misbehaviour().reset();
   shop.world.faults.repair();
   shop.session->Cerrar();
-  EXPECT_EQ(shop.world.serial.openHandles(), 0U);
+  EXPECT_EQ(shop.world.serial.openHandles() + shop.world.sockets.openSockets(), 0U);
   EXPECT_EQ(shop.world.files.openFiles, 0);
   openKnown(shop);
   static_cast<void>(CancelarTransaccion(*shop.session));
@@ -119,24 +119,34 @@ void sellWhereACallFails(Shop& shop, bool forGood) {
   expectSurvived(shop, sale);
 }
 
+// A printer in the network is lost when its peer hangs up.
 TEST(Robustness, EachCallOfTheSystemMayFailOnceOrForGood) {
   const struct {
+    const char* way;
     ShopSettings settings;
+    const wchar_t* place;
     bool forGood;
+    std::uint32_t error;
     int step;
   } kSweeps[] = {
-      {quickSettings(), false, 1}, {quickSettings(), true, 1}, {tracedSettings(), false, 9}};
+      {"serial, once", quickSettings(), L"", false, 22, 1},
+      {"serial, for good", quickSettings(), L"", true, 22, 1},
+      {"with files, once", tracedSettings(), L"", false, 22, 9},
+      {"tcp, once", quickSettings(), L"tcp:box:4000", false, 22, 1},
+      {"tcp, the peer hangs up", quickSettings(), L"tcp:box:4000", false, SocketDouble::kHangUp, 1},
+  };
   for (const auto& sweep : kSweeps) {
     int last = 1;
     for (int nth = 1; nth <= last; nth += sweep.step) {
-      SCOPED_TRACE(std::to_string(nth) + (sweep.forGood ? " from then on" : ""));
+      SCOPED_TRACE(std::string(sweep.way) + " at call " + std::to_string(nth));
       Shop shop(sweep.settings);
+      shop.world.settings.set(kPlacesSection, L"7", sweep.place);
       if (sweep.forGood) {
-        shop.world.faults.failFrom("", nth, 22);
+        shop.world.faults.failFrom("", nth, sweep.error);
       } else {
-        shop.world.faults.failNth("", nth, 22);
+        shop.world.faults.failNth("", nth, sweep.error);
       }
-      sellWhereACallFails(shop, sweep.forGood);
+      sellWhereACallFails(shop, sweep.forGood || sweep.error == SocketDouble::kHangUp);
       last = std::max(last, shop.world.faults.count());
       if (HasFailure()) return;
     }

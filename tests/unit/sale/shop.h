@@ -26,12 +26,13 @@ struct ShopSetting {
   const wchar_t* value;
 };
 
-// Not yet open; port 7 is the printer's.
+// Not yet open; port 7 is the printer's, at the end of a serial line or of the network.
 class Shop {
  public:
   explicit Shop(std::initializer_list<ShopSetting> settings = {}) {
     for (const auto& [section, key, value] : settings) world.settings.set(section, key, value);
     world.serial.connect(&line);
+    world.sockets.connect(&line);
     thread = std::make_unique<ThreadState>(world.environment());
     session = std::make_unique<PrinterSession>(*thread);
   }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/program/printer.h"
-#include "support/serial_double.h"
+#include "support/line_peer.h"
 
 #include <chrono>
 #include <string>
@@ -17,7 +17,7 @@ class SimulatedLine : public LinePeer {
       : printer_(std::move(configuration),
                  [] { return simulator::LocalTime{2026, 3, 14, 10, 30, 15}; }) {}
 
-  void received(std::string_view bytes, SerialDouble& line) override {
+  void received(std::string_view bytes, LineEnd& line) override {
     double delay = 0;
     for (const simulator::Chunk& chunk : printer_.receive(bytes)) {
       delay += std::chrono::duration<double>(chunk.gap).count();

@@ -24,9 +24,9 @@ struct SecondThread {
     Environment environment = world.environment();
     thread = std::make_unique<ThreadState>(
         Environment{first.world.process, first.world.settings, first.world.store,
-                    environment.serial, environment.pump, environment.dialog, first.world.folders,
-                    first.world.files, environment.views, environment.clock, environment.sleep,
-                    environment.codePage, first.world.locale});
+                    environment.serial, environment.sockets, environment.pump, environment.dialog,
+                    first.world.folders, first.world.files, environment.views, environment.clock,
+                    environment.sleep, environment.codePage, first.world.locale});
     session = std::make_unique<PrinterSession>(*thread);
     session->state().SerialPrinter = L"KNOWN";
   }

@@ -71,17 +71,30 @@ RunTimeError errorOfOpening(PrinterSession& session) {
 }
 
 TEST(Opening, FailureOfAnyCallIsRaisedAndTheNextOpeningWorks) {
-  const char* const calls[] = {"createFile",   "setupComm",    "purgeComm",   "setCommTimeouts",
-                               "getCommState", "buildCommDcb", "setCommState"};
-  for (const char* call : calls) {
+  const std::wstring kSerial = L"Error (5): CommOpen (";
+  const std::wstring kTcp = L"Error (5): tcp:box:4000 (";
+  const struct {
+    const char* call;
+    std::wstring words;
+  } kCalls[] = {
+      {"createFile", kSerial},   {"setupComm", kSerial},
+      {"purgeComm", kSerial},    {"setCommTimeouts", kSerial},
+      {"getCommState", kSerial}, {"buildCommDcb", kSerial},
+      {"setCommState", kSerial}, {"resolve", kTcp},
+      {"create", kTcp},          {"connect", kTcp},
+      {"awaitWriting", kTcp},    {"isConnected", kTcp},
+  };
+  for (const auto& [call, words] : kCalls) {
     SessionBench bench;
+    if (words == kTcp) bench.world().settings.set(kPlacesSection, L"7", L"tcp:box:4000");
     bench.session().state().SerialPrinter = L"KNOWN";
-    bench.world().serial.failNth(call, 1, 5);
+    bench.world().faults.failNth(call, 1, 5);
     const RunTimeError error = errorOfOpening(bench.session());
     EXPECT_EQ(error.number(), 40001) << call;
     EXPECT_EQ(error.source(), L"PrinterFiscal.Abrir");
-    EXPECT_TRUE(error.description().starts_with(L"Error (5): CommOpen (")) << call;
+    EXPECT_TRUE(error.description().starts_with(words)) << call;
     EXPECT_EQ(bench.session().exchange().state().port, 7) << call;
+    EXPECT_EQ(bench.world().sockets.openSockets(), 0U) << call;
     bench.session().Abrir(7);
     EXPECT_EQ(bench.session().Execute(L"w"), 0) << call;
   }
@@ -98,6 +111,22 @@ TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
   second.reset();
   EXPECT_TRUE(bench.printer().blocks.empty());
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
+}
+
+TEST(Opening, NumberWithAnAddressIsThatPrinterAndNoOther) {
+  SessionBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}});
+  bench.world().settings.set(kPlacesSection, L"7", L"TCP:box:4000");
+  bench.open();
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_TRUE(bench.world().serial.calls().empty());
+  const auto second = bench.another();
+  EXPECT_EQ(errorOfOpening(*second).description(), L"Error (-1): tcp:box:4000 - Port in use.");
+  second->Abrir(8);
+  EXPECT_EQ(bench.world().serial.opened(), std::vector<std::wstring>{L"COM8"});
+  bench.clearTrace();
+  bench.session().Abrir(7);
+  EXPECT_EQ(bench.trace().front(), L"Abrir: COM7 = tcp:box:4000");
+  EXPECT_EQ(bench.session().Execute(L"w"), 0) << "reopened";
 }
 
 TEST(Opening, TwoSessionsHoldTwoPorts) {

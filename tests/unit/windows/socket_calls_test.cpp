@@ -1,0 +1,100 @@
+// The system's sockets against a listener of the test's own.
+#include "windows/socket_calls.h"
+
+#include <gtest/gtest.h>
+#include <winsock2.h>
+
+namespace corvid {
+namespace {
+
+constexpr double kSeconds = 5;
+
+// Takes connections on a free port of this machine.
+class Listener {
+ public:
+  Listener() {
+    WSADATA data{};
+    EXPECT_EQ(WSAStartup(MAKEWORD(2, 2), &data), 0);
+    socket_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(listen(socket_, 1), 0);
+  }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+  ~Listener() {
+    close();
+    WSACleanup();
+  }
+
+  [[nodiscard]] std::uint16_t port() const {
+    sockaddr_in address{};
+    int size = sizeof address;
+    EXPECT_EQ(getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    return ntohs(address.sin_port);
+  }
+  [[nodiscard]] SOCKET accepted() const { return accept(socket_, nullptr, nullptr); }
+  void close() {
+    closesocket(socket_);
+    socket_ = INVALID_SOCKET;
+  }
+
+ private:
+  SOCKET socket_;
+};
+
+SocketHandle connecting(WindowsSocketCalls& calls, std::uint16_t port) {
+  std::vector<SocketAddress> ways;
+  EXPECT_TRUE(calls.resolve(L"127.0.0.1", port, ways));
+  EXPECT_EQ(ways.size(), 1U);
+  const SocketHandle handle = calls.create(ways.front());
+  EXPECT_NE(handle, kInvalidSocket);
+  EXPECT_FALSE(calls.connect(handle, ways.front()));
+  EXPECT_EQ(calls.lastError(), kErrorWouldBlock);
+  bool isReady = false;
+  EXPECT_TRUE(calls.awaitWriting(handle, kSeconds, isReady));
+  EXPECT_TRUE(isReady);
+  return handle;
+}
+
+TEST(SocketCalls, MoveBytesWithoutWaitingAndTellTheHangUp) {
+  const Listener listener;
+  WindowsSocketCalls calls;
+  const SocketHandle handle = connecting(calls, listener.port());
+  EXPECT_TRUE(calls.isConnected(handle));
+  const SOCKET peer = listener.accepted();
+  char buffer[8];
+  std::uint32_t count = 7;
+  EXPECT_FALSE(calls.receive(handle, buffer, sizeof buffer, count));
+  EXPECT_EQ(calls.lastError(), kErrorWouldBlock);
+  EXPECT_EQ(count, 0U);
+  EXPECT_TRUE(calls.send(handle, std::string("a\0b", 3), count));
+  EXPECT_EQ(count, 3U);
+  EXPECT_EQ(recv(peer, buffer, sizeof buffer, 0), 3);
+  closesocket(peer);
+  while (!calls.receive(handle, buffer, sizeof buffer, count)) {
+    ASSERT_EQ(calls.lastError(), kErrorWouldBlock);
+  }
+  EXPECT_EQ(count, 0U);
+  EXPECT_TRUE(calls.close(handle));
+  EXPECT_FALSE(calls.close(handle));
+}
+
+TEST(SocketCalls, RefusalTellsWhy) {
+  Listener listener;
+  const std::uint16_t port = listener.port();
+  listener.close();
+  WindowsSocketCalls calls;
+  const SocketHandle handle = connecting(calls, port);
+  EXPECT_FALSE(calls.isConnected(handle));
+  EXPECT_EQ(calls.lastError(), static_cast<std::uint32_t>(WSAECONNREFUSED));
+  EXPECT_TRUE(calls.close(handle));
+  std::vector<SocketAddress> ways;
+  EXPECT_FALSE(calls.resolve(L"no.such.name.invalid", port, ways));
+  EXPECT_NE(calls.lastError(), 0U);
+}
+
+}  // namespace
+}  // namespace corvid
