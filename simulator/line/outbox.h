@@ -21,6 +21,8 @@ class Outbox {
   // Everything that is due, in order, and no longer held.
   [[nodiscard]] std::string takeDue(Moment now);
 
+  void clear() { held_.clear(); }
+
   // When the next piece is due; nothing when none waits.
   [[nodiscard]] std::optional<Moment> nextDue() const;
 

@@ -16,7 +16,8 @@ int run(const std::vector<std::string_view>& arguments) {
     return error.empty() ? 0 : 2;
   }
   corvid::simulator::Program program(options, std::cout);
-  return corvid::simulator::serve(options, program);
+  corvid::simulator::serve(options, program);
+  return 0;
 }
 
 }  // namespace

@@ -65,6 +65,33 @@ bool setText(std::string& target, std::string_view value) {
   return !value.empty();
 }
 
+// Four numbers with dots, not above 255.
+bool isDottedAddress(std::string_view text) {
+  constexpr int kParts = 4;
+  constexpr int kHighest = 255;
+  for (int part = 1; part <= kParts; ++part) {
+    const auto dot = std::min(text.find('.'), text.size());
+    const auto value = number(text.substr(0, dot), 3);
+    const bool isLast = part == kParts;
+    if (!value || *value > kHighest || isLast != (dot == text.size())) {
+      return false;
+    }
+    text.remove_prefix(isLast ? dot : dot + 1);
+  }
+  return true;
+}
+
+bool setTcp(Options& options, std::string_view value) {
+  constexpr int kHighestPort = 65535;
+  const auto colon = std::min(value.find(':'), value.size());
+  const auto port = number(value.substr(std::min(colon + 1, value.size())), 5);
+  if (!port || *port > kHighestPort || !isDottedAddress(value.substr(0, colon))) {
+    return false;
+  }
+  options.tcp = {std::string(value.substr(0, colon)), static_cast<std::uint16_t>(*port)};
+  return true;
+}
+
 struct Option {
   std::string_view name;
   std::string_view help;
@@ -76,6 +103,7 @@ constexpr std::array kOptions = {
            [](Options& o, std::string_view v) { return setText(o.pty, v); }},
     Option{"--port", "COMn: serve a serial port (Windows), byte by byte at 9600 baud",
            [](Options& o, std::string_view v) { return setText(o.port, v); }},
+    Option{"--tcp", "127.0.0.1:4000: serve hosts that connect there, one after the other", setTcp},
     Option{"--paper", "FILE: add every printed line to FILE, in UTF-8",
            [](Options& o, std::string_view v) { return setText(o.paper, v); }},
     Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",

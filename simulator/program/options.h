@@ -4,6 +4,7 @@
 #include "simulator/device/configuration.h"
 #include "simulator/device/local_time.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,9 +12,16 @@
 
 namespace corvid::simulator {
 
+// Where to wait for hosts: an address with dots, and a port (0: any free one).
+struct ListenAddress {
+  std::string host;
+  std::uint16_t port = 0;
+};
+
 struct Options {
-  std::string pty;     // link to make to the pseudo terminal (Linux)
-  std::string port;    // name of the serial port (Windows)
+  std::string pty;   // link to make to the pseudo terminal (Linux)
+  std::string port;  // name of the serial port (Windows)
+  std::optional<ListenAddress> tcp;
   std::string paper;   // file that every printed line is added to, in UTF-8; empty: none
   std::string wire;    // file that every message is added to; empty: none
   std::string memory;  // file that holds the memory; empty: it is forgotten at the end

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/device/memory_file.h"
+#include "simulator/line/outbox.h"
 #include "simulator/program/options.h"
 #include "simulator/program/printer.h"
 #include "simulator/program/steering.h"
@@ -27,10 +28,13 @@ class Program {
   Program& operator=(Program&&) = delete;
   ~Program() = default;
 
-  // std::runtime_error when the memory's file cannot be written.
-  [[nodiscard]] std::vector<Chunk> receive(std::string_view bytes) {
-    return printer_.receive(bytes);
-  }
+  // Takes bytes of the host. std::runtime_error when the memory's file cannot be written.
+  void receive(std::string_view bytes, Moment now) { outbox_.add(printer_.receive(bytes), now); }
+  // What leaves now, and when there will be more.
+  [[nodiscard]] std::string takeDue(Moment now) { return outbox_.takeDue(now); }
+  [[nodiscard]] std::optional<Moment> nextDue() const { return outbox_.nextDue(); }
+  // The host is gone, and what was on its way to it is lost.
+  void hangUp() { outbox_.clear(); }
 
   // Takes bytes of standard input and obeys every whole line in them; false after "quit".
   bool steer(std::string_view bytes);
@@ -40,6 +44,7 @@ class Program {
 
  private:
   Printer printer_;
+  Outbox outbox_;
   std::ostream& out_;
   Steering steering_;
   MemoryFile memory_;
@@ -52,8 +57,8 @@ class Program {
 // bytes in hexadecimal.
 [[nodiscard]] std::string wireLine(Printer::Direction direction, std::string_view bytes);
 
-// Defined by the platform's front end: serves the line that the options name until "quit", and
-// returns the exit code. std::system_error when the line does not open.
-int serve(const Options& options, Program& program);
+// Defined by the platform's front end: serves the line that the options name until "quit".
+// std::runtime_error when the line does not open.
+void serve(const Options& options, Program& program);
 
 }  // namespace corvid::simulator

@@ -129,7 +129,8 @@ class InFile : public testing::Test {
     Program program(options_, out);
     std::string answer;
     for (const std::string& command : commands) {
-      answer = program.receive(framed(command)).front().bytes;
+      program.receive(framed(command), Moment{});
+      answer = program.takeDue(Moment{});
     }
     return answer;
   }

@@ -148,7 +148,8 @@ TEST(Program, ObeysLinesOfItsOptionsWithoutAWord) {
   options.steering = {"refuse 1"};
   Program program(options, out);
   EXPECT_EQ(out.str(), "");
-  EXPECT_EQ(program.receive("\x02w\x03t").front().bytes, kNakAnswer);
+  program.receive("\x02w\x03t", Moment{});
+  EXPECT_EQ(program.takeDue(Moment{}), kNakAnswer);
   options.steering = {"dance"};
   EXPECT_THROW(Program(options, out), std::runtime_error);
 }
@@ -179,7 +180,7 @@ TEST(Options, AreReadOrRefusedWithTheirName) {
                      "--flag",         "63=7",     "--cashier", "9",
                      "--model",        "short",    "--clock",   "2026-03-14 10:30:15",
                      "--do",           "refuse 1", "--do",      "baud 9600",
-                     "--last-invoice", "41"});
+                     "--last-invoice", "41",       "--tcp",     "127.0.0.1:4000"});
   EXPECT_EQ(good.error, "");
   EXPECT_EQ(good.options.pty, "link");
   EXPECT_TRUE(good.options.configuration.rates[0].isIncluded);
@@ -189,6 +190,8 @@ TEST(Options, AreReadOrRefusedWithTheirName) {
   EXPECT_EQ(good.options.configuration.model.counters, CountersLayout::Short);
   EXPECT_EQ(good.options.configuration.lastInvoice, 41);
   EXPECT_EQ(good.options.clock->minute, 30);
+  EXPECT_EQ(good.options.tcp->host, "127.0.0.1");
+  EXPECT_EQ(good.options.tcp->port, 4000);
   EXPECT_EQ(good.options.steering, (std::vector<std::string>{"refuse 1", "baud 9600"}));
 
   EXPECT_EQ(parsedOptions({"--dance", "1"}).error, "unknown option --dance");
@@ -198,7 +201,10 @@ TEST(Options, AreReadOrRefusedWithTheirName) {
        {Pair{"--rates", "21600,20800"}, Pair{"--rates", "21600,20800,23100,2"},
         Pair{"--rates", "31600,20800,23100"}, Pair{"--flag", "64=1"}, Pair{"--flag", "21"},
         Pair{"--cashier", "100"}, Pair{"--cashier", "-1"}, Pair{"--model", "none"},
-        Pair{"--clock", "noon"}, Pair{"--igtf", "2"}}) {
+        Pair{"--clock", "noon"}, Pair{"--igtf", "2"}, Pair{"--tcp", "4000"},
+        Pair{"--tcp", "127.0.0.1"}, Pair{"--tcp", "127.0.0.1:65536"}, Pair{"--tcp", "127.0.0.1:"},
+        Pair{"--tcp", "127.0.1:4000"}, Pair{"--tcp", "127.0.0.256:4000"},
+        Pair{"--tcp", "1.2.3.4.5:4000"}, Pair{"--tcp", "localhost:4000"}}) {
     EXPECT_EQ(parsedOptions({name, value}).error,
               std::string("bad value for ") + name + ": " + value);
   }
