@@ -1,6 +1,25 @@
 #include "simulator/device/machine.h"
 
+#include "simulator/device/receipt.h"
+
 namespace corvid::simulator {
+
+void Machine::cutPower(OpenDocument fate) {
+  isTraining = false;
+  if (canPrint()) {
+    error = kNoError;
+  }
+  const bool isResumed = !isIdle() && fate == OpenDocument::Resumed;
+  if (isResumed) {
+    return;
+  }
+  if (!isIdle()) {
+    printCancelled(paper, configuration);
+  }
+  document.reset();
+  isNonFiscalOpen = false;
+  customer = Customer{};
+}
 
 void Machine::beginDocument() { documentStart = paper.lines().size(); }
 

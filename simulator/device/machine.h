@@ -20,6 +20,9 @@ inline constexpr int kNoError = 64;
 inline constexpr int kNoPaper = 65;
 inline constexpr int kLastPaperError = 67;
 
+// What becomes of an open document when the power comes back.
+enum class OpenDocument { Annulled, Resumed };
+
 struct Machine {
   Machine(Configuration chosen, Clock source)
       : configuration(std::move(chosen)),
@@ -44,6 +47,10 @@ struct Machine {
   [[nodiscard]] bool isIdle() const { return !document && !isNonFiscalOpen; }
   [[nodiscard]] bool canPrint() const { return error < kNoPaper || error > kLastPaperError; }
   [[nodiscard]] LocalTime now() const { return shifted(clock(), clockOffset); }
+
+  // The power goes and comes back: customer data, training and errors that need no hand are gone,
+  // and so is a document that is annulled, which the paper tells. All else is kept.
+  void cutPower(OpenDocument fate);
 
   // Marks where on the paper a document begins.
   void beginDocument();

@@ -23,6 +23,7 @@ enum class Fault {
   Silent,        // is deaf and dumb: neither does nor answers anything
   Lose,          // does what it is told, but its answer never arrives
   LoseAck,       // does what it is told or refuses it, but its ACK or NAK never arrives
+  HangUp,        // ends the host's connection in place of an answer, where the line has one
   ByteByByte,    // sends each byte of an answer by itself
   Split,         // sends an answer in two pieces
   EnquiryFirst,  // puts ENQ before an answer
@@ -31,7 +32,7 @@ enum class Fault {
   CorruptData,   // changes a byte of a block
   Noise,         // sends other bytes before an answer
 };
-inline constexpr std::size_t kFaults = 11;
+inline constexpr std::size_t kFaults = 12;
 
 // Whether and how long a fault lasts: a number of times, or until it is switched off.
 inline constexpr int kForEver = -1;
@@ -39,8 +40,8 @@ inline constexpr int kForEver = -1;
 class Misbehaviour {
  public:
   // `times` may be 0 (off) and kForEver. What counts as one time: a command for Refuse, a message
-  // from the host for Silent, an answer for Lose, ByteByByte, Split, EnquiryFirst and Noise, an ACK
-  // or NAK for LoseAck, a block for the others.
+  // from the host for Silent, an answer for Lose, HangUp, ByteByByte, Split, EnquiryFirst and
+  // Noise, an ACK or NAK for LoseAck, a block for the others.
   void set(Fault fault, int times) { left_.at(index(fault)) = times; }
   [[nodiscard]] bool isOn(Fault fault) const { return left_.at(index(fault)) != 0; }
   // Whether the fault happens now; counts it.

@@ -80,10 +80,13 @@ class Loop {
   void takeLine() {
     if (const auto bytes = line_.receive()) {
       program_.receive(*bytes, std::chrono::steady_clock::now());
-    } else {
-      unsent_.clear();
-      program_.hangUp();
+      if (!program_.takeHangUp()) {
+        return;
+      }
+      line_.hangUp();
     }
+    unsent_.clear();
+    program_.hangUp();
   }
 
   // A closed standard input leaves the printer running.

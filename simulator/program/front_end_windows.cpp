@@ -53,12 +53,18 @@ class FineTicks {
 void exchange(HostLine& line, Program& program, std::string& unsent) {
   const auto received = line.receive();
   const auto now = std::chrono::steady_clock::now();
-  if (!received) {
+  if (received) {
+    program.receive(*received, now);
+  }
+  const bool isEnded = program.takeHangUp();
+  if (isEnded) {
+    line.hangUp();
+  }
+  if (isEnded || !received) {
     unsent.clear();
     program.hangUp();
     return;
   }
-  program.receive(*received, now);
   unsent += program.takeDue(now);
   if (!unsent.empty()) {
     unsent.erase(0, line.send(unsent));

@@ -22,6 +22,8 @@ class HostLine {
   [[nodiscard]] virtual int descriptor() const { return -1; }
   // What has arrived, without waiting; nothing where the host has hung up.
   [[nodiscard]] virtual std::optional<std::string> receive() = 0;
+  // Ends the host's connection; a cable has none.
+  virtual void hangUp() {}
   // The count of bytes that the line took now.
   [[nodiscard]] virtual std::size_t send(std::string_view bytes) = 0;
 };

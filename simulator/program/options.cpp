@@ -104,7 +104,8 @@ constexpr std::array kOptions = {
     Option{"--port", "COMn: serve a serial port (Windows), byte by byte at 9600 baud",
            [](Options& o, std::string_view v) { return setText(o.port, v); }},
     Option{"--tcp", "127.0.0.1:4000: serve hosts that connect there, one after the other", setTcp},
-    Option{"--paper", "FILE: add every printed line to FILE, in UTF-8",
+    Option{"--paper",
+           "FILE: add every printed line to FILE, in UTF-8; -: show it here as it prints",
            [](Options& o, std::string_view v) { return setText(o.paper, v); }},
     Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",
            [](Options& o, std::string_view v) { return setText(o.wire, v); }},
@@ -134,6 +135,8 @@ constexpr std::array kOptions = {
            [](Options& o, std::string_view v) {
              return setNumber(o.configuration.lastInvoice, v, 8);
            }},
+    Option{"--script", "FILE: obey the lines of FILE, each when its command comes",
+           [](Options& o, std::string_view v) { return setText(o.script, v); }},
     Option{"--do", "LINE: obey a line as from standard input; may be repeated",
            [](Options& o, std::string_view v) {
              o.steering.emplace_back(v);

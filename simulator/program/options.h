@@ -18,15 +18,19 @@ struct ListenAddress {
   std::uint16_t port = 0;
 };
 
+// The paper's file that stands for standard output.
+inline constexpr std::string_view kConsole = "-";
+
 struct Options {
   std::string pty;   // link to make to the pseudo terminal (Linux)
   std::string port;  // name of the serial port (Windows)
   std::optional<ListenAddress> tcp;
-  std::string paper;   // file that every printed line is added to, in UTF-8; empty: none
+  std::string paper;   // file that every printed line is added to, in UTF-8; empty: none; kConsole
   std::string wire;    // file that every message is added to; empty: none
   std::string memory;  // file that holds the memory; empty: it is forgotten at the end
   std::optional<LocalTime> clock;  // nothing: the machine's own
   Configuration configuration;
+  std::string script;                 // file of lines to obey, each at its time; empty: none
   std::vector<std::string> steering;  // lines to obey before the line opens
   bool isHelpWanted = false;
 };

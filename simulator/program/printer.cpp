@@ -13,11 +13,16 @@ std::vector<Chunk> Printer::receive(std::string_view bytes) {
       continue;
     }
     report(Direction::FromHost, received->bytes);
-    if (received->kind == Received::Kind::Noise || misbehaviour_.happens(Fault::Silent)) {
+    const std::size_t before = chunks.size();
+    std::string answer = hears(*received) ? answerTo(*received) : "";
+    if (!isPowered_) {
+      chunks.clear();
       continue;
     }
-    const std::size_t before = chunks.size();
-    send(answerTo(*received), chunks);
+    send(std::move(answer), chunks);
+    if (isHangingUp_) {
+      break;
+    }
     // However it got here: on a paced line the message has only now arrived.
     if (chunks.size() > before) {
       chunks.at(before).gap += misbehaviour_.timeOnLine(received->bytes.size());
@@ -26,14 +31,40 @@ std::vector<Chunk> Printer::receive(std::string_view bytes) {
   return chunks;
 }
 
+bool Printer::hears(const Received& received) {
+  isPowered_ = true;
+  if (received.kind == Received::Kind::Command) {
+    ++commands_;
+    if (onCommand_) {
+      onCommand_(Stage::Arrived, commands_);
+    }
+  }
+  return isPowered_ && received.kind != Received::Kind::Noise &&
+         !misbehaviour_.happens(Fault::Silent);
+}
+
+void Printer::cutPower(OpenDocument fate) {
+  machine_.cutPower(fate);
+  line_ = {};
+  blocks_.clear();
+  lastBlock_.clear();
+  isPowered_ = false;
+  isLost_ = true;
+}
+
 std::string Printer::answerTo(const Received& received) {
   switch (received.kind) {
     case Received::Kind::Acknowledge:
       return nextBlock();
     case Received::Kind::Refuse:
       return lastBlock_;
-    case Received::Kind::Command:
-      return answerToCommand(received.text);
+    case Received::Kind::Command: {
+      std::string answer = answerToCommand(received.text);
+      if (onCommand_) {
+        onCommand_(Stage::CarriedOut, commands_);
+      }
+      return answer;
+    }
     case Received::Kind::Garbled:
       return answerOf(refused());
     case Received::Kind::Enquiry:
@@ -91,6 +122,10 @@ void Printer::report(Direction direction, std::string_view bytes) const {
 
 void Printer::send(std::string answer, std::vector<Chunk>& chunks) {
   if (answer.empty()) {
+    return;
+  }
+  if (misbehaviour_.happens(Fault::HangUp)) {
+    isHangingUp_ = true;
     return;
   }
   std::string sent;

@@ -2,6 +2,7 @@
 
 #include "simulator/line/bytes.h"
 
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 
@@ -33,6 +34,19 @@ void obeyAtStart(Printer& printer, const std::string& line) {
   }
 }
 
+Script scriptOf(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  if (!file) {
+    throw std::runtime_error("cannot read " + name);
+  }
+  try {
+    return Script(text);
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error(name + ", " + error.what());
+  }
+}
+
 }  // namespace
 
 Program::Program(const Options& options, std::ostream& out)
@@ -46,7 +60,10 @@ Program::Program(const Options& options, std::ostream& out)
     memory_.load(printer_.machine());
     printer_.onDone([this](const Machine& machine) { memory_.save(machine); });
   }
-  if (!options.paper.empty()) {
+  if (options.paper == kConsole) {
+    printer_.machine().paper.onLine(
+        [this](std::string_view line) { out_ << utf8(line) << std::endl; });
+  } else if (!options.paper.empty()) {
     open(paper_, options.paper);
     printer_.machine().paper.onLine(
         [this](std::string_view line) { paper_ << utf8(line) << std::endl; });
@@ -60,6 +77,34 @@ Program::Program(const Options& options, std::ostream& out)
   for (const std::string& line : options.steering) {
     obeyAtStart(printer_, line);
   }
+  if (!options.script.empty()) {
+    script_ = scriptOf(options.script);
+    for (const std::string& line : script_.first()) {
+      obeyAtStart(printer_, line);
+    }
+    printer_.onCommand([this](Printer::Stage stage, int command) { obeyScript(stage, command); });
+  }
+}
+
+void Program::receive(std::string_view bytes, Moment now) {
+  const std::vector<Chunk> answers = printer_.receive(bytes);
+  dropLost();
+  outbox_.add(answers, now);
+}
+
+void Program::dropLost() {
+  if (printer_.takeLoss()) {
+    outbox_.clear();
+  }
+}
+
+// Shows what the lines show, without the answers that a harness would take for its own.
+void Program::obeyScript(Printer::Stage stage, int command) {
+  for (const std::string& line : script_.due(stage, command)) {
+    std::ostringstream answer;
+    Steering(printer_, answer).obey(line);
+    out_ << answer.str().substr(0, answer.str().rfind("ok\n")) << std::flush;
+  }
 }
 
 bool Program::steer(std::string_view bytes) {
@@ -70,6 +115,7 @@ bool Program::steer(std::string_view bytes) {
     if (!steering_.obey(line)) {
       return false;
     }
+    dropLost();
   }
   return true;
 }

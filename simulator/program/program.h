@@ -5,6 +5,7 @@
 #include "simulator/line/outbox.h"
 #include "simulator/program/options.h"
 #include "simulator/program/printer.h"
+#include "simulator/program/script.h"
 #include "simulator/program/steering.h"
 
 #include <fstream>
@@ -17,9 +18,9 @@ namespace corvid::simulator {
 
 class Program {
  public:
-  // Opens the files that the options name, and obeys their lines without an answer.
-  // std::runtime_error for a file that does not open, a damaged memory, or a line that is not
-  // understood.
+  // Opens the files that the options name, and obeys their lines and those of the script without an
+  // answer. std::runtime_error for a file that does not open, a damaged memory, or a line that is
+  // not understood.
   Program(const Options& options, std::ostream& out);
   // The printer's listeners point into the program.
   Program(const Program&) = delete;
@@ -29,12 +30,14 @@ class Program {
   ~Program() = default;
 
   // Takes bytes of the host. std::runtime_error when the memory's file cannot be written.
-  void receive(std::string_view bytes, Moment now) { outbox_.add(printer_.receive(bytes), now); }
+  void receive(std::string_view bytes, Moment now);
   // What leaves now, and when there will be more.
   [[nodiscard]] std::string takeDue(Moment now) { return outbox_.takeDue(now); }
   [[nodiscard]] std::optional<Moment> nextDue() const { return outbox_.nextDue(); }
   // The host is gone, and what was on its way to it is lost.
   void hangUp() { outbox_.clear(); }
+  // Whether the host's connection ends now, once for each time.
+  [[nodiscard]] bool takeHangUp() { return printer_.takeHangUp(); }
 
   // Takes bytes of standard input and obeys every whole line in them; false after "quit".
   bool steer(std::string_view bytes);
@@ -43,10 +46,14 @@ class Program {
   void announce(std::string_view line);
 
  private:
+  void obeyScript(Printer::Stage stage, int command);
+  void dropLost();
+
   Printer printer_;
   Outbox outbox_;
   std::ostream& out_;
   Steering steering_;
+  Script script_;
   MemoryFile memory_;
   std::ofstream paper_;
   std::ofstream wire_;

@@ -10,9 +10,7 @@
 #include <string>
 
 namespace corvid::simulator {
-namespace {
 
-// Takes the next word and the blanks after it; empty at the end.
 std::string_view takeWord(std::string_view& rest) {
   const auto end = std::min(rest.find(' '), rest.size());
   const std::string_view word = rest.substr(0, end);
@@ -27,6 +25,8 @@ std::optional<int> numberOf(std::string_view word) {
   const bool isNumber = read.ec == std::errc() && read.ptr == end && number >= 0;
   return isNumber ? std::optional(number) : std::nullopt;
 }
+
+namespace {
 
 std::optional<int> timesOf(std::string_view word) {
   if (word == "on") {
@@ -83,6 +83,7 @@ constexpr std::array kFaultNames = {
     FaultName{"silent", Fault::Silent, readNothing},
     FaultName{"lose", Fault::Lose, readNothing},
     FaultName{"lose-ack", Fault::LoseAck, readNothing},
+    FaultName{"hang-up", Fault::HangUp, readNothing},
     FaultName{"bytewise", Fault::ByteByByte, readGap},
     FaultName{"split", Fault::Split, readPositionAndGap},
     FaultName{"enq-first", Fault::EnquiryFirst, readNothing},
@@ -149,6 +150,17 @@ bool memoryFull(Printer& printer, std::ostream& /*out*/, std::string_view argume
   return arguments == "on" || arguments == "off";
 }
 
+bool powerCut(Printer& printer, std::ostream& /*out*/, std::string_view arguments) {
+  const std::string_view fate = takeWord(arguments);
+  const auto times = arguments.empty() ? std::optional(0) : timesOf(takeWord(arguments));
+  if ((fate != "annul" && fate != "resume") || !times || !arguments.empty()) {
+    return false;
+  }
+  printer.cutPower(fate == "resume" ? OpenDocument::Resumed : OpenDocument::Annulled);
+  printer.misbehaviour().set(Fault::Silent, *times);
+  return true;
+}
+
 bool reset(Printer& printer, std::ostream& /*out*/, std::string_view arguments) {
   printer.misbehaviour().reset();
   return arguments.empty();
@@ -170,7 +182,7 @@ bool state(Printer& printer, std::ostream& out, std::string_view arguments) {
 constexpr std::array kSteers = {
     Steer{"answer", answer}, Steer{"more", more},   Steer{"baud", baud},
     Steer{"error", error},   Steer{"reset", reset}, Steer{"memory-full", memoryFull},
-    Steer{"paper", paper},   Steer{"state", state},
+    Steer{"paper", paper},   Steer{"state", state}, Steer{"power-cut", powerCut},
 };
 
 template <typename Table>

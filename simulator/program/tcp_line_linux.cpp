@@ -69,6 +69,8 @@ class TcpLine : public HostLine {
     return std::nullopt;
   }
 
+  void hangUp() override { connection_ = {}; }
+
   // A host that has gone is noticed by the next receive.
   [[nodiscard]] std::size_t send(std::string_view bytes) override {
     const ssize_t count = ::send(connection_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);

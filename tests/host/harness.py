@@ -96,16 +96,19 @@ def registry(*arguments):
 
 
 class Printer:
-    """The simulated printer on the port of a number, as a program of its own."""
+    """The simulated printer on the port of a number, as a program of its own; or, with the line
+    "tcp", on a free TCP port, whose address `line` is then."""
 
-    def __init__(self, folder, port, name, options):
+    def __init__(self, folder, port, name, options, line="pty"):
         self.port = port
+        place = ["--tcp", "127.0.0.1:0"] if line == "tcp" else ["--pty", PORTS[port]]
         self.paper_file = folder / f"{name}.paper"
         self.wire_file = folder / f"{name}.wire"
-        command = [PRINTER, "--pty", PORTS[port], "--paper", self.paper_file, "--wire",
-                   self.wire_file, "--clock", "2026-03-14 10:30:15", *options]  # fmt: skip
+        command = [PRINTER, *place, "--paper", self.paper_file, "--wire", self.wire_file,
+                   "--clock", "2026-03-14 10:30:15", *options]  # fmt: skip
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        assert self._line().startswith("ready"), "the simulated printer did not start"
+        ready, _, self.line = self._line().partition(" ")
+        assert ready == "ready", "the simulated printer did not start"
 
     def _line(self, seconds=10):
         waiting = select.select([self.process.stdout], [], [], seconds)[0]
@@ -204,8 +207,8 @@ class HostTest(unittest.TestCase):
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
 
-    def printer(self, port=7, name="printer", options=()):
-        printer = Printer(self.folder, port, name, options)
+    def printer(self, port=7, name="printer", options=(), line="pty"):
+        printer = Printer(self.folder, port, name, options, line)
         self.addCleanup(printer.close)
         return printer
 

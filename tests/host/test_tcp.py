@@ -1,0 +1,63 @@
+"""A printer in the network: a whole sale with a hang-up in the middle of it, and places that do not open."""
+
+import harness
+from harness import HostTest
+
+# The second item is printed, but its answer never comes: the connection ends in its place.
+HANG_UP = "at 3 hang-up 1\n"
+
+SALE = """
+On Error Resume Next
+Set p = NewPrinter()
+p.SerialPrinter = "Z1F0000001"
+p.Abrir 8
+SayError "refused"
+p.Abrir 9
+SayError "no address"
+p.Abrir 7
+Say "first", p.PasarItem("PAN", 12.5, 2, 16)
+Say "second", p.PasarItem("QUESO", 10, 1, 16)
+Say "outcome", p.pfError & " " & p.UltimoEnvio & " " & p.DescripcionError
+Say "at once", p.Milisegundos < 5000
+Say "while lost", p.Execute("w")
+SayError "errors"
+p.Abrir 7
+SayError "reopened"
+Say "document", p.STS1
+Say "third", p.PasarItem("LECHE", 1, 1, 0)
+Say "payment", p.CerrarConMedio(1, 100)
+Say "invoice", p.numeroUltimaFactura
+p.Cerrar
+"""
+
+
+class Tcp(HostTest):
+    def test_a_sale_survives_a_hang_up_by_opening_again(self):
+        (self.folder / "script").write_text(HANG_UP)
+        printer = self.printer(options=["--script", self.folder / "script"], line="tcp")
+        self.write_settings({
+            r"Config\NimbusPF": {"IsDebug": "True", "DEBUGFILE": "trace.log"},
+            r"Config\ModComm": {"DEBUG": "1", "DumpFile": "dump.log"},
+            r"Config\Puertos": {"7": f"tcp:{printer.line}", "8": "tcp:127.0.0.1:1", "9": "COM12"},
+        })  # fmt: skip
+        said = self.run_script(SALE)
+        refused = said.pop("refused")
+        self.assertRegex(refused, r"^40001\|PrinterFiscal\.Abrir\|Error \(10061\): "
+                         r"tcp:127\.0\.0\.1:1 \(connect\) - .")  # fmt: skip
+        self.assertEqual(said, {
+            "no address": "40001|PrinterFiscal.Abrir|Error (-2): Config\\Puertos\\9 - "
+                          '"COM12" no es una direcci{243}n como tcp:192.168.1.50:4000',
+            "first": "0", "second": "1", "outcome": "1 4 pfError de comunicacion",
+            "at once": "True", "while lost": "1", "errors": "0||", "reopened": "0||",
+            "document": "97", "third": "0", "payment": "0", "invoice": "1",
+        })  # fmt: skip
+        paper = printer.paper()
+        self.assertEqual([paper.count(name) for name in ("PAN", "QUESO", "LECHE")], [1, 1, 1])
+        trace = (self.folder / "trace.log").read_bytes().decode("cp1252")
+        self.assertIn(f"Abrir: COM7 = tcp:{printer.line}\r\n", trace)
+        dump = (self.folder / "dump.log").read_bytes().decode("cp1252")
+        self.assertRegex(dump, rf"Send [-:\d ]+ tcp:{printer.line}\r\n05 ")
+
+
+if __name__ == "__main__":
+    harness.main()
