@@ -20,6 +20,12 @@ std::string Outbox::takeDue(Moment now) {
   return bytes;
 }
 
+void Outbox::hurry(Moment now) {
+  for (Held& held : held_) {
+    held.due = std::min(held.due, now);
+  }
+}
+
 std::optional<Moment> Outbox::nextDue() const {
   return held_.empty() ? std::nullopt : std::optional(held_.front().due);
 }

@@ -22,6 +22,8 @@ class Outbox {
   [[nodiscard]] std::string takeDue(Moment now);
 
   void clear() { held_.clear(); }
+  // Makes everything due now.
+  void hurry(Moment now);
 
   // When the next piece is due; nothing when none waits.
   [[nodiscard]] std::optional<Moment> nextDue() const;

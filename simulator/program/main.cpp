@@ -17,7 +17,7 @@ int run(const std::vector<std::string_view>& arguments) {
   }
   corvid::simulator::Program program(options, std::cout);
   corvid::simulator::serve(options, program);
-  return 0;
+  return program.finish();
 }
 
 }  // namespace

@@ -92,6 +92,11 @@ bool setTcp(Options& options, std::string_view value) {
   return true;
 }
 
+bool setSilences(Options& options, std::string_view value) {
+  options.silences = value == "none" ? Replay::Silences::None : Replay::Silences::AsDumped;
+  return value == "none" || value == "dumped";
+}
+
 struct Option {
   std::string_view name;
   std::string_view help;
@@ -142,7 +147,20 @@ constexpr std::array kOptions = {
              o.steering.emplace_back(v);
              return !v.empty();
            }},
+    Option{"--replay", "FILE: answer as a library's port dump recorded it, in place of a printer",
+           [](Options& o, std::string_view v) { return setText(o.replay, v); }},
+    Option{"--silences", "dumped | none: whether a replay keeps them, in whole seconds",
+           setSilences},
 };
+
+// A replay has a dump for all that a printer would be told.
+std::string contradictionIn(const Options& options) {
+  const bool tellsPrinter = !options.paper.empty() || !options.memory.empty() ||
+                            !options.script.empty() || !options.steering.empty();
+  return !options.replay.empty() && tellsPrinter
+             ? "--replay does not go with --paper, --memory, --script and --do"
+             : "";
+}
 
 const Option* optionNamed(std::string_view name) {
   const auto* found = std::find_if(kOptions.begin(), kOptions.end(),
@@ -168,6 +186,9 @@ ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments) {
     } else if (!option->set(parsed.options, arguments[i + 1])) {
       parsed.error = "bad value for " + name + ": " + std::string(arguments[i + 1]);
     }
+  }
+  if (parsed.error.empty()) {
+    parsed.error = contradictionIn(parsed.options);
   }
   return parsed;
 }

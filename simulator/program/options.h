@@ -3,6 +3,7 @@
 
 #include "simulator/device/configuration.h"
 #include "simulator/device/local_time.h"
+#include "simulator/program/replay.h"
 
 #include <cstdint>
 #include <optional>
@@ -30,7 +31,9 @@ struct Options {
   std::string memory;  // file that holds the memory; empty: it is forgotten at the end
   std::optional<LocalTime> clock;  // nothing: the machine's own
   Configuration configuration;
-  std::string script;                 // file of lines to obey, each at its time; empty: none
+  std::string script;  // file of lines to obey, each at its time; empty: none
+  std::string replay;  // dump to answer by, in place of the printer; empty: none
+  Replay::Silences silences = Replay::Silences::AsDumped;
   std::vector<std::string> steering;  // lines to obey before the line opens
   bool isHelpWanted = false;
 };

@@ -34,14 +34,16 @@ void obeyAtStart(Printer& printer, const std::string& line) {
   }
 }
 
-Script scriptOf(const std::string& name) {
+// What `parse` makes of a file; its complaints come out with the file's name.
+template <typename Parse>
+auto parsedFile(const std::string& name, Parse parse) {
   std::ifstream file(name, std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   if (!file) {
     throw std::runtime_error("cannot read " + name);
   }
   try {
-    return Script(text);
+    return parse(text);
   } catch (const std::runtime_error& error) {
     throw std::runtime_error(name + ", " + error.what());
   }
@@ -69,16 +71,16 @@ Program::Program(const Options& options, std::ostream& out)
         [this](std::string_view line) { paper_ << utf8(line) << std::endl; });
   }
   if (!options.wire.empty()) {
-    open(wire_, options.wire);
-    printer_.onWire([this](Printer::Direction direction, std::string_view bytes) {
-      wire_ << wireLine(direction, bytes) << std::endl;
-    });
+    keepWire(options.wire);
+  }
+  if (!options.replay.empty()) {
+    startReplay(options);
   }
   for (const std::string& line : options.steering) {
     obeyAtStart(printer_, line);
   }
   if (!options.script.empty()) {
-    script_ = scriptOf(options.script);
+    script_ = parsedFile(options.script, [](const std::string& text) { return Script(text); });
     for (const std::string& line : script_.first()) {
       obeyAtStart(printer_, line);
     }
@@ -86,7 +88,60 @@ Program::Program(const Options& options, std::ostream& out)
   }
 }
 
+void Program::keepWire(const std::string& name) {
+  open(wire_, name);
+  printer_.onWire(
+      [this](Printer::Direction direction, std::string_view bytes) { note(direction, bytes); });
+}
+
+void Program::note(Printer::Direction direction, std::string_view bytes) {
+  if (wire_.is_open()) {
+    wire_ << wireLine(direction, bytes) << std::endl;
+  }
+}
+
+void Program::startReplay(const Options& options) {
+  replay_.emplace(parsedFile(options.replay, parsedDump), options.silences);
+  outbox_.add(replay_->begin(), Moment{});
+}
+
+void Program::replayTo(std::string_view bytes, Moment now) {
+  if (bytes.empty() || replay_->isDeparted()) {
+    return;
+  }
+  note(Printer::Direction::FromHost, bytes);
+  const bool wasAtEnd = replay_->isAtEnd();
+  const std::vector<Chunk> answers = replay_->receive(bytes);
+  // What was read before this write comes before what was read after it.
+  outbox_.hurry(now);
+  outbox_.add(answers, now);
+  for (const Chunk& chunk : answers) {
+    note(Printer::Direction::ToHost, chunk.bytes);
+  }
+  if (replay_->isDeparted()) {
+    outbox_.clear();
+  }
+  if (replay_->isDeparted() || (replay_->isAtEnd() && !wasAtEnd)) {
+    out_ << "replay: " << replay_->report() << std::endl;
+  }
+}
+
+int Program::finish() {
+  constexpr int kNotFollowed = 3;
+  if (!replay_ || replay_->isAtEnd()) {
+    return 0;
+  }
+  if (!replay_->isDeparted()) {
+    out_ << "replay: " << replay_->report() << std::endl;
+  }
+  return kNotFollowed;
+}
+
 void Program::receive(std::string_view bytes, Moment now) {
+  if (replay_) {
+    replayTo(bytes, now);
+    return;
+  }
   const std::vector<Chunk> answers = printer_.receive(bytes);
   dropLost();
   outbox_.add(answers, now);
@@ -112,7 +167,9 @@ bool Program::steer(std::string_view bytes) {
   for (auto end = input_.find('\n'); end != std::string::npos; end = input_.find('\n')) {
     const std::string line = input_.substr(0, end);
     input_.erase(0, end + 1);
-    if (!steering_.obey(line)) {
+    if (replay_ && !line.starts_with("quit")) {
+      out_ << "error: a replay obeys quit alone" << std::endl;
+    } else if (!steering_.obey(line)) {
       return false;
     }
     dropLost();

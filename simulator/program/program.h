@@ -18,9 +18,9 @@ namespace corvid::simulator {
 
 class Program {
  public:
-  // Opens the files that the options name, and obeys their lines and those of the script without an
-  // answer. std::runtime_error for a file that does not open, a damaged memory, or a line that is
-  // not understood.
+  // Opens the files that the options name, reads the dump to replay, and obeys their lines and
+  // those of the script without an answer. std::runtime_error for a file that does not open, a
+  // damaged memory, or a line that is not understood.
   Program(const Options& options, std::ostream& out);
   // The printer's listeners point into the program.
   Program(const Program&) = delete;
@@ -36,16 +36,24 @@ class Program {
   [[nodiscard]] std::optional<Moment> nextDue() const { return outbox_.nextDue(); }
   // The host is gone, and what was on its way to it is lost.
   void hangUp() { outbox_.clear(); }
+  // The exit code; of a replay that the host did not follow to its end 3, and then this says so.
+  [[nodiscard]] int finish();
+
   // Whether the host's connection ends now, once for each time.
   [[nodiscard]] bool takeHangUp() { return printer_.takeHangUp(); }
 
-  // Takes bytes of standard input and obeys every whole line in them; false after "quit".
+  // Takes bytes of standard input and obeys every whole line in them; false after "quit", which is
+  // all that a replay obeys.
   bool steer(std::string_view bytes);
 
   // Tells the one who waits for it that the line is open.
   void announce(std::string_view line);
 
  private:
+  void keepWire(const std::string& name);
+  void note(Printer::Direction direction, std::string_view bytes);
+  void startReplay(const Options& options);
+  void replayTo(std::string_view bytes, Moment now);
   void obeyScript(Printer::Stage stage, int command);
   void dropLost();
 
@@ -53,6 +61,7 @@ class Program {
   Outbox outbox_;
   std::ostream& out_;
   Steering steering_;
+  std::optional<Replay> replay_;  // in place of the printer
   Script script_;
   MemoryFile memory_;
   std::ofstream paper_;

@@ -196,6 +196,8 @@ TEST(Options, AreReadOrRefusedWithTheirName) {
 
   EXPECT_EQ(parsedOptions({"--dance", "1"}).error, "unknown option --dance");
   EXPECT_EQ(parsedOptions({"--serial"}).error, "--serial needs a value");
+  EXPECT_EQ(parsedOptions({"--replay", "dump", "--do", "refuse 1"}).error,
+            "--replay does not go with --paper, --memory, --script and --do");
   using Pair = std::pair<const char*, const char*>;
   for (const auto& [name, value] :
        {Pair{"--rates", "21600,20800"}, Pair{"--rates", "21600,20800,23100,2"},
@@ -221,6 +223,9 @@ TEST(Outbox, HoldsEachPieceUntilItsTime) {
   EXPECT_EQ(outbox.takeDue(start + milliseconds(14)), "b") << "a later answer waits its turn";
   EXPECT_EQ(outbox.takeDue(start + milliseconds(15)), "c");
   EXPECT_EQ(outbox.nextDue(), std::nullopt);
+  outbox.add({{milliseconds(1), "d"}, {milliseconds(10), "e"}}, start + milliseconds(20));
+  outbox.hurry(start + milliseconds(22));
+  EXPECT_EQ(outbox.takeDue(start + milliseconds(22)), "de");
 }
 
 }  // namespace
