@@ -1,4 +1,5 @@
 // corvid-printer: a simulated fiscal printer at the end of a serial line.
+#include "simulator/program/help.h"
 #include "simulator/program/options.h"
 #include "simulator/program/program.h"
 
@@ -10,10 +11,13 @@ namespace {
 int run(const std::vector<std::string_view>& arguments) {
   using corvid::simulator::parsedOptions;
   const auto [options, error] = parsedOptions(arguments);
-  if (!error.empty() || options.isHelpWanted) {
-    (error.empty() ? std::cout : std::cerr)
-        << error << (error.empty() ? "" : "\n") << corvid::simulator::usage();
-    return error.empty() ? 0 : 2;
+  if (!error.empty()) {
+    std::cerr << "corvid-printer: " << error << "; see corvid-printer --help\n";
+    return 2;
+  }
+  if (options.isHelpWanted) {
+    std::cout << corvid::simulator::help();
+    return 0;
   }
   corvid::simulator::Program program(options, std::cout);
   corvid::simulator::serve(options, program);

@@ -1,5 +1,7 @@
 #include "simulator/program/options.h"
 
+#include "simulator/program/help.h"
+
 #include <algorithm>
 #include <array>
 
@@ -99,58 +101,61 @@ bool setSilences(Options& options, std::string_view value) {
 
 struct Option {
   std::string_view name;
+  std::string_view value;
   std::string_view help;
   bool (*set)(Options& options, std::string_view value);
+  std::string_view heading{};  // of the options from here on
 };
 
 constexpr std::array kOptions = {
-    Option{"--pty", "LINK: serve a pseudo terminal and make LINK point at it (Linux)",
-           [](Options& o, std::string_view v) { return setText(o.pty, v); }},
-    Option{"--port", "COMn: serve a serial port (Windows), byte by byte at 9600 baud",
+    Option{"--tcp", "127.0.0.1:4000", "serve hosts that connect there, one after the other", setTcp,
+           "The line to the host, one of"},
+    Option{"--port", "COMn", "serve a serial port, byte by byte at 9600 baud (Windows)",
            [](Options& o, std::string_view v) { return setText(o.port, v); }},
-    Option{"--tcp", "127.0.0.1:4000: serve hosts that connect there, one after the other", setTcp},
-    Option{"--paper",
-           "FILE: add every printed line to FILE, in UTF-8; -: show it here as it prints",
-           [](Options& o, std::string_view v) { return setText(o.paper, v); }},
-    Option{"--wire", "FILE: add every message to FILE: direction, bytes, hexadecimal",
+    Option{"--pty", "LINK", "serve a pseudo terminal and make LINK point at it (Linux)",
+           [](Options& o, std::string_view v) { return setText(o.pty, v); }},
+    Option{"--paper", "- | FILE", "show every printed line here, or add it to FILE in UTF-8",
+           [](Options& o, std::string_view v) { return setText(o.paper, v); }, "What to see of it"},
+    Option{"--wire", "FILE", "add every message to FILE: direction, bytes, hexadecimal",
            [](Options& o, std::string_view v) { return setText(o.wire, v); }},
     Option{
-        "--memory",
-        "FILE: go on from the memory in FILE, and keep it there; once the file is there, it goes "
-        "before --rates, --igtf, --flag, --cashier and --last-invoice",
-        [](Options& o, std::string_view v) { return setText(o.memory, v); }},
-    Option{"--clock", "\"2026-03-14 10:30:15\": stop the printer's clock there", setClock},
+        "--memory", "FILE",
+        "go on from the memory in FILE and keep it there; once the file is there, it goes before "
+        "--rates, --igtf, --flag, --cashier and --last-invoice",
+        [](Options& o, std::string_view v) { return setText(o.memory, v); }, "The printer"},
     Option{
-        "--model",
-        "long | short, perhaps -20, -29, -30, -31, -38 to -41: layout of the counters' reply, and "
-        "fields of the day's summary",
+        "--model", "long | short",
+        "layout of the counters' reply; with -20, -29, -30, -31 or -38 to -41 after it, fields of "
+        "the day's summary",
         setModel},
-    Option{"--serial", "TEXT: serial number",
+    Option{"--serial", "TEXT", "serial number",
            [](Options& o, std::string_view v) { return setText(o.configuration.serial, v); }},
-    Option{"--rif", "TEXT: the owner's tax number",
+    Option{"--rif", "TEXT", "the owner's tax number",
            [](Options& o, std::string_view v) { return setText(o.configuration.rif, v); }},
-    Option{"--rates", "21600,20800,23100: kind (1 included, 2 added) and hundredths of a percent",
+    Option{"--rates", "21600,20800,23100", "kind (1 included, 2 added) and hundredths of a percent",
            setRates},
-    Option{"--igtf", "20300 | none: the levy on foreign currency that the printer reports",
+    Option{"--igtf", "20300 | none", "the levy on foreign currency that the printer reports",
            setIgtf},
-    Option{"--flag", "21=30: value of a flag; may be repeated", setFlag},
-    Option{"--cashier", "N: cashier on duty, 0 to 99",
+    Option{"--flag", "21=30", "value of a flag; may be repeated", setFlag},
+    Option{"--cashier", "N", "cashier on duty, 0 to 99",
            [](Options& o, std::string_view v) { return setNumber(o.configuration.cashier, v, 2); }},
-    Option{"--last-invoice", "N: number of the last invoice printed",
+    Option{"--last-invoice", "N", "number of the last invoice printed",
            [](Options& o, std::string_view v) {
              return setNumber(o.configuration.lastInvoice, v, 8);
            }},
-    Option{"--script", "FILE: obey the lines of FILE, each when its command comes",
-           [](Options& o, std::string_view v) { return setText(o.script, v); }},
-    Option{"--do", "LINE: obey a line as from standard input; may be repeated",
+    Option{"--clock", "\"2026-03-14 10:30:15\"", "stop the printer's clock there", setClock},
+    Option{"--do", "LINE", "obey a line of steering at the start; may be repeated",
            [](Options& o, std::string_view v) {
              o.steering.emplace_back(v);
              return !v.empty();
-           }},
-    Option{"--replay", "FILE: answer as a library's port dump recorded it, in place of a printer",
+           },
+           "Faults"},
+    Option{"--script", "FILE", "obey the lines of FILE, each when its command comes",
+           [](Options& o, std::string_view v) { return setText(o.script, v); }},
+    Option{"--replay", "FILE", "answer as a library's port dump recorded it, in place of a printer",
            [](Options& o, std::string_view v) { return setText(o.replay, v); }},
-    Option{"--silences", "dumped | none: whether a replay keeps them, in whole seconds",
-           setSilences},
+    Option{"--silences", "dumped | none",
+           "whether a replay keeps the dump's silences, in whole seconds (dumped)", setSilences},
 };
 
 // A replay has a dump for all that a printer would be told.
@@ -193,10 +198,13 @@ ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments) {
   return parsed;
 }
 
-std::string usage() {
-  std::string text = "Usage: corvid-printer OPTION VALUE ...\n";
+std::string optionsHelp() {
+  std::string text;
   for (const Option& option : kOptions) {
-    text.append("  ").append(option.name).append(" ").append(option.help).append("\n");
+    if (!option.heading.empty()) {
+      text.append("\n").append(option.heading).append(":\n");
+    }
+    text += helpLine(std::string(option.name).append(" ").append(option.value), option.help);
   }
   return text;
 }

@@ -46,7 +46,7 @@ struct ParsedOptions {
 // Reads the arguments after the program's name.
 [[nodiscard]] ParsedOptions parsedOptions(const std::vector<std::string_view>& arguments);
 
-// One line for each option.
-[[nodiscard]] std::string usage();
+// Every option and what it does, under headings.
+[[nodiscard]] std::string optionsHelp();
 
 }  // namespace corvid::simulator

@@ -2,6 +2,7 @@
 
 #include "simulator/commands/status_replies.h"
 #include "simulator/line/bytes.h"
+#include "simulator/program/help.h"
 
 #include <algorithm>
 #include <array>
@@ -76,21 +77,28 @@ struct FaultName {
   std::string_view name;
   Fault fault;
   bool (*readDetails)(Misbehaviour&, std::string_view&);
+  std::string_view arguments;
+  std::string_view help;
 };
 
 constexpr std::array kFaultNames = {
-    FaultName{"refuse", Fault::Refuse, readNothing},
-    FaultName{"silent", Fault::Silent, readNothing},
-    FaultName{"lose", Fault::Lose, readNothing},
-    FaultName{"lose-ack", Fault::LoseAck, readNothing},
-    FaultName{"hang-up", Fault::HangUp, readNothing},
-    FaultName{"bytewise", Fault::ByteByByte, readGap},
-    FaultName{"split", Fault::Split, readPositionAndGap},
-    FaultName{"enq-first", Fault::EnquiryFirst, readNothing},
-    FaultName{"end-eot", Fault::EndWithEot, readNothing},
-    FaultName{"corrupt-check", Fault::CorruptCheck, readNothing},
-    FaultName{"corrupt-data", Fault::CorruptData, readPosition},
-    FaultName{"noise", Fault::Noise, readNoise},
+    FaultName{"refuse", Fault::Refuse, readNothing, "TIMES", "answer a command with NAK, undone"},
+    FaultName{"silent", Fault::Silent, readNothing, "TIMES", "neither hear nor answer a message"},
+    FaultName{"lose", Fault::Lose, readNothing, "TIMES", "lose an answer; what was told is done"},
+    FaultName{"lose-ack", Fault::LoseAck, readNothing, "TIMES", "the same for an ACK or NAK alone"},
+    FaultName{"hang-up", Fault::HangUp, readNothing, "TIMES",
+              "end the connection in place of an answer (--tcp)"},
+    FaultName{"bytewise", Fault::ByteByByte, readGap, "TIMES [MS]",
+              "send an answer byte by byte, MS milliseconds apart"},
+    FaultName{"split", Fault::Split, readPositionAndGap, "TIMES [BYTES] [MS]",
+              "send an answer in two pieces, BYTES in the first"},
+    FaultName{"enq-first", Fault::EnquiryFirst, readNothing, "TIMES", "put ENQ before an answer"},
+    FaultName{"end-eot", Fault::EndWithEot, readNothing, "TIMES", "end a block with EOT, not ETX"},
+    FaultName{"corrupt-check", Fault::CorruptCheck, readNothing, "TIMES",
+              "send a wrong check byte"},
+    FaultName{"corrupt-data", Fault::CorruptData, readPosition, "TIMES [POSITION]",
+              "change a byte of a block; its STX is 0"},
+    FaultName{"noise", Fault::Noise, readNoise, "TIMES [BYTES]", "send other bytes first, escaped"},
 };
 
 bool setFault(Misbehaviour& faults, const FaultName& name, std::string_view arguments) {
@@ -106,6 +114,8 @@ bool setFault(Misbehaviour& faults, const FaultName& name, std::string_view argu
 struct Steer {
   std::string_view name;
   bool (*run)(Printer& printer, std::ostream& out, std::string_view arguments);
+  std::string_view arguments;
+  std::string_view help;
 };
 
 bool addBlock(Printer& printer, std::string_view prefix, std::string_view text) {
@@ -180,9 +190,19 @@ bool state(Printer& printer, std::ostream& out, std::string_view arguments) {
 }
 
 constexpr std::array kSteers = {
-    Steer{"answer", answer}, Steer{"more", more},   Steer{"baud", baud},
-    Steer{"error", error},   Steer{"reset", reset}, Steer{"memory-full", memoryFull},
-    Steer{"paper", paper},   Steer{"state", state}, Steer{"power-cut", powerCut},
+    Steer{
+        "power-cut", powerCut, "annul | resume [TIMES]",
+        "lose what the memory does not hold; an open document ends or stays open; deaf for so many "
+        "messages"},
+    Steer{"error", error, "N", "the second status byte: 64 none, 65 no paper, any other to 127"},
+    Steer{"memory-full", memoryFull, "on | off", "the fiscal memory takes no more"},
+    Steer{"answer", answer, "COMMAND [TEXT]",
+          "answer commands that begin so by TEXT; without it, as usual again"},
+    Steer{"more", more, "COMMAND TEXT", "one more block of that answer"},
+    Steer{"baud", baud, "N", "take and send bytes at so many bits a second; 0: at once"},
+    Steer{"reset", reset, "", "end all faults, forget answers told"},
+    Steer{"paper", paper, "", "show everything printed so far"},
+    Steer{"state", state, "", "show status bytes, drawer openings and the last invoice's number"},
 };
 
 template <typename Table>
@@ -207,7 +227,23 @@ std::string_view run(Printer& printer, std::ostream& out, std::string_view line)
   return name == "quit" ? "ok" : "error: unknown command";
 }
 
+template <typename Entry>
+std::string helpOf(const Entry& entry) {
+  return helpLine(std::string(entry.name).append(" ").append(entry.arguments), entry.help);
+}
+
 }  // namespace
+
+std::string steeringHelp() {
+  std::string text;
+  for (const FaultName& fault : kFaultNames) {
+    text += helpOf(fault);
+  }
+  for (const Steer& steer : kSteers) {
+    text += helpOf(steer);
+  }
+  return text + helpLine("quit", "end the program");
+}
 
 bool Steering::obey(std::string_view line) {
   while (line.ends_with('\r') || line.ends_with(' ')) {
