@@ -20,7 +20,7 @@ struct Piece {
 class CutPrinter : public LinePeer {
  public:
   explicit CutPrinter(std::vector<Piece> pieces) : pieces_(std::move(pieces)) {}
-  void received(std::string_view sent, LineEnd& line) override {
+  void received(std::string_view sent, NearEnd& line) override {
     if (sent == "\6") ++acknowledged;
     if (isAnswered_ || sent == "\6") return;
     isAnswered_ = true;

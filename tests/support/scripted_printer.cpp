@@ -7,7 +7,7 @@ std::string commandOf(const std::string& block) { return block.substr(1, block.s
 
 }  // namespace
 
-void ScriptedPrinter::received(std::string_view bytes, LineEnd& line) {
+void ScriptedPrinter::received(std::string_view bytes, NearEnd& line) {
   for (const std::string& chunk : answerTo(bytes)) line.deliver(chunk, delaySeconds);
 }
 

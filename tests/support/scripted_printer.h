@@ -27,7 +27,7 @@ inline constexpr char kEtb = '\x17';
 // an ACK, and an ACK nothing.
 class ScriptedPrinter : public LinePeer {
  public:
-  void received(std::string_view bytes, LineEnd& line) override;
+  void received(std::string_view bytes, NearEnd& line) override;
 
   std::deque<Answer> answersToStatus;
   std::deque<Answer> answersToBlock;

@@ -38,14 +38,14 @@ inline constexpr double kByteSeconds = 11.0 / 9600;  // start, eight data bits, 
 
 // Fulfils the serial calls over lines in memory, one per device name; all share one peer. Keeps
 // every call. A closed or invalid handle fails with 6, a device that is open already with 5.
-class SerialDouble : public SerialCalls, public LineEnd {
+class SerialDouble : public SerialCalls, public NearEnd {
  public:
   SerialDouble(FakeClock& clock, CallFaults& faults) : clock_(clock), faults_(faults) {}
 
   DriverModel driver;
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  using LineEnd::deliver;
+  using NearEnd::deliver;
   void deliver(std::string_view bytes, double delaySeconds) override;
   // Takes back what has not arrived.
   void silence();
@@ -70,8 +70,7 @@ class SerialDouble : public SerialCalls, public LineEnd {
   [[nodiscard]] const std::vector<std::string>& written() const { return written_; }
   [[nodiscard]] const std::vector<std::wstring>& opened() const { return opened_; }
   [[nodiscard]] std::size_t openHandles() const { return open_.size(); }
-  // Bytes that arrived, or are on their way, and nobody has read.
-  [[nodiscard]] std::size_t unread() const;
+  [[nodiscard]] std::size_t unread() const override;
   [[nodiscard]] const SerialTimeouts& timeouts() const { return timeouts_; }
   void clearLog();
 

@@ -34,6 +34,12 @@ void SocketDouble::deliver(std::string_view bytes, double delaySeconds) {
   for (const char byte : bytes) connection.incoming.push_back({byte, connection.free});
 }
 
+std::size_t SocketDouble::unread() const {
+  std::size_t count = 0;
+  for (const auto& [handle, connection] : open_) count += connection.incoming.size();
+  return count;
+}
+
 bool SocketDouble::resolve(const std::wstring& host, std::uint16_t port,
                            std::vector<SocketAddress>& found) {
   if (const auto error = faults_.use("resolve"); error && *error != kHangUp) {

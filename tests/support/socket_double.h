@@ -17,7 +17,7 @@ namespace corvid {
 
 // Fulfils the socket calls. Connecting is under way until it is waited for. A handle that is closed
 // fails with 10038; one that fails to close is gone all the same.
-class SocketDouble : public SocketCalls, public LineEnd {
+class SocketDouble : public SocketCalls, public NearEnd {
  public:
   // As a call's error: the call succeeds, but the peer has hung up.
   static constexpr std::uint32_t kHangUp = 0xFFFFFFFF;
@@ -25,7 +25,7 @@ class SocketDouble : public SocketCalls, public LineEnd {
   SocketDouble(FakeClock& clock, CallFaults& faults) : clock_(clock), faults_(faults) {}
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  using LineEnd::deliver;
+  using NearEnd::deliver;
   void deliver(std::string_view bytes, double delaySeconds) override;
 
   // What becomes of a connecting, by way; a way that is not there counts as Accept.
@@ -36,6 +36,7 @@ class SocketDouble : public SocketCalls, public LineEnd {
 
   [[nodiscard]] const std::vector<std::string>& asked() const { return asked_; }
   [[nodiscard]] std::size_t openSockets() const { return open_.size(); }
+  [[nodiscard]] std::size_t unread() const override;
 
   bool resolve(const std::wstring& host, std::uint16_t port,
                std::vector<SocketAddress>& found) override;

@@ -17,7 +17,7 @@ constexpr unsigned kExchangesOfASeed = 10;
 // Keeps nothing. Now and then it refuses, stays silent, asks first or adds noise.
 class ForgetfulPrinter : public LinePeer {
  public:
-  void received(std::string_view bytes, LineEnd& line) override {
+  void received(std::string_view bytes, NearEnd& line) override {
     ++messages;
     if (messages % 97 == 0) return;
     if (bytes == "\x05") return line.deliver("\x02\x60\x40\x03\x23");

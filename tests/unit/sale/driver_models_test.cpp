@@ -68,7 +68,7 @@ class CheckedLine : public LinePeer {
         rows_({withCheck("row\n1", '\x17', checkByte), withCheck("row\n2", '\x17', checkByte),
                withCheck("row\n3", '\x03', checkByte)}) {}
 
-  void received(std::string_view bytes, LineEnd& line) override {
+  void received(std::string_view bytes, NearEnd& line) override {
     if (bytes == "\x05") {
       line.deliver(framed(status_, '\x03'));
     } else if (bytes == "\x06") {
@@ -97,7 +97,7 @@ class CheckedLine : public LinePeer {
   }
 
  private:
-  void sendRow(LineEnd& line) {
+  void sendRow(NearEnd& line) {
     const bool isLast = next_ + 1 == rows_.size();
     line.deliver(framed(rows_.at(next_++), isLast ? '\x03' : '\x17'));
   }

@@ -44,7 +44,7 @@ class FaultyLine : public LinePeer {
   // Commands that were carried out while the host did not get their ACK whole and in time.
   [[nodiscard]] int unheard() const { return done_ - heard_; }
 
-  void received(std::string_view bytes, SerialDouble& serial) override {
+  void received(std::string_view bytes, NearEnd& line) override {
     ++message_;
     const Fault* const fault = current();
     std::string sent(bytes);
@@ -53,7 +53,7 @@ class FaultyLine : public LinePeer {
     std::vector<simulator::Chunk> answer = line_.printer().receive(sent);
     double late = 0;
     if (fault != nullptr) late = damageAnswer(*fault, answer);
-    deliver(answer, late, serial);
+    deliver(answer, late, line);
   }
 
  private:
@@ -124,14 +124,14 @@ class FaultyLine : public LinePeer {
     return fault.place == Late ? fault.delay : 0;
   }
 
-  void deliver(const std::vector<simulator::Chunk>& answer, double late, SerialDouble& serial) {
-    const bool isInTime = late < timeOut_ && serial.unread() == 0;
+  void deliver(const std::vector<simulator::Chunk>& answer, double late, NearEnd& line) {
+    const bool isInTime = late < timeOut_ && line.unread() == 0;
     for (const simulator::Chunk& chunk : answer) {
       late += std::chrono::duration<double>(chunk.gap).count();
       const bool isAck = chunk.bytes.ends_with(simulator::kAck) &&
                          chunk.bytes.find(simulator::kStx) == std::string::npos;
       if (isAck && isInTime) ++heard_;
-      serial.deliver(chunk.bytes, late);
+      line.deliver(chunk.bytes, late);
     }
   }
 

@@ -22,7 +22,7 @@ class ReplayedLine : public LinePeer {
   ReplayedLine(const std::string& dump, Replay::Silences silences)
       : replay_(simulator::parsedDump(dump), silences) {}
 
-  void received(std::string_view bytes, LineEnd& line) override {
+  void received(std::string_view bytes, NearEnd& line) override {
     double delay = 0;
     for (const simulator::Chunk& chunk : replay_.receive(bytes)) {
       delay += std::chrono::duration<double>(chunk.gap).count();

@@ -17,7 +17,7 @@ class SimulatedLine : public LinePeer {
       : printer_(std::move(configuration),
                  [] { return simulator::LocalTime{2026, 3, 14, 10, 30, 15}; }) {}
 
-  void received(std::string_view bytes, LineEnd& line) override {
+  void received(std::string_view bytes, NearEnd& line) override {
     double delay = 0;
     for (const simulator::Chunk& chunk : printer_.receive(bytes)) {
       delay += std::chrono::duration<double>(chunk.gap).count();
