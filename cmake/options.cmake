@@ -14,6 +14,11 @@ if(CORVID_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(CORVID_TRAPS "Let undefined behaviour end Windows test programs, and guard their memory" OFF)
+if(CORVID_TRAPS)
+  add_compile_options(-fsanitize=undefined -fsanitize-undefined-trap-on-error)
+endif()
+
 option(CORVID_FUZZ "Build the fuzz targets; needs clang" OFF)
 if(CORVID_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link -O1)

@@ -1,11 +1,19 @@
-# Checks of the sources themselves.
+# Checks of the sources themselves. Those that are labelled "ci" are long, and run with `./test --ci`.
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
 add_test(NAME checks.layers COMMAND ${scripts}/check-layers)
 add_test(NAME checks.format COMMAND ${scripts}/check-format)
 add_test(NAME checks.guide COMMAND ${scripts}/check-guide)
-foreach(folder src/basic src/platform src/protocol src/transport src/exchange src/records src/session src/documents src/preview simulator)
+add_test(NAME checks.changed COMMAND ${scripts}/check-lint --changed)
+set_tests_properties(checks.changed PROPERTIES COST 1000 TIMEOUT 1500)
+foreach(folder src/basic src/platform src/protocol src/transport src/exchange src/records src/session src/documents src/preview src/com src/windows simulator)
   string(REPLACE "src/" "" name ${folder})
   add_test(NAME lint.${name} COMMAND ${scripts}/check-lint ${folder})
   # The longest ones; begun first, they run beside the tests that wait for Wine.
-  set_tests_properties(lint.${name} PROPERTIES COST 1000 TIMEOUT 1500)
+  set_tests_properties(lint.${name} PROPERTIES COST 1000 TIMEOUT 1500 LABELS ci)
 endforeach()
+if(TARGET unit_sale)
+  add_test(NAME seeds.long COMMAND unit_sale --gtest_brief=1 --gtest_filter=Seeds*)
+  set_tests_properties(seeds.long PROPERTIES ENVIRONMENT CORVID_SEEDS=10000 COST 900 LABELS ci)
+endif()
+add_test(NAME fuzz COMMAND ${scripts}/fuzz 30)
+set_tests_properties(fuzz PROPERTIES COST 2000 TIMEOUT 1500 LABELS ci)
