@@ -1,5 +1,5 @@
 ' Not run: written from the language's documentation. A short sale in Visual Basic 6, or in VBA of
-' Office, early bound: add a reference to "Corvid fiscal printer library".
+' Office, early bound: add a reference to "Corvid: biblioteca para impresoras fiscales".
 Option Explicit
 
 Private printer As PrinterFiscalCorvid.PrinterFiscal

@@ -74,5 +74,14 @@ TEST_F(PublishedInterface, ExplainsItselfEverywhere) {
   }
 }
 
+// Help strings are bytes in the library: those of an IDL in another code page read as other
+// letters.
+TEST_F(PublishedInterface, KeepsItsAccents) {
+  ComPtr<ITypeInfo> text;
+  ASSERT_EQ(S_OK, library_->GetTypeInfoOfGuid(__uuidof(ICStringBuffer), text.put()));
+  EXPECT_EQ(L"Inserta un texto en una posición, contada desde 1", helpOf(*text.get(), 4));
+  EXPECT_EQ(L"Añade un texto al final", helpOf(*text.get(), 1));
+}
+
 }  // namespace
 }  // namespace corvid::testing
