@@ -65,13 +65,6 @@ TEST(Summary, EachLayoutHasItsFieldsInItsOrder) {
   }
 }
 
-TEST(Summary, OnlyModelsThatExistHaveAName) {
-  for (const char* name :
-       {"", "-", "long-", "long-21", "long-42", "long-039", "long-3", "medium"}) {
-    EXPECT_FALSE(modelNamed(name)) << name;
-  }
-}
-
 TEST(Day, XLeavesTheDayAndZEndsIt) {
   Bench bench(ofModel("long-41"));
   ASSERT_EQ(bench.firstRefused(knownDay()), "");
@@ -112,26 +105,6 @@ TEST(Day, ZReportsAreFoundByNumberAndByDate) {
     const Fields fields = bench.fields(c.query);
     EXPECT_EQ(fields.empty() ? "" : fields.front(), c.firstNumber) << c.query;
   }
-  EXPECT_EQ(bench.command("I3A000002000003"), kAckAnswer);
-  EXPECT_EQ(bench.command("I2A260316260316"), kNakAnswer);
-  const std::string paper = bench.paper();
-  const std::string report = paper.substr(paper.find("REPORTE DE MEMORIA FISCAL"));
-  EXPECT_EQ(report.find("CIERRE Z:                           0001"), std::string::npos);
-  EXPECT_NE(report.find("CIERRE Z:                           0002\nFECHA: 15-03-2026"),
-            std::string::npos);
-  EXPECT_NE(report.find("CIERRE Z:                           0003"), std::string::npos);
-}
-
-TEST(Levy, StandsOnTheReceipt) {
-  Bench bench;
-  ASSERT_EQ(bench.firstRefused({item(" ", 10440, 1000, "A"), "220000000005000", "102"}), "");
-  EXPECT_NE(bench.paper().find("TOTAL                          Bs 104,40\n"
-                               "MEDIO DE PAGO 20                Bs 50,00\n"
-                               "IGTF SOBRE Bs 50,00              Bs 1,50\n"
-                               "MEDIO DE PAGO 02                Bs 54,40\n"
-                               "TOTAL CON IGTF                 Bs 105,90\n"),
-            std::string::npos)
-      << bench.paper();
 }
 
 }  // namespace

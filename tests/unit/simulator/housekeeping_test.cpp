@@ -36,22 +36,6 @@ TEST(Housekeeping, ProgrammedLinesStandOnDocumentsAsSent) {
                 "========================================\n");
 }
 
-TEST(Housekeeping, WhatMakesNoSenseIsRefused) {
-  const std::string line = blanks(40);
-  const std::vector<std::string> refused = {"PH",          "PH" + line,  "PH1" + blanks(39),
-                                            "PH0" + line,  "PH9" + line, "PH001" + line,
-                                            "PH1x" + line, "PH@" + line, "PHI" + line,
-                                            "PHAA" + line, "PHa" + line, "PG310226",
-                                            "PG000326",    "PG15032026", "PF240000",
-                                            "PF106000",    "PF1030",     "I1X",
-                                            "I0",          "U0ZZ",       "S2 "};
-  for (const std::string& command : refused) {
-    Bench bench;
-    EXPECT_EQ(bench.command(command), kNakAnswer) << command;
-    EXPECT_EQ(bench.printer.machine().now().hour, 10) << command;
-  }
-}
-
 TEST(Housekeeping, IsRefusedInTheMiddleOfADocument) {
   const std::vector<std::string> commands = {"PHA" + blanks(40), "PG150326",        "PF103000",
                                              "RF00000010000001", "I3A000001000001", "I0X"};
@@ -63,33 +47,6 @@ TEST(Housekeeping, IsRefusedInTheMiddleOfADocument) {
     ASSERT_EQ(bench.command("101"), kAckAnswer);
     EXPECT_EQ(bench.command(command), kAckAnswer) << command;
   }
-}
-
-TEST(Housekeeping, ClockGoesOnFromWhereItWasSet) {
-  LocalTime time{2026, 3, 14, 23, 30, 0};
-  Printer printer({}, [&] { return time; });
-  const auto now = [&] {
-    return wireDate(printer.machine().now()) + wireTime(printer.machine().now());
-  };
-  (void)printer.receive(framed("PG280228"));
-  EXPECT_EQ(now(), "280228233000");
-  (void)printer.receive(framed("PF235958"));
-  EXPECT_EQ(now(), "280228235958");
-  time.second = 3;
-  EXPECT_EQ(now(), "280229000001") << "over midnight into a leap day";
-}
-
-TEST(Reprint, PrintsEachDocumentOfARangeAgain) {
-  Bench bench;
-  const std::size_t start = bench.paper().size();
-  ASSERT_EQ(bench.firstRefused({"iS*Ana", item("!", 100, 1000, "UNO"), "101"}), "");
-  const std::string first = bench.paper().substr(start);
-  ASSERT_EQ(bench.firstRefused({item("!", 200, 1000, "DOS"), "101"}), "");
-  const std::string both = bench.paper().substr(start);
-  const std::string mark = "             *** COPIA ***\n";
-  EXPECT_EQ(printedFor(bench, "RF00000010000001"), mark + first);
-  EXPECT_EQ(printedFor(bench, "RF00000010000009"), mark + first + mark + both.substr(first.size()));
-  EXPECT_EQ(bench.fields("S1")[3], "00002") << "a copy is no document";
 }
 
 TEST(Reprint, FindsKindsByTheirLetter) {
@@ -113,21 +70,6 @@ TEST(Reprint, FindsKindsByTheirLetter) {
     EXPECT_EQ(printed.empty(), *content == '\0') << command;
     EXPECT_NE(printed.find(content), std::string::npos) << command << printed;
   }
-}
-
-TEST(Reports, ShowTheDaysSums) {
-  Bench bench;
-  ASSERT_EQ(bench.firstRefused(knownDay()), "");
-  const std::string report = printedFor(bench, "I0Z");
-  for (const char* line :
-       {"               REPORTE Z\n", "CIERRE Z:                           0001\n",
-        "ULTIMO NUMERO                   00000003\n", "IGTF SOBRE Bs 83,50              Bs 2,51\n",
-        "PERCIBIDO (P)                    Bs 5,00\n", "TOTAL                          Bs 351,61\n",
-        "MEDIO DE PAGO 24                Bs 34,51\n", "TOTAL                           Bs 24,41\n",
-        "DOCUMENTOS NO FISCALES                 1\n"}) {
-    EXPECT_NE(report.find(line), std::string::npos) << line << report;
-  }
-  EXPECT_EQ(printedFor(bench, "I0X").find("CIERRE"), std::string::npos);
 }
 
 }  // namespace

@@ -43,15 +43,6 @@ TEST(Line, CommandsAreFoundInAnyPieces) {
   }
 }
 
-TEST(Line, CheckByteMayBeAControlByte) {
-  Bench bench;
-  // 4 XOR 6 cancels in "46": the check byte would be ETX XOR 2 = 1; with "11" it is ETX itself.
-  EXPECT_EQ(checkByte("11\x03"), '\x03');
-  EXPECT_EQ(bench.raw("\00211\x03\x03"), kNakAnswer)
-      << "understood as a block, refused as a command";
-  EXPECT_EQ(bench.raw("\x05"), framed("\x60\x40")) << "and nothing is left over";
-}
-
 std::string zReports(Bench& bench, int count) {
   for (int i = 0; i < count; ++i) {
     if (bench.command("I0Z") != kAckAnswer) return "refused";
@@ -82,13 +73,6 @@ TEST(Line, ANewMessageDropsTheBlocksThatWait) {
     bench.raw(message);
     EXPECT_EQ(bench.raw("\x06"), "") << readable(message);
   }
-}
-
-TEST(Line, RangeWithoutZReportsIsRefused) {
-  Bench bench;
-  ASSERT_EQ(zReports(bench, 1), "");
-  EXPECT_EQ(bench.command("U3A000002000009"), kNakAnswer);
-  EXPECT_EQ(bench.command("U3A00000100000"), kNakAnswer);
 }
 
 TEST(Replies, RatesWithAndWithoutTheLevy) {

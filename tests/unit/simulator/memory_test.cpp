@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace corvid::simulator {
@@ -24,12 +23,6 @@ std::string fullMemory() {
                    item(" ", 100, 1000, "A"), "101"});
   EXPECT_EQ(bench.firstRefused(commands), "");
   return memoryText(bench.printer.machine());
-}
-
-// A text with the last line that belongs to it.
-std::string sealed(std::string text) {
-  text.erase(text.rfind("end "));
-  return text + "end " + checkOf(text) + "\n";
 }
 
 std::string damageOf(std::string_view text) {
@@ -58,15 +51,6 @@ TEST(Memory, AnotherPrinterGoesOnWhereOneWasSwitchedOff) {
   EXPECT_EQ(bench.fields("U3A000001000001")[9], "0000004350");
 }
 
-TEST(Memory, NoLevyIsKeptToo) {
-  Configuration configuration;
-  configuration.igtf.reset();
-  Bench without(configuration);
-  Bench bench;
-  restoreMemory(memoryText(without.printer.machine()), bench.printer.machine());
-  EXPECT_FALSE(bench.printer.machine().configuration.igtf);
-}
-
 TEST(Memory, EveryChangedOrMissingByteIsFound) {
   const std::string memory = fullMemory();
   for (std::size_t at = 0; at < memory.size(); at += 31) {
@@ -79,101 +63,31 @@ TEST(Memory, EveryChangedOrMissingByteIsFound) {
   EXPECT_NE(damageOf(memory + "\n"), "");
 }
 
-TEST(Memory, LinesThatMakeNoSenseAreToldByNumber) {
-  const std::string memory = fullMemory();
-  ASSERT_EQ(damageOf(sealed(memory)), "");
-  const struct {
-    const char* old;
-    const char* changed;
-    const char* damage;
-  } kCases[] = {
-      {"memory 1", "memory 2", "line 1: expected a number in its range"},
-      {"rate 1 1600\n", "", "line 4: expected rate"},
-      {"rate 2 800", "rate 0 800", "line 3: expected a rate's kind"},
-      {"rate 2 800", "rate 3 800", "line 3: expected a rate's kind"},
-      {"rate 2 800", "rate 2 10000", "line 3: expected a number in its range"},
-      {"rate 2 800", "rate 2 8x0", "line 3: expected a number"},
-      {"rate 2 800", "rate 2", "line 3: expected a number"},
-      {"rate 2 800", "rate 2 800 1", "line 3: expected the line's end"},
-      {"cashier 42", "cashier 100", "line 7: expected a number in its range"},
-      {"cashier 42", "cashier -1", "line 7: expected a number in its range"},
-      {"clock 86400", "clock 9999999999999", "line 8: expected a number in its range"},
-      {"header CARACAS\n", "header A\nheader B\nheader C\nheader D\nheader E\nheader F\nheader G\n",
-       "line 18: expected no more programmed lines"},
-      {"header CARACAS\n", "header A\\q\n", "line 11: expected an escaped text"},
-      {"last 4", "last 4294967296", "line 13: expected a number in its range"},
-      {"2026 3 15", "2026 2 31", "line 13: expected a time that exists"},
-      {"kind 1 100 ", "kind 4294967296 100 ", "line 15: expected a count of documents"},
-      {"kind 1 100 ", "kind 1 -100 ", "line 15: expected a number in its range"},
-      {"copy F", "copy X", "line 24: expected the end"},
-      {"cashier 42", "cashier 042", "not in the form that printers write"},
-  };
-  for (const auto& c : kCases) {
-    std::string text = memory;
-    ASSERT_NE(text.find(c.old), std::string::npos) << c.old;
-    text.replace(text.find(c.old), std::string_view(c.old).size(), c.changed);
-    EXPECT_EQ(damageOf(sealed(text)), c.damage) << c.changed;
-  }
-}
-
-class InFile : public testing::Test {
- protected:
-  InFile() {
-    options_.memory = (folder_.path() / "printer.txt").string();
-    options_.clock = LocalTime{2026, 3, 14, 10, 30, 15};
-  }
-
+TEST(Memory, InAFileCarriesTheDayToTheNextRun) {
+  const TempFolder folder;
+  Options options;
+  options.memory = (folder.path() / "printer.txt").string();
   // What a printer of its own run answers to the last of the commands.
-  std::string run(const std::vector<std::string>& commands) {
+  const auto run = [&](const std::vector<std::string>& commands) {
     std::ostringstream out;
-    Program program(options_, out);
+    Program program(options, out);
     std::string answer;
     for (const std::string& command : commands) {
       program.receive(framed(command), Moment{});
       answer = program.takeDue(Moment{});
     }
     return answer;
-  }
-
-  [[nodiscard]] std::string content() const {
-    return bytesOf(std::filesystem::path(options_.memory).wstring());
-  }
-
-  TempFolder folder_;
-  Options options_;
-};
-
-TEST_F(InFile, SecondRunGoesOnWithTheDay) {
+  };
   run({"S1"});
-  EXPECT_FALSE(std::filesystem::exists(options_.memory)) << "nothing changed, nothing to keep";
+  EXPECT_FALSE(std::filesystem::exists(options.memory)) << "nothing changed, nothing to keep";
   run({item(" ", 100, 1000, "A"), "101"});
   run({item(" ", 250, 1000, "B")});
   const std::string summary = run({item(" ", 200, 1000, "C"), "101", "U0Z"});
   EXPECT_EQ(run({"U0Z"}), summary);
   EXPECT_NE(summary.find("\n00000002\n"), std::string::npos) << "the open document is lost";
   EXPECT_NE(summary.find("\n0000000300\n"), std::string::npos);
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1)
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1)
       << "no temporary file stays";
-}
-
-TEST_F(InFile, DamageStopsTheProgramAndLeavesTheFile) {
-  run({item(" ", 100, 1000, "A"), "101"});
-  const std::string cut = content().substr(0, 500);
-  std::ofstream(options_.memory, std::ios::binary | std::ios::trunc) << cut;
-  try {
-    run({"S1"});
-    ADD_FAILURE() << "a damaged memory was taken";
-  } catch (const std::runtime_error& failure) {
-    EXPECT_EQ(
-        std::string(failure.what()).find("the memory file " + options_.memory + " is damaged"), 0U)
-        << failure.what();
-  }
-  EXPECT_EQ(content(), cut);
-}
-
-TEST_F(InFile, CommandThatCannotBeKeptIsNotAcknowledged) {
-  std::filesystem::create_directory(options_.memory + ".new");
-  EXPECT_THROW(run({"PJ2101"}), std::runtime_error);
 }
 
 }  // namespace

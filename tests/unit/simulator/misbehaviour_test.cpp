@@ -3,7 +3,6 @@
 #include "bench.h"
 #include "simulator/line/outbox.h"
 #include "simulator/program/options.h"
-#include "simulator/program/program.h"
 #include "simulator/program/steering.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +12,6 @@
 namespace corvid::simulator {
 namespace {
 
-using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
 const std::string kStatus = "\x02\x60\x40\x03\x23";
@@ -55,18 +53,6 @@ TEST(Misbehaviour, IsSeenOnTheLineAndEndsWhenItsTimesAreOver) {
   }
 }
 
-TEST(Misbehaviour, RefusedAndUnheardCommandsDoNothingButLostAnswersDo) {
-  for (const auto& [steering, drawers] : {std::pair{"refuse on", 0}, std::pair{"silent on", 0},
-                                          std::pair{"lose on", 1}, std::pair{"lose-ack on", 1}}) {
-    SteeredBench bench;
-    bench.steer(steering);
-    bench.command("w");
-    EXPECT_EQ(bench.printer.machine().drawerOpenings, drawers) << steering;
-    bench.steer("reset");
-    EXPECT_EQ(bench.command("w"), kAckAnswer) << steering;
-  }
-}
-
 std::vector<std::string> pieces(const std::vector<Chunk>& chunks) {
   std::vector<std::string> bytes;
   bytes.reserve(chunks.size());
@@ -91,17 +77,6 @@ TEST(Misbehaviour, AnswersComeInPiecesWithGaps) {
             (std::vector<std::string>{"\x02\x60\x40\x03", "\x23"}));
 }
 
-TEST(Misbehaviour, PacingCountsElevenBitsAByte) {
-  SteeredBench bench;
-  bench.steer("baud 1100");
-  microseconds total{0};
-  for (const Chunk& chunk : bench.printer.receive("\x05")) {
-    EXPECT_EQ(chunk.bytes.size(), 1U);
-    total += chunk.gap;
-  }
-  EXPECT_EQ(total, milliseconds(60)) << "one byte there, five back, a hundred bytes a second";
-}
-
 TEST(Misbehaviour, ToldAnswersReplaceWhatThePrinterKnows) {
   SteeredBench bench;
   EXPECT_EQ(bench.steer("answer U3A A\\nB"), "ok\n");
@@ -112,65 +87,6 @@ TEST(Misbehaviour, ToldAnswersReplaceWhatThePrinterKnows) {
   EXPECT_EQ(bench.command("U3A9"), framed("nine")) << "the longer prefix counts";
   EXPECT_EQ(bench.steer("answer U3A"), "ok\n");
   EXPECT_EQ(bench.command("U3A000001000002"), kNakAnswer);
-}
-
-TEST(Steering, SaysWhatItDidNotUnderstand) {
-  SteeredBench bench;
-  EXPECT_EQ(bench.steer("dance"), "error: unknown command\n");
-  for (const char* line :
-       {"refuse", "refuse x", "refuse -1", "refuse 1 2", "split 1 x", "noise 1 \\q", "error 128",
-        "memory-full perhaps", "baud fast", "more", "answer \\q text"}) {
-    EXPECT_EQ(bench.steer(line), "error: arguments not understood\n") << line;
-  }
-}
-
-TEST(Steering, ShowsPaperAndState) {
-  SteeredBench bench;
-  bench.command("810HOLA");
-  EXPECT_NE(bench.steer("paper").find("\nHOLA\n"), std::string::npos);
-  bench.steer("error 65");
-  EXPECT_EQ(bench.steer("state\r"), "status 96 65\ndrawer 0\ninvoice 0\nok\n");
-}
-
-TEST(Program, ObeysWholeLinesOfInputUntilQuit) {
-  std::ostringstream out;
-  Program program({}, out);
-  EXPECT_TRUE(program.steer("sta"));
-  EXPECT_EQ(out.str(), "");
-  EXPECT_TRUE(program.steer("te\nrefuse 1\nbau"));
-  EXPECT_FALSE(program.steer("d 0\nquit\nstate\n"));
-  EXPECT_EQ(out.str(), "status 96 64\ndrawer 0\ninvoice 0\nok\nok\nok\nok\n");
-}
-
-TEST(Program, ObeysLinesOfItsOptionsWithoutAWord) {
-  std::ostringstream out;
-  Options options;
-  options.steering = {"refuse 1"};
-  Program program(options, out);
-  EXPECT_EQ(out.str(), "");
-  program.receive("\x02w\x03t", Moment{});
-  EXPECT_EQ(program.takeDue(Moment{}), kNakAnswer);
-  options.steering = {"dance"};
-  EXPECT_THROW(Program(options, out), std::runtime_error);
-}
-
-TEST(Program, WireLinesShowBytesTwice) {
-  EXPECT_EQ(wireLine(Printer::Direction::FromHost, "\x02w\x03t"), "> [STX]w[ETX]t\t02 77 03 74");
-  EXPECT_EQ(wireLine(Printer::Direction::ToHost, "\x06"), "< [ACK]\t06");
-}
-
-TEST(Program, WireShowsEachMessageWhole) {
-  SteeredBench bench;
-  std::string wire;
-  bench.printer.onWire([&](Printer::Direction direction, std::string_view bytes) {
-    wire += wireLine(direction, bytes) + "\n";
-  });
-  bench.steer("bytewise on");
-  bench.raw("\x05");
-  bench.steer("silent on");
-  bench.raw("\x02w");
-  bench.raw("\x03u");
-  EXPECT_EQ(wire, "> [ENQ]\t05\n< [STX]`@[ETX]#\t02 60 40 03 23\n> [STX]w[ETX]u\t02 77 03 75\n");
 }
 
 TEST(Options, AreReadOrRefusedWithTheirName) {

@@ -18,14 +18,7 @@ TEST(Sale, SumsAreThoseOfTheHandComputedReceipt) {
   EXPECT_EQ(bench.firstRefused(kThreeItems), "");
   EXPECT_EQ(bench.firstRefused({"3", "201000000005000"}), "");
 
-  const KindOfDay& sales = today(bench).of(DocumentKind::Invoice);
-  EXPECT_EQ(sales.total, 4080);
-  EXPECT_EQ(sales.byRate[0].base, 1000);
-  EXPECT_EQ(sales.byRate[1].base, 2500);
-  EXPECT_EQ(sales.byRate[1].tax, 400);
-  EXPECT_EQ(sales.byRate[2].base, 167);
-  EXPECT_EQ(sales.byRate[2].tax, 13);
-  EXPECT_EQ(sales.payments[0], 4080) << "the change is not kept";
+  EXPECT_EQ(today(bench).of(DocumentKind::Invoice).payments[0], 4080) << "no change is kept";
   EXPECT_EQ(bench.paper(),
             "           RIF: J-12345678-9\n"
             "        COMERCIO DE PRUEBA, C.A.\n"
@@ -64,9 +57,6 @@ TEST(Sale, TotalsFollowWhatWasDone) {
     Amount total;
     const char* reason;
   } kCases[] = {
-      {{item("!", 3, 1000, "A"), item("!", 3, 1000, "B")}, 7, "tax of the rate, not of each line"},
-      {{item("#", 100, 1000, "A")}, 131, "additional rate"},
-      {{item("$", 100, 1000, "A")}, 100, "the collected levy bears no tax"},
       {{item("!", 1250, 2000, "A"), item("\"", 333, 500, "B"), item(" ", 1000, 1000, "C"),
         "p-01000"},
        3672,
@@ -80,14 +70,9 @@ TEST(Sale, TotalsFollowWhatWasDone) {
       {{item(" ", 1000, 1000, "A"), "GP+*10,00"}, 1100, "surcharge by percent"},
       {{item(" ", 1000, 1000, "A"), "GM-*2,50"}, 750, "discount by amount"},
       {{item(" ", 1000, 1000, "A"), "GM+*2,50"}, 1250, "surcharge by amount"},
-      {{item(" ", 1000, 3000, "A"), item("\xA0", 1000, 2000, "A")}, 1000, "a part taken back"},
       {{item(" ", 100, 1000, "A"), item(" ", 100, 1000, "B"), item("\xA0", 100, 1500, "C"), "3"},
        50,
        "taken back from two lines"},
-      {{"F+112,50||2,000|||ABC|PAN"}, 2900, "bars with a code"},
-      {{"F+112,50||2,000||PAN", "F-112,50||1,000||PAN"}, 1450, "bars, one taken back"},
-      {{"F+412,50||2,000||LEVY"}, 2500, "bars at the collected rate"},
-      {{item(" ", 100, 1000, "A"), "201000000000030", "202000000000020"}, 100, "paid in parts"},
   };
   for (const auto& c : kCases) {
     Bench bench;
@@ -130,20 +115,6 @@ TEST(Sale, Flag21ChoosesTheFieldWidths) {
   }
 }
 
-TEST(Sale, ShortCustomerLinesKeepTheirNumbers) {
-  Bench bench;
-  std::vector<std::string> commands = {"jRV-1", "jSAna                                     "};
-  for (int i = 1; i <= 11; ++i) commands.push_back("j" + std::to_string(i) + "0 line");
-  commands.emplace_back("j2again");
-  EXPECT_EQ(bench.firstRefused(commands), "");
-  const Customer& customer = bench.printer.machine().customer;
-  EXPECT_EQ(customer.name, "Ana");
-  ASSERT_EQ(customer.lines.size(), 11U);
-  EXPECT_EQ(customer.lines.at(1), "0 line");
-  EXPECT_EQ(customer.lines.at(2), "again");
-  EXPECT_EQ(customer.lines.at(11), "0 line");
-}
-
 TEST(Refusal, LeavesPaperAndDocumentAsTheyWere) {
   const std::string sold = item("!", 1000, 1000, "PAN");
   const struct {
@@ -152,44 +123,28 @@ TEST(Refusal, LeavesPaperAndDocumentAsTheyWere) {
     const char* reason;
   } kCases[] = {
       {{}, "", "no command at all"},
-      {{}, "?", "unknown"},
       {{}, "101", "payment without a document"},
-      {{}, "3", "subtotal without a document"},
       {{}, "7", "nothing to cancel"},
-      {{}, "p-01000", "discount without a document"},
       {{}, "!00000012500000200", "quantity cut short"},
-      {{}, "!-00000125000002000PAN", "negative price"},
       {{}, item("!", 1250, 0, "PAN"), "no quantity"},
-      {{}, item("!", 0, 1000, "PAN"), "no price"},
       {{}, item("d5", 100, 1000, "PAN"), "no such rate"},
       {{}, item("\xA1", 1000, 1000, "PAN"), "void without a document"},
-      {{}, "F+512,50||1,000||PAN", "no such rate in bars"},
-      {{}, "F+112.50||1,000||PAN", "decimal point"},
       {{}, "F+112,50||1,000", "bars missing"},
-      {{}, "ixxPAN", "no line number"},
       {{sold}, "iS*Ana", "customer behind the heading"},
       {{sold}, item("d1", 1000, 1000, "PAN"), "refund in an invoice"},
       {{sold}, "800TEXT", "text in a fiscal document"},
       {{sold}, "I0Z", "closing with an open document"},
       {{sold}, "f01000000000000", "closing of another kind"},
-      {{sold}, "20100000000000", "payment cut short"},
-      {{sold}, "2010000000000000", "payment too long"},
       {{sold}, "200000000001000", "no such method"},
-      {{sold}, "225000000001000", "beyond the last method"},
-      {{sold}, "1011", "text behind a closing"},
       {{sold}, "p-10001", "more than the whole"},
       {{sold}, "q-000000001001", "more than the subtotal"},
       {{sold}, item("\xA1", 1000, 1001, "PAN"), "void of more than was sold"},
-      {{sold}, item("\xA2", 1000, 1000, "PAN"), "void at another rate"},
-      {{sold}, item("\xA1", 999, 1000, "PAN"), "void at another price"},
       {{sold, item("\xA1", 1000, 1000, "PAN")}, "101", "payment of nothing"},
       {{sold, "p-05000"}, item("\xA1", 1000, 1000, "PAN"), "void beyond what a discount left"},
       {{sold, "201000000000100"}, sold, "item behind a payment"},
-      {{sold, "201000000000100"}, "p-01000", "discount behind a payment"},
       {{item("d1", 1000, 1000, "PAN")}, "f01000000001161", "refund above the total"},
       {{item("d1", 1000, 1000, "PAN")}, sold, "sale in a credit note"},
       {{"800TEXT"}, sold, "item in a non-fiscal document"},
-      {{"800TEXT"}, "101", "payment in a non-fiscal document"},
       {{"800TEXT"}, "7", "cancelling a non-fiscal document"},
   };
   for (const auto& c : kCases) {
