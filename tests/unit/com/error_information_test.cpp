@@ -80,14 +80,6 @@ TEST_F(ErrorInformation, ReachesEarlyAndLateBoundHosts) {
   EXPECT_EQ(L"Type mismatch", raised.description);
 }
 
-TEST_F(ErrorInformation, NamesTheMemberThatCouldNotOpenThePort) {
-  const auto session = newSession();
-  const LateResult raised = callLate(session.get(), L"Abrir", {Variant::ofInt16(98).value()});
-  EXPECT_EQ(static_cast<HRESULT>(0x800A9C41), raised.raised);
-  EXPECT_EQ(L"PrinterFiscal.Abrir", raised.source);
-  EXPECT_NE(std::wstring::npos, raised.description.find(L"CommOpen (CreateFile)"));
-}
-
 // Arguments convert in their order: the first that cannot decides.
 TEST_F(ErrorInformation, ComesFromTheFirstArgumentThatDoesNotConvert) {
   const auto session = newSession();

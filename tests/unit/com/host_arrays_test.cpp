@@ -33,10 +33,6 @@ TEST_F(HostArrays, GiveBackTheirFields) {
   EXPECT_EQ(9, errorOf(reader, -1));
 }
 
-TEST_F(HostArrays, AreEmptyForNoFields) {
-  EXPECT_EQ(-1, HostArray(toHostArray(Lines()).value()).upperBound());
-}
-
 TEST_F(HostArrays, HoldRowsOfFields) {
   const Variant rows = toHostArray(std::vector<Lines>{{L"A", L"B"}, {}});
   const HostArray reader(rows.value());
@@ -75,23 +71,6 @@ TEST_F(HostArrays, RefuseWhatIsNoListOfTexts) {
   const Variant array = std::move(mixed).toVariant();
   EXPECT_EQ(0, errorOf(HostArray(array.value()), 0));
   EXPECT_EQ(13, errorOf(HostArray(array.value()), 1));
-}
-
-TEST_F(HostArrays, AreReachedItemByItemThroughTheSession) {
-  const auto session = newSession();
-  const Variant array = toHostArray(Lines{L"A", L"B"});
-  const struct {
-    SHORT index;
-    const wchar_t* item;
-  } cases[] = {{0, L"A"}, {1, L"B"}, {2, L"<nil>"}, {-1, L"<nil>"}};
-  for (const auto& one : cases) {
-    Variant item;
-    EXPECT_EQ(S_OK, session->responseItem(one.index, array.value(), item.put()));
-    EXPECT_EQ(one.item, textIn(item)) << one.index;
-  }
-  Variant item;
-  EXPECT_EQ(static_cast<HRESULT>(0x800A000D),
-            session->responseItem(0, text(L"A").value(), item.put()));
 }
 
 }  // namespace

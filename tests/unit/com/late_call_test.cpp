@@ -9,21 +9,6 @@ using LateCalls = AutomationTest;
 
 std::wstring valueOf(ICStringBuffer* buffer) { return textIn(callLate(buffer, L"Value").value); }
 
-TEST_F(LateCalls, WriteBackToAScriptsVariable) {
-  const auto buffer = newBuffer();
-  Variant letters = text(L"abcdef");
-  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Append", {variable(letters)}).outcome);
-  Variant index = Variant::ofInt16(4);
-  Variant length = text(L"2");
-  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {variable(index), variable(length)}).outcome);
-
-  EXPECT_EQ(L"abc", valueOf(buffer.get()));
-  EXPECT_EQ(VT_I4, length.type());
-  EXPECT_EQ(3, V_I4(length.get()));
-  // A variable that the member left alone keeps its kind.
-  EXPECT_EQ(VT_I2, index.type());
-}
-
 TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
   const auto buffer = newBuffer();
   callLate(buffer.get(), L"Append", {text(L"abcdef").value()});
@@ -129,30 +114,6 @@ TEST_F(LateCalls, GiveAndTakeTheRateRecord) {
                                      .outcome);
   EXPECT_EQ(S_OK, putLate(session.get(), L"s3", objectValue(nullptr).value()).outcome);
   EXPECT_EQ(nullptr, V_DISPATCH(&callLate(session.get(), L"s3").value.value()));
-}
-
-// The same question, asked in both ways, has the same answer.
-TEST_F(LateCalls, AgreeWithEarlyBoundOnes) {
-  const auto session = newSession();
-  Bstr block;
-  ASSERT_EQ(S_OK, session->BuildCommandBlock(Bstr(L"w").get(), block.put()));
-  EXPECT_EQ(std::wstring(L"\x02w\x03t"), block.view());
-  EXPECT_EQ(block.view(),
-            textIn(callLate(session.get(), L"BuildCommandBlock", {text(L"w").value()}).value));
-
-  const Variant item = text(L"PAN");
-  short early = 0;
-  ASSERT_EQ(S_OK, session->PasarItem(item.value(), number(1).value(), number(-0.001).value(),
-                                     number(16).value(), &early));
-  const LateResult late =
-      callLate(session.get(), L"PasarItem",
-               {item.value(), number(1).value(), number(-0.001).value(), number(16).value()});
-  EXPECT_EQ(pfClientError, early);
-  EXPECT_EQ(VT_I2, late.value.type());
-  EXPECT_EQ(early, V_I2(&late.value.value()));
-  Bstr words;
-  session->get_DescripcionError(words.put());
-  EXPECT_EQ(words.view(), textIn(callLate(session.get(), L"DescripcionError").value));
 }
 
 TEST_F(LateCalls, NameTheirClassAndHaveNoEvents) {

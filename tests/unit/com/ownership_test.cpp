@@ -1,8 +1,6 @@
 // Owners of what the automation world counts and allocates.
-#include "com/bstr.h"
 #include "com/com_ptr.h"
 #include "com/safe_array.h"
-#include "com/variant.h"
 
 #include <gtest/gtest.h>
 
@@ -57,48 +55,6 @@ TEST(ComPointer, TakesOverAndGivesAwayReferences) {
   EXPECT_EQ(1U, object.references);
   EXPECT_FALSE(adopted.as<IUnknown>());
   EXPECT_FALSE(asked.as<IDispatch>());
-}
-
-TEST(AutomationText, KeepsNulsAndEmptiness) {
-  const std::wstring_view withNul(L"a\0b", 3);
-  EXPECT_EQ(withNul, Bstr(withNul).view());
-  EXPECT_EQ(L"", Bstr().view());
-  EXPECT_EQ(L"", viewOf(nullptr));
-  EXPECT_NE(nullptr, Bstr(L"").get());
-}
-
-TEST(AutomationText, HasOneOwner) {
-  Bstr first(L"one");
-  BSTR characters = first.get();
-  Bstr second = std::move(first);
-  EXPECT_EQ(characters, second.get());
-  // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves
-  EXPECT_EQ(nullptr, first.get());
-  Bstr third(L"three");
-  third = std::move(second);
-  EXPECT_EQ(characters, third.get());
-  EXPECT_EQ(characters, third.detach());
-  EXPECT_EQ(nullptr, third.get());
-  SysFreeString(characters);
-}
-
-TEST(AutomationValue, ReleasesAnObjectOnceWhateverItsWay) {
-  Counted object;
-  {
-    Variant value;
-    V_VT(value.get()) = VT_UNKNOWN;
-    V_UNKNOWN(value.get()) = &object;
-    object.AddRef();
-    Variant moved = std::move(value);
-    // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves
-    EXPECT_EQ(VT_EMPTY, value.type());
-    SafeArray array(2);
-    array.set(1, std::move(moved));
-    EXPECT_EQ(1U, object.references);
-    const Variant whole = std::move(array).toVariant();
-    EXPECT_EQ(1U, object.references);
-  }
-  EXPECT_EQ(0U, object.references);
 }
 
 TEST(AutomationArray, ThatIsTooLongIsAnOrdinaryLackOfMemory) {

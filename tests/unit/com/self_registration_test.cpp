@@ -99,18 +99,6 @@ class SelfRegistration : public AutomationTest {
   RegistryKey key_;
 };
 
-TEST_F(SelfRegistration, WritesWhatAHostNeedsToFindTheClass) {
-  ASSERT_EQ(S_OK, add());
-  const std::wstring classId = root_.read({L"PrinterFiscalCorvid.PrinterFiscal\\CLSID"});
-  CLSID id{};
-  ASSERT_EQ(S_OK, CLSIDFromString(classId.c_str(), &id));
-  EXPECT_EQ(__uuidof(::PrinterFiscal), id);
-  const std::wstring key = L"CLSID\\" + classId;
-  EXPECT_EQ(modulePath(), root_.read({key + L"\\InprocServer32"}));
-  EXPECT_EQ(L"Apartment", snapshot()[key + L"\\InprocServer32"][L"ThreadingModel"]);
-  EXPECT_EQ(L"PrinterFiscalCorvid.PrinterFiscal", root_.read({key + L"\\ProgID"}));
-}
-
 // The system's own registration of a type library is the model, but for what it tells about the
 // file on the disk; it is also what older copies of the library left.
 TEST_F(SelfRegistration, WritesTheTypeLibraryAsTheSystemDoesAndTakesItOver) {

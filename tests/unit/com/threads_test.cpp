@@ -53,23 +53,6 @@ TEST_F(Threads, AnObjectOfAThreadThatEndedIsDeletedByWhoeverAsks) {
   EXPECT_EQ(S_OK, DllCanUnloadNow());
 }
 
-TEST_F(Threads, HaveSessionsOfTheirOwn) {
-  const auto session = newSession();
-  elsewhere([&] {
-    const auto other = newSession();
-    EXPECT_EQ(S_OK, other->put_STS1(7));
-    LONG found = 0;
-    EXPECT_EQ(S_OK, other->get_STS1(&found));
-    EXPECT_EQ(7, found);
-    short result = 0;
-    EXPECT_EQ(S_OK, other->Execute(Bstr(L"101").get(), &result));
-    EXPECT_EQ(1, result) << "PUERTO CERRADO";
-  });
-  LONG found = -1;
-  EXPECT_EQ(S_OK, session->get_STS1(&found));
-  EXPECT_EQ(0, found);
-}
-
 // A session of another thread, handed over raw, is not used on this one.
 TEST_F(Threads, AForeignSessionIsNotTakenByARecord) {
   const auto session = newSession();

@@ -99,7 +99,8 @@ inline std::wstring guidText(REFGUID id) {
   return text;
 }
 
-// The lines of one type: its kind, name and identifier, and each member below, in their order.
+// The lines of one type: its kind, name and identifier, and each member below, in their order; the
+// accessors of a property in one line.
 class TypeReader {
  public:
   explicit TypeReader(ITypeInfo& info) : info_(info), attributes_(attributesOf(info)) {}
@@ -143,13 +144,28 @@ class TypeReader {
     }
   }
   void addMembers() {
+    std::wstring last;
+    std::size_t verbsEnd = 0;
     for (UINT i = 0; i < attributes_->cFuncs; ++i) {
       const FunctionDescription member = functionAt(info_, i);
       // The seven members of IUnknown and IDispatch come first and are marked.
       if ((member->wFuncFlags & FUNCFLAG_FRESTRICTED) != 0) continue;
-      add(declaration(info_, *member));
+      const std::wstring line = L"  " + declaration(info_, *member);
+      const std::size_t verb = line.find(L' ', 2) + 1;
+      const std::wstring property =
+          member->invkind == INVOKE_FUNC ? L"" : line.substr(0, verb) + line.substr(verb + kVerb);
+      if (!property.empty() && property == last) {
+        lines_.back().insert(verbsEnd, line.substr(verb, kVerb));
+        verbsEnd += kVerb;
+      } else {
+        lines_.push_back(line);
+        verbsEnd = verb + kVerb;
+      }
+      last = property;
     }
   }
+  static constexpr std::size_t kVerb = 4;  // "Get ", "Let ", "Set "
+
   void add(const std::wstring& member) { lines_.push_back(L"  " + member); }
 
   ITypeInfo& info_;

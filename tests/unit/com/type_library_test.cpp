@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 
 namespace corvid::testing {
@@ -19,12 +20,29 @@ class PublishedInterface : public AutomationTest {
   }
   [[nodiscard]] std::vector<std::string> lines() {
     std::vector<std::string> all = {libraryLine()};
+    std::vector<std::vector<std::wstring>> types;
     for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) {
-      for (const std::wstring& line : TypeReader(*typeAt(i).get()).lines()) {
+      types.push_back(TypeReader(*typeAt(i).get()).lines());
+      for (const std::wstring& line : withoutExtended(types)) {
         all.emplace_back(line.begin(), line.end());
       }
     }
     return all;
+  }
+
+  // The lines of the last type; a longer one whose members it begins with stands there by its name.
+  static std::vector<std::wstring> withoutExtended(
+      const std::vector<std::vector<std::wstring>>& types) {
+    constexpr std::size_t kLonger = 10;
+    std::vector<std::wstring> lines = types.back();
+    for (const std::vector<std::wstring>& one : types) {
+      if (one.size() >= lines.size() || one.size() <= kLonger) continue;
+      if (!std::equal(one.begin() + 1, one.end(), lines.begin() + 1)) continue;
+      const std::wstring name = one.front().substr(0, one.front().rfind(L' '));
+      lines.erase(lines.begin() + 1, lines.begin() + static_cast<std::ptrdiff_t>(one.size()));
+      lines.insert(lines.begin() + 1, L"  all of " + name.substr(name.rfind(L' ') + 1));
+    }
+    return lines;
   }
 
   ComPtr<ITypeLib> library_;

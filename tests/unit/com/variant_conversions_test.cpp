@@ -44,40 +44,40 @@ Variant longDecimal() {
 }
 
 TEST_F(VariantConversions, GiveTextsAsTheUserWritesThem) {
-  struct Case {
+  const struct {
     Variant value;
     std::wstring text;
+  } cases[] = {
+      {text(L"PAN"), L"PAN"},
+      {Variant(), L""},
+      {nullValue(), L""},
+      {Variant::ofInt32(-12345678), L"-12345678"},
+      {boolean(true), L"True"},
+      {Variant(Bstr(std::wstring_view(L"a\0b", 3))), std::wstring(L"a\0b", 3)},
   };
-  std::vector<Case> cases;
-  cases.push_back({text(L"PAN"), L"PAN"});
-  cases.push_back({Variant(), L""});
-  cases.push_back({nullValue(), L""});
-  cases.push_back({Variant::ofInt32(-12345678), L"-12345678"});
-  cases.push_back({boolean(true), L"True"});
-  cases.push_back({Variant(Bstr(std::wstring_view(L"a\0b", 3))), std::wstring(L"a\0b", 3)});
-  for (const Case& one : cases) EXPECT_EQ(one.text, toText(one.value.value()));
+  for (const auto& one : cases) EXPECT_EQ(one.text, toText(one.value.value()));
   EXPECT_EQ(kMismatch, errorOf([] { return toText(missing().value()); }));
   EXPECT_EQ(kMismatch, errorOf([] { return toTextNoNull(nullValue().value()); }));
   EXPECT_EQ(L"", toTextNoNull(Variant().value()));
 }
 
 TEST_F(VariantConversions, GiveExactDecimals) {
-  struct Case {
+  const struct {
     Variant value;
     const wchar_t* decimal;
     const char* reason;
+  } cases[] = {
+      {number(1.005), L"1.005", "a double counts by its 15 digits"},
+      {number(0.1 + 0.2), L"0.3", "a double counts by its 15 digits"},
+      {currency(-10050), L"-1.005", "four decimals, no double between"},
+      {longDecimal(), L"7.9228162514264337593543950335", "96 bits"},
+      {boolean(true), L"-1", "True is -1"},
+      {Variant(), L"0", "Empty is zero"},
+      {text(L"12"), L"12", "a text"},
+      {text(L"922337203685477.5807"), L"922337203685477.5807", "no double between"},
+      {unsignedHuge(9223372036854775807U), L"9223372036854775807", "64 bits"},
   };
-  std::vector<Case> cases;
-  cases.push_back({number(1.005), L"1.005", "a double counts by its 15 digits"});
-  cases.push_back({number(0.1 + 0.2), L"0.3", "a double counts by its 15 digits"});
-  cases.push_back({currency(-10050), L"-1.005", "four decimals, no double between"});
-  cases.push_back({longDecimal(), L"7.9228162514264337593543950335", "96 bits"});
-  cases.push_back({boolean(true), L"-1", "True is -1"});
-  cases.push_back({Variant(), L"0", "Empty is zero"});
-  cases.push_back({text(L"12"), L"12", "a text"});
-  cases.push_back({text(L"922337203685477.5807"), L"922337203685477.5807", "no double between"});
-  cases.push_back({unsignedHuge(9223372036854775807U), L"9223372036854775807", "64 bits"});
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     EXPECT_EQ(*Decimal::parse(one.decimal), toDecimal(one.value.value())) << one.reason;
   }
 }
@@ -91,21 +91,21 @@ TEST_F(VariantConversions, RoundHalfToEvenAtTheEdgeOfTheType) {
 }
 
 TEST_F(VariantConversions, RefuseWhatIsNoNumberOrTooLarge) {
-  struct Case {
+  const struct {
     Variant value;
     int error;
     const char* reason;
+  } cases[] = {
+      {text(L"siete"), kMismatch, "words"},
+      {text(L""), kMismatch, "no digits"},
+      {nullValue(), kMismatch, "Null is no number"},
+      {missing(), kMismatch, "a left-out argument"},
+      {objectValue(nullptr), kMismatch, "Nothing has no default property"},
+      {number(32768), kOverflow, "one above 16 bits"},
+      {text(L"32767.5"), kOverflow, "rounds to one above"},
+      {unsignedHuge(9223372036854775808U), kOverflow, "one above 64 bits"},
   };
-  std::vector<Case> cases;
-  cases.push_back({text(L"siete"), kMismatch, "words"});
-  cases.push_back({text(L""), kMismatch, "no digits"});
-  cases.push_back({nullValue(), kMismatch, "Null is no number"});
-  cases.push_back({missing(), kMismatch, "a left-out argument"});
-  cases.push_back({objectValue(nullptr), kMismatch, "Nothing has no default property"});
-  cases.push_back({number(32768), kOverflow, "one above 16 bits"});
-  cases.push_back({text(L"32767.5"), kOverflow, "rounds to one above"});
-  cases.push_back({unsignedHuge(9223372036854775808U), kOverflow, "one above 64 bits"});
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     EXPECT_EQ(one.error, errorOf([&] { return toInt16(one.value.value()); })) << one.reason;
   }
   EXPECT_EQ(kOverflow, errorOf([] { return toCurrency(number(1e15).value()); }));
