@@ -1,4 +1,5 @@
-// Replies in which every field tells its own number, whatever a record makes of it.
+// Replies in which every field tells its own number, whatever a record makes of it; and the amounts
+// of the records that have many.
 #pragma once
 
 #include "basic/currency.h"
@@ -6,8 +7,11 @@
 #include "basic/format.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "records/daily_summary.h"
 #include "records/field_array.h"
+#include "records/z_report_record.h"
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <set>
@@ -15,6 +19,24 @@
 #include <utility>
 
 namespace corvid {
+
+// The amounts in interface order.
+inline constexpr auto kSummaryAmounts = [] {
+  using V = DailySummaryValues;
+  return std::to_array<Currency V::*>(
+      {&V::ventasExentas, &V::baseVG,          &V::impuestoVG,  &V::baseIR,       &V::impuestoIR,
+       &V::baseIA,        &V::impuestoIA,      &V::exentoND,    &V::baseVGND,     &V::impuestoVGND,
+       &V::baseIRND,      &V::impuestoIRND,    &V::baseIAND,    &V::impuestoIAND, &V::exentoNC,
+       &V::baseVGNC,      &V::impuestoVGNC,    &V::baseIRNC,    &V::impuestoIRNC, &V::baseIANC,
+       &V::impuestoIANC,  &V::percibidoVentas, &V::percibidoND, &V::percibidoNC,  &V::BaseIGTF,
+       &V::ValorIGTF,     &V::BaseIGTFND,      &V::IGTFND,      &V::BaseIGTFNC,   &V::IGTFNC});
+}();
+inline constexpr auto kZReportAmounts = [] {
+  using V = ZReportValues;
+  return std::to_array<Currency V::*>({&V::ventasExentas, &V::baseVG, &V::impuestoVG, &V::baseIR,
+                                       &V::impuestoIR, &V::NCExentas, &V::baseNCVG,
+                                       &V::impuestoNCVG, &V::baseNCIR, &V::impuestoNCIR});
+}();
 
 // Field 0, which is too narrow to tell its number.
 inline constexpr std::int16_t kFieldZero = 321;

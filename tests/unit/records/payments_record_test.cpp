@@ -2,7 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/text.h"
-#include "distinct_fields.h"
+#include "records/field_array.h"
 #include "support/world.h"
 
 #include <gtest/gtest.h>
@@ -67,14 +67,6 @@ TEST(FourthRecord, BadFieldIsRaisedAndLeavesNoMethodInView) {
     EXPECT_EQ(errorOf([&] { record.loadFromResponse(fields); }), item.error) << item.reason;
     EXPECT_EQ(image(record), imageOf(0)) << item.reason;
   }
-}
-
-TEST(FourthRecord, ElementsBehindTheLastMethodAreNotRead) {
-  PaymentsRecord record;
-  Lines fields(30, L"100");
-  fields.front() = L"S4100";
-  record.loadFromResponse(FieldsWithHoles(fields, {24, 29}));
-  EXPECT_EQ(record.nMedios(), 24);
 }
 
 TEST(FourthRecord, SubstituteShowsNoMeans) {
