@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -137,63 +138,38 @@ TEST(CustomerData, OtherFamilyPadsAndNumbersFromOne) {
                {});
 }
 
-struct FailureCase {
-  Method method;
-  std::string silentTo;  // the printer's time runs out at this command
-  std::size_t sent;      // commands up to that one
-  std::wstring message;  // before the outcome's own words
-  const char* reason;
-};
-
-void expectFailure(const FailureCase& item, const ShownMessage& expected) {
-  DocumentBench bench;
-  bench.silence(item.silentTo);
-  EXPECT_EQ(item.method(bench.session()), pfCommError) << item.reason;
-  const Sent commands = bench.commands();
-  EXPECT_EQ(commands.size(), item.sent) << item.reason;
-  EXPECT_EQ(commands.back(), item.silentTo) << item.reason;
-  EXPECT_EQ(bench.world().dialog.shown, std::vector{expected}) << item.reason;
-}
-
-constexpr const wchar_t* kWords = L"pfError de comunicacion";
-
-TEST(CustomerDataFailure, ShowsTheOutcomesWordsAndStops) {
-  const OriginalInvoice all = {L"9", L"Z", DateOrBlank(kMarch14)};
-  const Method full = withReferences(kAna, all);
-  const Method open = opening(kAna);
-  const FailureCase cases[] = {
-      {full, "i01Ana", 1, L"", "name"},
-      {full, "i02RIF:V-123", 2, L"", "tax id"},
-      {full, "i03A", 3, L"", "first address line"},
-      {full, "i04B", 4, L"", "last address line"},
-      {full, "i05#Factura afectada: 9", 5, L"", "affected invoice"},
-      {full, "i06Serial impresora: Z", 6, L"", "its printer"},
-      {full, "i07Fecha factura: 14-03-2026", 7, L"", "its date"},
-      {open, "iR*V-123", 1, L"", "opening: tax id"},
-      {open, "iS*Ana", 2, L"", "opening: name"},
-      {open, "i01A", 3, L"", "opening: address"},
+// Each command of a series in turn goes unanswered: the series ends there, and a box tells it.
+TEST(CustomerDataFailure, StopsAtItsCommandAndShowsTheOutcomesWords) {
+  const struct {
+    Method method;
+    std::size_t commands;
+    std::wstring step;  // before the number of the step, which the box tells; empty: none
+    std::size_t lastStep;
+  } kSeries[] = {
+      {withReferences(kAna, {L"9", L"Z", DateOrBlank(kMarch14)}), 7, L"", 0},
+      {opening(kAna), 4, L"", 0},
+      {otherInvoice(kAna, L"9"), 5, L"PasarDatosClientePA (", 3},
+      {otherCreditNote(kAna, L"9"), 5, L"PasarDatosClienteNCPA (", 4},
   };
-  for (const FailureCase& item : cases) {
-    expectFailure(item, {kWords, L"", MessageIcon::None});
-  }
-}
-
-TEST(CustomerDataFailure, OtherFamilyNamesTheStep) {
-  const Method invoice = otherInvoice(kAna, L"9");
-  const Method creditNote = otherCreditNote(kAna, L"9");
-  const std::string padded = "jSAna" + std::string(37, ' ');
-  const FailureCase cases[] = {
-      {invoice, "jRV-123", 1, L"PasarDatosClientePA (1): ", "tax id"},
-      {invoice, padded, 2, L"PasarDatosClientePA (2): ", "name"},
-      {invoice, "jF9", 3, L"PasarDatosClientePA (3): ", "reference"},
-      {invoice, "j2B", 5, L"PasarDatosClientePA (3): ", "address, under the same number"},
-      {creditNote, "jR*V-123", 1, L"PasarDatosClienteNCPA (1): ", "tax id"},
-      {creditNote, "jS*Ana", 2, L"PasarDatosClienteNCPA (2): ", "name"},
-      {creditNote, "jF*9" + std::string(21, ' '), 3, L"PasarDatosClienteNCPA (3): ", "reference"},
-      {creditNote, "j1A", 4, L"PasarDatosClienteNCPA (4): ", "address"},
-  };
-  for (const FailureCase& item : cases) {
-    expectFailure(item, {item.message + kWords, L"Error en Printer Fiscal", MessageIcon::Critical});
+  const std::wstring words = L"pfError de comunicacion";
+  for (const auto& series : kSeries) {
+    DocumentBench fine;
+    EXPECT_EQ(series.method(fine.session()), pfOk);
+    const Sent all = fine.commands();
+    ASSERT_EQ(all.size(), series.commands);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      DocumentBench bench;
+      bench.silence(all[i]);
+      EXPECT_EQ(series.method(bench.session()), pfCommError) << all[i];
+      EXPECT_EQ(bench.commands(),
+                Sent(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(i + 1)));
+      const std::wstring step = std::to_wstring(std::min(i + 1, series.lastStep));
+      const ShownMessage expected =
+          series.step.empty() ? ShownMessage{words, L"", MessageIcon::None}
+                              : ShownMessage{series.step + step + L"): " + words,
+                                             L"Error en Printer Fiscal", MessageIcon::Critical};
+      EXPECT_EQ(bench.world().dialog.shown, std::vector{expected}) << all[i];
+    }
   }
 }
 

@@ -21,74 +21,37 @@ struct TextMember {
   std::wstring box;  // before the outcome's words; "-" for no box
 };
 
+// What members take, with the text in one place.
+using T = const std::wstring&;
+ItemLine sold(T text) { return {text, 0, 0, 16}; }
+Customer named(T name) { return {name, L"B", L"C"}; }
+Customer living(T address) { return {L"A", L"B", address}; }
+
 const TextMember kMembers[] = {
-    {L"PasarItem",
-     [](S& s, const std::wstring& t) {
-       return PasarItem(s, {t, 0, 0, 16});
-     },
+    {L"PasarItem", [](S& s, T t) { return PasarItem(s, sold(t)); }, L"-"},
+    {L"AnularItem", [](S& s, T t) { return AnularItem(s, sold(t)); }, L"-"},
+    {L"detalleGeneral", [](S& s, T t) { return detalleGeneral(s, L"F+", general(sold(L"A"), t)); },
      L"-"},
-    {L"AnularItem",
-     [](S& s, const std::wstring& t) {
-       return AnularItem(s, {t, 0, 0, 16});
-     },
+    {L"pasarLineaFacturaG", [](S& s, T t) { return pasarLineaFacturaG(s, general(sold(t))); },
      L"-"},
-    {L"detalleGeneral",
-     [](S& s, const std::wstring& t) {
-       return detalleGeneral(s, L"F+", general({L"A", 0, 0, 16}, t));
-     },
+    {L"anularLineaFacturaG", [](S& s, T t) { return anularLineaFacturaG(s, general(sold(t))); },
      L"-"},
-    {L"pasarLineaFacturaG",
-     [](S& s, const std::wstring& t) {
-       return pasarLineaFacturaG(s, general({t, 0, 0, 16}));
-     },
-     L"-"},
-    {L"anularLineaFacturaG",
-     [](S& s, const std::wstring& t) {
-       return anularLineaFacturaG(s, general({t, 0, 0, 16}));
-     },
-     L"-"},
-    {L"pasarLineaNCG",
-     [](S& s, const std::wstring& t) {
-       return pasarLineaNCG(s, general({t, 0, 0, 16}));
-     },
-     L"-"},
-    {L"anularLineaNCG",
-     [](S& s, const std::wstring& t) {
-       return anularLineaNCG(s, general({t, 0, 0, 16}));
-     },
-     L"-"},
-    {L"PasarDatosCliente",
-     [](S& s, const std::wstring& t) {
-       return PasarDatosCliente(s, {L"A", L"B", t}, {});
-     },
-     L""},
+    {L"pasarLineaNCG", [](S& s, T t) { return pasarLineaNCG(s, general(sold(t))); }, L"-"},
+    {L"anularLineaNCG", [](S& s, T t) { return anularLineaNCG(s, general(sold(t))); }, L"-"},
+    {L"PasarDatosCliente", [](S& s, T t) { return PasarDatosCliente(s, living(t), {}); }, L""},
     {L"PasarDatosClienteNC",
-     [](S& s, const std::wstring& t) {
-       return PasarDatosClienteNC(s, {L"A", L"B", L"C"}, L"D", t, {});
-     },
-     L"-"},
-    {L"IniciarFactura",
-     [](S& s, const std::wstring& t) {
-       return IniciarFactura(s, {L"A", L"B", t});
-     },
-     L""},
-    {L"PasarDatosClientePA",
-     [](S& s, const std::wstring& t) {
-       return PasarDatosClientePA(s, {L"A", L"B", L"C"}, t);
-     },
+     [](S& s, T t) { return PasarDatosClienteNC(s, named(L"A"), L"D", t, {}); }, L"-"},
+    {L"IniciarFactura", [](S& s, T t) { return IniciarFactura(s, living(t)); }, L""},
+    {L"PasarDatosClientePA", [](S& s, T t) { return PasarDatosClientePA(s, named(L"A"), t); },
      L"PasarDatosClientePA (3): "},
-    {L"PasarDatosClienteNCPA",
-     [](S& s, const std::wstring& t) {
-       return PasarDatosClienteNCPA(s, {t, L"B", L"C"}, L"D");
-     },
+    {L"PasarDatosClienteNCPA", [](S& s, T t) { return PasarDatosClienteNCPA(s, named(t), L"D"); },
      L"PasarDatosClienteNCPA (2): "},
-    {L"PrintNoFiscal", [](S& s, const std::wstring& t) { return PrintNoFiscal(s, t, false); },
-     L"-"},
-    {L"ReporteDiario", [](S& s, const std::wstring& t) { return ReporteDiario(s, L"0", t); }, L"-"},
-    {L"SetHeader", [](S& s, const std::wstring& t) { return SetHeader(s, t, L"A"); }, L"-"},
-    {L"SetFooter", [](S& s, const std::wstring& t) { return SetFooter(s, 1, t); }, L"-"},
+    {L"PrintNoFiscal", [](S& s, T t) { return PrintNoFiscal(s, t, false); }, L"-"},
+    {L"ReporteDiario", [](S& s, T t) { return ReporteDiario(s, L"0", t); }, L"-"},
+    {L"SetHeader", [](S& s, T t) { return SetHeader(s, t, L"A"); }, L"-"},
+    {L"SetFooter", [](S& s, T t) { return SetFooter(s, 1, t); }, L"-"},
     {L"reimprimirDocumentos",
-     [](S& s, const std::wstring& t) {
+     [](S& s, T t) {
        const ReprintLimit limit{[] { return Date{}; }, [] { return Decimal(); }};
        reimprimirDocumentos(s, t, limit, limit);
        return s.outcome().pfError;
