@@ -18,7 +18,7 @@ TEST(TextPieces, AreCutToWhatThereIs) {
   EXPECT_EQ(left(L"abc", 0), L"");
   EXPECT_EQ(right(L"abc", 2), L"bc");
   EXPECT_EQ(right(L"abc", kHuge), L"abc");
-  EXPECT_EQ(mid(L"abcdef", 3), L"cdef");
+  EXPECT_EQ(mid(L"abc", 1), L"abc");
   EXPECT_EQ(mid(L"abcdef", 3, 2), L"cd");
   EXPECT_EQ(mid(L"abc", 2, kHuge), L"bc");
   EXPECT_EQ(mid(L"abc", 4), L"");

@@ -27,6 +27,17 @@ TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
   EXPECT_EQ(outcome.STS1 + outcome.STS2, 0) << "no status, no bytes";
 }
 
+// To the very moment: the waits of the other tests never meet it.
+TEST(TimeOut, IsOverAtItsSecondsAndAtItsLimit) {
+  FakeClock clock;
+  const TimeOut plain(clock, 2);
+  const TimeOut limited(clock, 8, 2);
+  clock.advance(1.875);
+  EXPECT_FALSE(plain.isOver() || plain.isOverBySteadyClock() || limited.isOver());
+  clock.advance(0.125);
+  EXPECT_TRUE(plain.isOver() && plain.isOverBySteadyClock() && limited.isOver());
+}
+
 // In a wait for the status everything but a block of two bytes is passed over.
 TEST(Exchange, OnlyABlockOfTwoBytesIsAStatus) {
   const char* const kPassedOver[] = {"", "~~", "A\nB\3x", "\2A\3B", "\2ABC\3x", "~\2", "\3"};
