@@ -5,8 +5,9 @@
 #include <windows.h>
 
 #include <array>
-#include <functional>
 #include <set>
+#include <string>
+#include <variant>
 
 namespace corvid {
 namespace {
@@ -30,37 +31,41 @@ class ChangedRegion {
   bool changed_ = false;
 };
 
-struct RegionCase {
-  LCTYPE type;
-  const wchar_t* text;
-  std::function<bool(const Locale&)> arrived;
-};
+using Text = std::wstring Locale::*;
+using Number = int Locale::*;
+
+std::wstring valueOf(const Locale& locale, Text value) { return locale.*value; }
+std::wstring valueOf(const Locale& locale, Number value) { return std::to_wstring(locale.*value); }
 
 TEST(UserRegion, EachValueIsAskedForAnewAndLandsInItsPlace) {
-  const RegionCase cases[] = {
-      {LOCALE_SDECIMAL, L";", [](const Locale& l) { return l.decimalSeparator == L";"; }},
-      {LOCALE_STHOUSAND, L"'", [](const Locale& l) { return l.thousandsSeparator == L"'"; }},
-      {LOCALE_SMONDECIMALSEP, L":",
-       [](const Locale& l) { return l.currencyDecimalSeparator == L":"; }},
-      {LOCALE_SMONTHOUSANDSEP, L"_",
-       [](const Locale& l) { return l.currencyThousandsSeparator == L"_"; }},
-      {LOCALE_SCURRENCY, L"Bs.", [](const Locale& l) { return l.currencySymbol == L"Bs."; }},
-      {LOCALE_ICURRDIGITS, L"3", [](const Locale& l) { return l.currencyDecimals == 3; }},
-      {LOCALE_ICURRENCY, L"2", [](const Locale& l) { return l.positiveCurrencyForm == 2; }},
-      {LOCALE_INEGCURR, L"12", [](const Locale& l) { return l.negativeCurrencyForm == 12; }},
-      {LOCALE_SSHORTDATE, L"dd/MM/yyyy",
-       [](const Locale& l) { return l.shortDatePattern == L"dd/MM/yyyy"; }},
-      {LOCALE_STIMEFORMAT, L"hh:mm:ss tt",
-       [](const Locale& l) { return l.timePattern == L"hh:mm:ss tt"; }},
-      {LOCALE_S1159, L"a. m.", [](const Locale& l) { return l.morning == L"a. m."; }},
-      {LOCALE_S2359, L"p. m.", [](const Locale& l) { return l.afternoon == L"p. m."; }},
+  using L = Locale;
+  const struct {
+    LCTYPE type;
+    const wchar_t* text;
+    std::variant<Text, Number> value;
+  } cases[] = {
+      {LOCALE_SDECIMAL, L";", &L::decimalSeparator},
+      {LOCALE_STHOUSAND, L"'", &L::thousandsSeparator},
+      {LOCALE_SMONDECIMALSEP, L":", &L::currencyDecimalSeparator},
+      {LOCALE_SMONTHOUSANDSEP, L"_", &L::currencyThousandsSeparator},
+      {LOCALE_SCURRENCY, L"Bs.", &L::currencySymbol},
+      {LOCALE_ICURRDIGITS, L"3", &L::currencyDecimals},
+      {LOCALE_ICURRENCY, L"2", &L::positiveCurrencyForm},
+      {LOCALE_INEGCURR, L"12", &L::negativeCurrencyForm},
+      {LOCALE_SSHORTDATE, L"dd/MM/yyyy", &L::shortDatePattern},
+      {LOCALE_STIMEFORMAT, L"hh:mm:ss tt", &L::timePattern},
+      {LOCALE_S1159, L"a. m.", &L::morning},
+      {LOCALE_S2359, L"p. m.", &L::afternoon},
   };
   const WindowsLocale source;
-  for (const RegionCase& item : cases) {
-    EXPECT_FALSE(item.arrived(source.current()) && item.type == LOCALE_SDECIMAL);
+  for (const auto& item : cases) {
+    const auto value = [&] {
+      return std::visit([&](auto one) { return valueOf(source.current(), one); }, item.value);
+    };
+    EXPECT_NE(value(), item.text) << item.type;
     const ChangedRegion region(item.type, item.text);
     ASSERT_TRUE(region.changed()) << item.type;
-    EXPECT_TRUE(item.arrived(source.current())) << item.type;
+    EXPECT_EQ(value(), item.text) << item.type;
   }
 }
 

@@ -1,8 +1,7 @@
-// The message loop, the desktop and the shell's folders.
+// The message loop and the shell's folders.
 #include "windows/message_pump.h"
 
 #include "windows/folders.h"
-#include "windows/message_box.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -78,18 +77,6 @@ TEST(HostMessages, QuitIsLeftForTheHost) {
   ASSERT_NE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE), FALSE);
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
   EXPECT_EQ(message.wParam, 42U);
-}
-
-TEST(Desktop, BoxReturnsAtOnceWhereNobodySeesIt) {
-  auto* before = GetProcessWindowStation();
-  auto* hidden = CreateWindowStationW(nullptr, 0, GENERIC_ALL, nullptr);
-  ASSERT_NE(hidden, nullptr);
-  ASSERT_NE(SetProcessWindowStation(hidden), FALSE);
-  const bool visible = hasInteractiveDesktop();
-  if (!visible) WindowsMessageDialog().show(L"text", L"", MessageIcon::Critical);
-  SetProcessWindowStation(before);
-  CloseWindowStation(hidden);
-  EXPECT_FALSE(visible);
 }
 
 TEST(Folders, DocumentsAndCurrentFolderExist) {

@@ -7,16 +7,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace corvid {
 namespace {
-
-std::string bytesOf(const std::filesystem::path& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 TEST(ReportFiles, HoldEachTextExactly) {
   constexpr unsigned kWesternEuropean = 1252;

@@ -23,23 +23,6 @@ TEST(SerialCalls, LastErrorIsThatOfTheCallAndNotOfTheThread) {
   EXPECT_EQ(calls.lastError(), static_cast<std::uint32_t>(ERROR_INVALID_HANDLE));
 }
 
-TEST(SerialCalls, EveryCallFailsOnAnInvalidHandle) {
-  WindowsSerialCalls calls;
-  DeviceControlBlock block;
-  std::uint32_t count = 7;
-  char buffer[4];
-  EXPECT_FALSE(calls.setupComm(kInvalidSerialHandle, 1, 1));
-  EXPECT_FALSE(calls.purgeComm(kInvalidSerialHandle, 15));
-  EXPECT_FALSE(calls.setCommTimeouts(kInvalidSerialHandle, {}));
-  EXPECT_FALSE(calls.getCommState(kInvalidSerialHandle, block));
-  EXPECT_FALSE(calls.setCommState(kInvalidSerialHandle, block));
-  EXPECT_FALSE(calls.readFile(kInvalidSerialHandle, buffer, sizeof(buffer), count));
-  EXPECT_EQ(count, 0U);
-  EXPECT_FALSE(calls.writeFile(kInvalidSerialHandle, "x", count));
-  EXPECT_FALSE(calls.getCommModemStatus(kInvalidSerialHandle, count));
-  EXPECT_FALSE(calls.escapeCommFunction(kInvalidSerialHandle, SETDTR));
-}
-
 TEST(SerialCalls, SettingsTextChangesSpeedAndFrameAlone) {
   WindowsSerialCalls calls;
   DeviceControlBlock block{.isBinary = true,
