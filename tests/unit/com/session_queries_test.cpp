@@ -1,32 +1,39 @@
-// Housekeeping of a session without a port, as hosts of either binding see it.
-#include "session/printer_session.h"
+// Housekeeping, as hosts of either binding see it.
+#include "com/printer_fiscal_object.h"
+#include "support/session_bench.h"
 #include "unit/com/automation_host.h"
 
 namespace corvid::testing {
 namespace {
 
-using ClosedSession = AutomationTest;
+using Housekeeping = AutomationTest;
 
 constexpr auto kMismatch = static_cast<HRESULT>(0x800A000D);
 constexpr auto kOverflow = static_cast<HRESULT>(0x800A0006);
 constexpr auto kInvalidCall = static_cast<HRESULT>(0x800A0005);
 
-TEST_F(ClosedSession, GivesHousekeepingItsKindsOfResult) {
-  const auto session = newSession();
-  const Variant one = Variant::ofInt16(1);
-  const LateResult flag = callLate(session.get(), L"setFlag", {one.value(), one.value()});
-  EXPECT_EQ(VT_I2, flag.value.type());
-  EXPECT_EQ(pfCommError, V_I2(&flag.value.value()));
+TEST_F(Housekeeping, GivesItsKindsOfResultAndPassesArgumentsInTheirOrder) {
+  SessionBench bench;
+  bench.open();
+  const auto object = makeObject<PrinterFiscalObject>(
+      std::shared_ptr<PrinterSession>(&bench.session(), [](PrinterSession*) {}));
+  PrinterFiscalObject::Published* const session = object.get();
+  const Variant seven = Variant::ofInt16(7);
+  const Variant nine = Variant::ofInt16(9);
+  EXPECT_EQ(VT_I2, callLate(session, L"setFlag", {seven.value(), nine.value()}).value.type());
   Variant early;
-  EXPECT_EQ(S_OK, session->setFlag(one.value(), one.value(), early.put()));
+  EXPECT_EQ(S_OK, session->setFlag(nine.value(), seven.value(), early.put()));
   EXPECT_EQ(VT_I2, early.type());
-  const LateResult again = callLate(session.get(), L"reimprimirFactura", {one.value()});
-  EXPECT_EQ(S_OK, again.outcome);
-  EXPECT_EQ(VT_EMPTY, again.value.type());
+  EXPECT_EQ(VT_EMPTY, callLate(session, L"reimprimirFactura", {seven.value()}).value.type());
+  callLate(session, L"reimprimirDocumentos", {text(L"F").value(), seven.value(), nine.value()});
+  callLate(session, L"ReporteDiario", {text(L"0").value(), text(L"Z").value()});
+  EXPECT_EQ(bench.printer().commands(),
+            (std::vector<std::string>{"PJ0709", "PJ0907", "RF00000070000007", "RF00000070000009",
+                                      "I0Z"}));
 }
 
 // What cannot be converted throws, and what a member does not need is not converted.
-TEST_F(ClosedSession, ConvertsWhatHousekeepingNeeds) {
+TEST_F(Housekeeping, ConvertsWhatItNeeds) {
   const auto session = newSession();
   const Variant words = text(L"abc");
   const Variant one = Variant::ofInt16(1);
