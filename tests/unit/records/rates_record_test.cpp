@@ -4,7 +4,6 @@
 #include "basic/text.h"
 #include "record_bench.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -109,19 +108,6 @@ TEST(ThirdRecord, TextFormShowsKindsRatesAndEveryFlag) {
             L"Tasa2: ADICIONAL\r\nValor 2: 8,25\r\n"
             L"Tasa3: INCLUIDO\r\nValor 3: 31\r\n"
             L"FLAGS: 00  07  99\r\n");
-}
-
-TEST(ThirdRecord, LoadingIsTraced) {
-  Record target;
-  target.world.settings.set(kSessionSection, L"IsDebug", L"True");
-  target.world.settings.set(kSessionSection, L"DebugInmediato", L"True");
-  target.thread.trace().follow(target.thread.currentSettings());
-  target.record.loadFromResponse(reply(L"11600|20800|13100|20300|01x2"));
-  ASSERT_FALSE(target.world.views.created.empty());
-  EXPECT_THAT(target.world.views.created.front()->lines,
-              testing::IsSupersetOf({L"PrinterResponse3.LoadFromResponse, UBound(v) = 4",
-                                     L"PrinterResponse3.LoadFromResponse, indiceFlags = 4",
-                                     L"PrinterResponse3.LoadFormResponse. Error: Type mismatch"}));
 }
 
 }  // namespace
