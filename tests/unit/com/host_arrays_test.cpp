@@ -41,6 +41,10 @@ TEST_F(HostArrays, HoldRowsOfFields) {
   EXPECT_EQ(-1, HostArray(reader.element(1).value()).upperBound());
 }
 
+TEST_F(HostArrays, ThatAreTooLongAreAnOrdinaryLackOfMemory) {
+  EXPECT_THROW(SafeArray(std::size_t{0x80000000}), std::bad_alloc);
+}
+
 TEST_F(HostArrays, ReadElementsOfEveryKind) {
   const Variant texts = typedArray(VT_BSTR, {{2, 0}});
   LONG second = 1;

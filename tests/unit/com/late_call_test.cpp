@@ -27,18 +27,6 @@ TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
   EXPECT_EQ(L"a", valueOf(buffer.get()));
 }
 
-TEST_F(LateCalls, SetAPropertyThatTakesItsValueByReference) {
-  const auto buffer = newBuffer();
-  Variant words = text(L"hola");
-  EXPECT_EQ(S_OK, putLate(buffer.get(), L"Value", words.value()).outcome);
-  EXPECT_EQ(S_OK, callLate(buffer.get(), L"AppendV", {variable(words)}).outcome);
-  EXPECT_EQ(L"holahola", valueOf(buffer.get()));
-  // The default member, which a script reaches by the object alone.
-  DISPPARAMS none{};
-  EXPECT_EQ(L"holahola",
-            textIn(invokeWith(buffer.get(), DISPID_VALUE, DISPATCH_PROPERTYGET, none).value));
-}
-
 TEST_F(LateCalls, TakeNamedArgumentsInAnyOrder) {
   const auto session = newSession();
   std::wstring member = L"GetResponseString";
@@ -54,21 +42,6 @@ TEST_F(LateCalls, TakeNamedArgumentsInAnyOrder) {
   DISPPARAMS arguments{values.data(), &ids[1], 2, 2};
   EXPECT_EQ(L"|pfError",
             textIn(invokeWith(session.get(), ids[0], DISPATCH_METHOD, arguments).value));
-}
-
-TEST_F(LateCalls, FillInOptionalArguments) {
-  const auto session = newSession();
-  const Variant command = text(L"S1");
-  const Variant bar = text(L"|");
-  EXPECT_EQ(L"\npfError",
-            textIn(callLate(session.get(), L"GetResponseString", {command.value()}).value));
-  EXPECT_EQ(
-      L"|pfError",
-      textIn(callLate(session.get(), L"GetResponseString", {command.value(), bar.value()}).value));
-  EXPECT_EQ(S_OK, callLate(session.get(), L"GetMultipleResponsesStr",
-                           {command.value(), missing().value(), bar.value()})
-                      .outcome);
-  EXPECT_EQ(DISP_E_BADPARAMCOUNT, callLate(session.get(), L"PasarItem").outcome);
 }
 
 TEST_F(LateCalls, TakeNullForATextAndADefaultPropertyForItsObject) {

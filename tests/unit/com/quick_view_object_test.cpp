@@ -234,17 +234,6 @@ TEST_F(View, TakesAnOwnerAsObjectHandleOrNothing) {
   DestroyWindow(owner);
 }
 
-// Hosts that let go of a shown window see it stay, and the library with it.
-TEST_F(View, LivesWhileItIsVisible) {
-  auto* const window = windowOf(*view_.get());
-  view_ = {};
-  point_ = {};
-  EXPECT_NE(IsWindowVisible(window), FALSE);
-  EXPECT_EQ(S_FALSE, DllCanUnloadNow());
-  SendMessageW(window, WM_CLOSE, 0, 0);
-  EXPECT_EQ(IsWindow(window), FALSE);
-}
-
 // The debug view's window lives in the thread that made the library.
 TEST_F(View, StaysLoadedForOtherThreads) {
   view_->Hide();
