@@ -189,6 +189,9 @@ void atEachYield(const char* what, const HostDoing& doing,
 using Nested = std::function<bool(PrinterSession& session)>;  // true: its failure value
 
 const Lines kFailed = {L"pfError"};
+const Customer kCustomer = {L"N", L"R", L"A"};
+const Customer kBadCustomer = {L"N\x06", L"R", L"A"};
+const ItemLine kBadItem = {L"N", 1, -1, 16};
 
 const std::vector<Nested>& nestedMembers() {
   using S = PrinterSession;
@@ -206,24 +209,12 @@ const std::vector<Nested>& nestedMembers() {
       [](S& s) { return s.exchange().GetResponse(L"S1") == kFailed; },
       [](S& s) { return s.exchange().GetResponseString(L"S1", L"|") == L"|pfError"; },
       [](S& s) { return s.exchange().GetMultipleResponses(L"U3A") == std::vector<Lines>{kFailed}; },
-      [](S& s) {
-        return PasarItem(s, {L"N", 1, -1, 16}) == 3;
-      },
-      [](S& s) {
-        return detalleGeneral(s, L"F+", general({L"N", 0, 0, 16})) == 3;
-      },
-      [](S& s) {
-        return PasarDatosCliente(s, {L"N", L"R", L"A"}, {}) == 3;
-      },
-      [](S& s) {
-        return PasarDatosClienteNC(s, {L"N\x06", L"R", L"A"}, L"", L"", {}) == 3;
-      },
-      [](S& s) {
-        return PasarDatosClientePA(s, {L"N", L"R", L"A"}, L"") == 3;
-      },
-      [](S& s) {
-        return IniciarFactura(s, {L"N", L"R", L"A"}) == 3;
-      },
+      [](S& s) { return PasarItem(s, kBadItem) == 3; },
+      [](S& s) { return detalleGeneral(s, L"F+", general(kBadItem)) == 3; },
+      [](S& s) { return PasarDatosCliente(s, kCustomer, {}) == 3; },
+      [](S& s) { return PasarDatosClienteNC(s, kBadCustomer, L"", L"", {}) == 3; },
+      [](S& s) { return PasarDatosClientePA(s, kCustomer, L"") == 3; },
+      [](S& s) { return IniciarFactura(s, kCustomer) == 3; },
       [](S& s) { return SubTotal(s, true) && PasarMontoDescuento(s, money(1)); },
       [](S& s) { return CerrarConMedio(s, number(1), money(1)) == 3; },
       [](S& s) { return Response1(s.exchange())->values.Serial.empty(); },

@@ -17,7 +17,6 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -285,19 +284,6 @@ TEST_F(Form, WindowThatCannotBeMadeIsAnErrorOfTheHost) {
   const std::shared_ptr<ReportView> view = views.create(sources_);
   view->Add(L"line");
   EXPECT_EQ(errorOf([&] { return view->showModal(), 0; }), 7);
-}
-
-TEST_F(Form, EachThreadHasModalWindowsOfItsOwn) {
-  const auto show = [this] {
-    const auto form = QuickViewForm::create(sources_, std::make_shared<RecordingHost>(), noPrinter);
-    for (int i = 0; i < 5; ++i) {
-      PostMessageW(form->hWnd(), WM_CLOSE, 0, 0);
-      form->Show(true, nullptr);
-    }
-  };
-  std::thread other(show);
-  show();
-  other.join();
 }
 
 TEST_F(Form, PrintsThoughItsOwnerGoesMeanwhile) {
