@@ -97,6 +97,10 @@ TEST(ThirdRecord, ReplyThatIsNotReadWholeCountsAsNone) {
   }
   Record host;
   EXPECT_FALSE(host.record.countsAsNone()) << "the host's own, never loaded";
+  host.record.loadFromResponse(reply(L"11600"));
+  host.record.loadFake();
+  host.record.values.isFake = false;
+  EXPECT_FALSE(host.record.countsAsNone()) << "a substitute that the host made its own";
 }
 
 TEST(ThirdRecord, TextFormShowsKindsRatesAndEveryFlag) {
