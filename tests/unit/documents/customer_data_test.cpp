@@ -105,6 +105,8 @@ TEST(CustomerData, InvoiceOpeningWrapsTheAddress) {
                  {"iR*V-123", "iS*" + kCutName, "i01a b c d e", "i02f g h i j", "i03k l m n"},
                  "more lines than the setting has are sent all the same"}},
                {{L"AnchoDireccion", L"10"}, {L"LineasDireccion", L"2"}});
+  expectSeries({{open(L"ab"), {"iR*V-123", "iS*" + kCutName, "i01a", "i02b"}, "the least width"}},
+               {{L"AnchoDireccion", L"1"}});
   expectSeries({{open(std::wstring(50, L'x')),
                  {"iR*V-123", "iS*" + kCutName, "i01" + std::string(40, 'x'), "i02xx"},
                  "a line wider than 40 is cut"}},

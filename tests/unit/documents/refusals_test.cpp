@@ -126,6 +126,12 @@ TEST(Refusals, ItemIsNotSoldAsExemptForWantOfRates) {
       EXPECT_EQ(bench.commands().empty(),
                 item.result != pfOk || item.setting == std::wstring(L"TestMode"))
           << item.reason;
+      const bool isLevy = item.rate < 0;
+      for (const std::string& sent : bench.commands()) {
+        EXPECT_EQ(sent.substr(0, isGeneral ? 3 : 1),
+                  isGeneral ? (isLevy ? "F+4" : "F+0") : (isLevy ? "$" : " "))
+            << item.reason;
+      }
     }
   }
   DocumentBench refusing;
