@@ -44,24 +44,34 @@ TEST(Diagnosis, TellsWhereFromAndHowItStands) {
   bench.world().settings.setInStore(kSessionSection, L"Retries", L"4");
   bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
   bench.open();
+  bench.printer().delaySeconds = 0.125;
   bench.session().Execute(L"101");
   const std::wstring text = diagnosis(bench.session(), kInstallation);
-  const struct {
-    const wchar_t* name;
-    const wchar_t* value;
-  } cases[] = {
-      {L"CorvidAPI", L"1.2.3 (64 bits)"},
-      {L"Archivo", L"C:\\shop\\CorvidAPI.dll"},
-      {L"Config\\NimbusPF\\TimeOut", L"5 (C:\\host\\ORV.ini)"},
-      {L"Config\\NimbusPF\\Retries", L"4 (registro del usuario)"},
-      {L"Config\\NimbusPF\\SkipChecks", L"valor predeterminado"},
-      {L"Puertos que existen", L"COM3, COM7"},
-      {L"Puerto de la sesi\u00F3n", L"COM7, abierto"},
-      {L"Lecturas del controlador", L"devuelve en seguida lo que hay"},
-      {L"UltimoEnvio", L"1"},
-      {L"Archivo del volcado", L"ninguno"},
-  };
-  for (const auto& one : cases) EXPECT_EQ(one.value, valueOf(text, one.name));
+  EXPECT_EQ(L"5 (C:\\host\\ORV.ini)", valueOf(text, L"Config\\NimbusPF\\TimeOut"));
+  EXPECT_EQ(L"4 (registro del usuario)", valueOf(text, L"Config\\NimbusPF\\Retries"));
+  EXPECT_EQ(L"valor predeterminado", valueOf(text, L"Config\\NimbusPF\\SkipChecks"));
+  Lines rest = split(text, L"\r\n");
+  std::erase_if(rest, [](const std::wstring& line) { return line.starts_with(L"Config"); });
+  EXPECT_EQ(rest, (Lines{L"CorvidAPI: 1.2.3 (64 bits)",
+                         L"Archivo: C:\\shop\\CorvidAPI.dll",
+                         L"Windows: 10.0.19045",
+                         L"Regi\u00F3n: 1252, es-VE",
+                         L"Carpeta de los ajustes: C:\\host\\ORV.ini",
+                         L"Puertos que existen: COM3, COM7",
+                         L"Puerto de la sesi\u00F3n: COM7, abierto",
+                         L"Lecturas del controlador: devuelve en seguida lo que hay",
+                         L"SerialPrinter: KNOWN",
+                         L"pfError: 0",
+                         L"DescripcionError: Ok",
+                         L"resultFlag: 6",
+                         L"STS1: 96",
+                         L"STS2: 64",
+                         L"UltimoEnvio: 1",
+                         L"BloquesEnviados: 1",
+                         L"Milisegundos: 250",
+                         L"Archivo de la traza: ninguno",
+                         L"Archivo del volcado: ninguno",
+                         L""}));
 
   bench.world().settings.set(kPlacesSection, L"7", L"TCP:box:4000");
   bench.session().Abrir(7);

@@ -71,6 +71,9 @@ TEST(SessionSettings, DelayEndsAlsoAcrossMidnight) {
   clock.setSeconds(86399.0F);
   bench.session().Demora(4);
   EXPECT_NEAR(clock.secondsSinceMidnight(), 1.0F, 0.1F);
+  SessionBench byDefault;
+  byDefault.session().Demora(100);
+  EXPECT_NEAR(byDefault.world().clock.total(), 30, 0.005);
 }
 
 }  // namespace
