@@ -47,6 +47,7 @@ TEST(AmountFormats, SettingsWinWhenBothAreThere) {
 TEST(AmountFormats, SubstituteFlagsAreNotKept) {
   SessionBench bench;
   EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000100");
+  EXPECT_TRUE(bench.session().state().s3) << "asked for by the very first member, too";
   bench.open();
   bench.printer().answersToBlock = {rateReply("12")};
   EXPECT_EQ(bench.session().FormatPrecio(Decimal::fromDouble(1)), L"0000000001");
