@@ -6,7 +6,7 @@
 namespace corvid {
 namespace {
 
-TEST(SessionSettings, DefaultsHoldWithoutAnySetting) {
+TEST(SessionSettings, DefaultsHoldWithoutASetting) {
   SessionBench bench;
   const SessionState& state = bench.session().state();
   EXPECT_EQ(bench.exchange().state().timeOut, 10);
@@ -17,6 +17,8 @@ TEST(SessionSettings, DefaultsHoldWithoutAnySetting) {
   EXPECT_FALSE(bench.exchange().state().testMode);
   EXPECT_EQ(bench.session().AnchoDireccion(), 40);
   EXPECT_EQ(bench.session().LineasDireccion(), 10);
+  SessionBench asked({{L"Retries", L"5"}});
+  EXPECT_EQ(asked.session().state().retries, 5);
 }
 
 TEST(SessionSettings, TimeOutIsAWholeNumberOrItsDefault) {
