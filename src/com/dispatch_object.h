@@ -133,9 +133,11 @@ class DispatchObject
 #pragma GCC diagnostic pop
 
 // A read-write property of the interface that stands for a field of that name.
+// NOLINTBEGIN(bugprone-macro-parentheses): a type and a member's owner take none
 #define CORVID_PROPERTY(holder, Type, name)                                      \
   STDMETHODIMP get_##name(Type* ret) override { return give(ret, holder.name); } \
   STDMETHODIMP put_##name(Type rhs) override { return take(rhs, holder.name); }
+// NOLINTEND(bugprone-macro-parentheses)
 
 // A new object, with its one reference in the pointer.
 template <class Object, class... Arguments>

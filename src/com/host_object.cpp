@@ -57,8 +57,9 @@ Variant propertyOf(IDispatch& object, const wchar_t* name) {
   return std::move(*value);
 }
 
-void callMethod(IDispatch& object, const wchar_t* name, std::vector<Variant> arguments) {
+void callMethod(IDispatch& object, const wchar_t* name, const std::vector<Variant>& arguments) {
   std::vector<VARIANT> reversed;  // shallow copies: the arguments own what they hold
+  reversed.reserve(arguments.size());
   for (const Variant& argument : arguments) reversed.push_back(argument.value());
   std::ranges::reverse(reversed);
   const std::optional<DISPID> member = findMember(object, name);

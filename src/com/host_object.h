@@ -16,6 +16,6 @@ namespace corvid {
 [[nodiscard]] Variant propertyOf(IDispatch& object, const wchar_t* name);
 
 // Calls a method with its arguments in their written order; throws as propertyOf does.
-void callMethod(IDispatch& object, const wchar_t* name, std::vector<Variant> arguments);
+void callMethod(IDispatch& object, const wchar_t* name, const std::vector<Variant>& arguments);
 
 }  // namespace corvid

@@ -89,8 +89,8 @@ bool QuickViewObject::raiseReportClicked(const std::wstring& line, std::int32_t 
   const Bstr text(line);
   VARIANT_BOOL cancel = VARIANT_FALSE;
   std::array<VARIANT, 3> reversed{};
-  V_VT(&reversed[0]) = VT_BYREF | VT_BOOL;
-  V_BOOLREF(&reversed[0]) = &cancel;
+  V_VT(reversed.data()) = VT_BYREF | VT_BOOL;
+  V_BOOLREF(reversed.data()) = &cancel;
   V_VT(&reversed[1]) = VT_I4;
   V_I4(&reversed[1]) = column;
   V_VT(&reversed[2]) = VT_BSTR;

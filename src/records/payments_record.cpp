@@ -26,7 +26,7 @@ void PaymentsRecord::loadFake() {
 void PaymentsRecord::loadFromResponse(const FieldArray& fields) {
   nMedios_ = 0;
   const auto most = static_cast<std::int32_t>(amounts_.size());
-  const std::int32_t count = std::min(fields.upperBound() + 1, most);
+  const std::int32_t count = std::min(fields.upperBound(), most - 1) + 1;
   for (std::int32_t i = 0; i < count; ++i) {
     amounts_.at(static_cast<std::size_t>(i)) = readMethod(fields, i);
   }

@@ -5,8 +5,8 @@ namespace {
 
 BOOL CALLBACK collect(HWND window, LPARAM windows) {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the pointer on as a number
-  if (IsWindowVisible(window) != FALSE)
-    reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
+  auto* const visible = reinterpret_cast<std::vector<HWND>*>(windows);
+  if (IsWindowVisible(window) != FALSE) visible->push_back(window);
   return TRUE;
 }
 

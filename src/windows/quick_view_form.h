@@ -107,7 +107,7 @@ class QuickViewForm : public std::enable_shared_from_this<QuickViewForm>, privat
   bool onCommand(int control, int notification);
   bool onNotify(const NMHDR& notification);
   static LRESULT CALLBACK controlReceived(HWND control, UINT message, WPARAM wide, LPARAM data,
-                                          UINT_PTR id, DWORD_PTR form);
+                                          UINT_PTR id, DWORD_PTR owner);
   LRESULT onControl(HWND control, UINT message, WPARAM wide, LPARAM data);
   bool onKey(HWND control, int key);
   void onWheel(int delta);

@@ -92,12 +92,12 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
     case WM_COMMAND:
       return onCommand(LOWORD(wide), HIWORD(wide));
     case WM_NOTIFY:
-      return onNotify(*reinterpret_cast<const NMHDR*>(data));
+      return onNotify(*reinterpret_cast<const NMHDR*>(data));  // NOLINT(performance-no-int-to-ptr)
     case WM_SIZE:
       if (wide != SIZE_MINIMIZED) fit();
       return true;
     case WM_GETMINMAXINFO:
-      limitSize(*reinterpret_cast<MINMAXINFO*>(data));
+      limitSize(*reinterpret_cast<MINMAXINFO*>(data));  // NOLINT(performance-no-int-to-ptr)
       return true;
     case WM_ACTIVATE:
       if (LOWORD(wide) != WA_INACTIVE) view_.activate();
@@ -111,7 +111,7 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
       if (visible_) view_.leaveMarginEntry();
       return true;
     case kResolutionChanged:
-      takeResolution(*reinterpret_cast<const RECT*>(data));
+      takeResolution(*reinterpret_cast<const RECT*>(data));  // NOLINT(performance-no-int-to-ptr)
       return true;
     case WM_DESTROY:
       keptText_ = box_.text();

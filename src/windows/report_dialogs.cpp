@@ -96,7 +96,7 @@ std::optional<std::wstring> WindowsReportDialogs::chooseSaveFile(const SaveReque
   dialog.lpstrDefExt = request.defaultExtension.c_str() + point;
   dialog.Flags = kSaveFlags;
   if (GetSaveFileNameW(&dialog) == FALSE) return std::nullopt;
-  return std::wstring(path.c_str());
+  return std::wstring(path.data());
 }
 
 }  // namespace corvid

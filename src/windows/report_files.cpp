@@ -59,7 +59,7 @@ std::wstring WindowsReportFiles::write(std::string_view bytes) {
 }
 
 std::wstring WindowsReportFiles::finish() {
-  const std::wstring words =
+  std::wstring words =
       FlushFileBuffers(file_.get()) != FALSE ? std::wstring() : failure(L"FlushFileBuffers");
   file_ = FileHandle();
   return words;
