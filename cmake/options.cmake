@@ -30,7 +30,9 @@ if(WIN32)
   target_compile_definitions(corvid_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
   add_compile_options(-fstack-protector-strong)
   # The protector's library is linked statically too, so that nothing of the compiler is shipped.
-  add_link_options(-fstack-protector-strong -static -Wl,--dynamicbase -Wl,--nxcompat)
+  # Without the time of linking equal sources give equal bytes.
+  add_link_options(-fstack-protector-strong -static -Wl,--dynamicbase -Wl,--nxcompat
+    -Wl,--no-insert-timestamp)
   if(CORVID_BITS EQUAL 64)
     add_link_options(-Wl,--high-entropy-va)
   else()
