@@ -56,7 +56,6 @@ Var Library32
 
 ; Writes every row with the paths in $Library64 and $Library32; sets the error flag on failure.
 Function WriteRows
-  ClearErrors
   ${If} $Library64 != ""
     !insertmacro WRITE_ROWS_64
   ${EndIf}

@@ -34,6 +34,7 @@ Var Old      ; the folder in use until now, or nothing
 Var Users    ; AllUsers or CurrentUser
 Var Chosen   ; nonempty: the command line chose the users
 Var Version  ; the one in use until now
+Var Shown    ; the version that the entry names
 Var Log      ; the file of /LOG=
 Var Code     ; of the failure
 Var Words    ; of the failure
@@ -356,12 +357,25 @@ Function NameNewLibraries
 FunctionEnd
 
 ; What was registered before, by this installer or by hand, is registered again.
-Function RestoreRows
+Function GiveUpRegistration
   Call NameNewLibraries
   Call TakeRows
   StrCpy $Library64 $Old64
   StrCpy $Library32 $Old32
   Call WriteRows
+  Call RemoveStage
+  !insertmacro FAIL 1013 "$(NotRegistered)"
+FunctionEnd
+
+Function RestoreEntry
+  ${If} $Old == ""
+    SetRegView 64
+    DeleteRegKey SHCTX "${ENTRY}"
+  ${Else}
+    StrCpy $Folder $Old
+    StrCpy $Shown $Version
+    Call WriteEntry
+  ${EndIf}
 FunctionEnd
 
 Function RegisterStage
@@ -369,14 +383,17 @@ Function RegisterStage
   StrCpy $Old64 $Library64
   StrCpy $Old32 $Library32
   Call NameNewLibraries
+  ClearErrors
   Call WriteRows
-  ${IfNot} ${Errors}
-    Call WriteEntry
-  ${EndIf}
   ${If} ${Errors}
-    Call RestoreRows
-    Call RemoveStage
-    !insertmacro FAIL 1013 "$(NotRegistered)"
+    Call GiveUpRegistration
+  ${EndIf}
+  StrCpy $Folder $Stage
+  StrCpy $Shown "${VERSION}"
+  Call WriteEntry
+  ${If} ${Errors}
+    Call RestoreEntry
+    Call GiveUpRegistration
   ${EndIf}
 FunctionEnd
 
@@ -384,19 +401,20 @@ FunctionEnd
   WriteRegStr SHCTX "${ENTRY}" "${NAME}" `${TEXT}`
 !macroend
 
-; The folder comes last: it is what names the installation in use.
+; For the installation in $Folder, of the version $Shown. The folder comes last: it is what names the
+; installation in use.
 Function WriteEntry
   SetRegView 64
   !insertmacro ENTRY_TEXT "DisplayName" "CorvidAPI"
   !insertmacro ENTRY_TEXT "Publisher" "The CorvidAPI developers"
-  !insertmacro ENTRY_TEXT "DisplayIcon" "$Stage\${UNINSTALLER}"
+  !insertmacro ENTRY_TEXT "DisplayIcon" "$Folder\${UNINSTALLER}"
   WriteRegDWORD SHCTX "${ENTRY}" "EstimatedSize" ${SIZE}
   WriteRegDWORD SHCTX "${ENTRY}" "NoModify" 1
   WriteRegDWORD SHCTX "${ENTRY}" "NoRepair" 1
-  !insertmacro ENTRY_TEXT "UninstallString" '"$Stage\${UNINSTALLER}"'
-  !insertmacro ENTRY_TEXT "QuietUninstallString" '"$Stage\${UNINSTALLER}" /S'
-  !insertmacro ENTRY_TEXT "DisplayVersion" "${VERSION}"
-  !insertmacro ENTRY_TEXT "InstallLocation" "$Stage"
+  !insertmacro ENTRY_TEXT "UninstallString" '"$Folder\${UNINSTALLER}"'
+  !insertmacro ENTRY_TEXT "QuietUninstallString" '"$Folder\${UNINSTALLER}" /S'
+  !insertmacro ENTRY_TEXT "DisplayVersion" "$Shown"
+  !insertmacro ENTRY_TEXT "InstallLocation" "$Folder"
 FunctionEnd
 
 Section
