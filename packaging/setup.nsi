@@ -418,6 +418,7 @@ Function WriteEntry
 FunctionEnd
 
 Section
+  AddSize ${SIZE}
   StrCpy $Root $INSTDIR
   Call CheckMsi
   Call CheckVersion
