@@ -13,7 +13,7 @@ TREES = {64: ROOT / "build/windows-x64", 32: ROOT / "build/windows-x86"}
 FOLDERS = {64: "x64", 32: "x86"}
 TARGETS = {64: "x86_64-w64-mingw32", 32: "i686-w64-mingw32"}
 # Folders and files of the repository that go into the packages as they are committed.
-DOCUMENTS = ["docs", "examples", "README.md", "CHANGELOG.md"]
+DOCUMENTS = ["docs", "examples", "README.md", "LEAME.md", "CHANGELOG.md"]
 # Programs, by their place in the package; those of 32 bits run on every Windows.
 PROGRAMS = {"simulator/corvid-printer.exe": TREES[32] / "simulator/corvid-printer.exe"}
 # What the compiler's packages say of the parts that are linked in.
@@ -30,13 +30,13 @@ def targets(bits):
     return ["CorvidAPI", "corvid-printer"] if bits == 32 else ["CorvidAPI", "registry_rows"]
 
 
-def stage(folder, groups, version, epoch):
+def stage(folder, groups, epoch):
     """Lays out everything in an empty folder, each file with the time of the commit."""
     shutil.rmtree(folder, ignore_errors=True)
     for bits, name in FOLDERS.items():
         _copy(TREES[bits] / "CorvidAPI.dll", folder / name / "CorvidAPI.dll")
-        _write(folder / name / manifests.ASSEMBLY_FILE, manifests.assembly(groups, version, bits))
-        _write(folder / name / manifests.HOST_FILE, manifests.host(version, bits))
+        for manifest in manifests.FILES:
+            _write(folder / name / manifest, manifests.text(manifest, groups, bits))
     for name, source in PROGRAMS.items():
         _copy_stripped(source, folder / name)
     for name in _committed(DOCUMENTS):
