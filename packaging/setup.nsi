@@ -45,7 +45,8 @@ Var CurrentButton
 
 !define MUI_ABORTWARNING
 !define MUI_UNABORTWARNING
-Page custom ShowUsers LeaveUsers
+; A blank, which the other pages add to the title as well.
+Page custom ShowUsers LeaveUsers " "
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_NOAUTOCLOSE
@@ -242,6 +243,15 @@ FunctionEnd
 
 ; ---- before anything is written
 
+; By its long name, so that one folder has one spelling.
+Function NameRoot
+  StrCpy $Root $INSTDIR
+  System::Call 'kernel32::GetLongPathNameW(w "$INSTDIR", w .r0, i ${NSIS_MAX_STRLEN}) i .r1'
+  ${If} $1 <> 0
+    StrCpy $Root $0
+  ${EndIf}
+FunctionEnd
+
 Function CheckVersion
   ${If} $Version != ""
     ${VersionCompare} "$Version" "${VERSION}" $0
@@ -276,7 +286,9 @@ Function RemoveLeftovers
   FindFirst $R7 $R8 "$Root\*"
   ${DoWhile} $R8 != ""
     StrCpy $Folder "$Root\$R8"
-    ${If} ${FileExists} "$Folder\${LIST}"
+    ${If} $R8 != "."
+    ${AndIf} $R8 != ".."
+    ${AndIf} ${FileExists} "$Folder\${LIST}"
     ${AndIf} $Folder != $R5
     ${AndIf} $Folder != $R6
       Call RemoveListed
@@ -419,7 +431,7 @@ FunctionEnd
 
 Section
   AddSize ${SIZE}
-  StrCpy $Root $INSTDIR
+  Call NameRoot
   Call CheckMsi
   Call CheckVersion
   Call CheckOldFiles
