@@ -7,7 +7,7 @@ import re
 import harness
 from harness import HostTest, LIBRARY, ROOT, register, registry, windows_path
 
-IDL = (ROOT / "src/com/corvid.idl").read_text(encoding="utf-8")
+IDL = (ROOT / "src/com/corvid.idl").read_text(encoding="cp1252")
 CLASS = re.compile(r"^ +CLASS\(([0-9a-f-]+), (\w+),", re.MULTILINE)
 CLASSES = [*(name for _, name in CLASS.findall(IDL)), "lfQuickView"]
 MACHINE = r"HKEY_LOCAL_MACHINE\Software\Classes"
