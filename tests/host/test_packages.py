@@ -311,7 +311,7 @@ class Packages(PackageTest):
         self.assert_same(self.rows(state, folder), by_hand)
         self.sell_in_both(folder)
         printer = f"{folder}\\simulator\\corvid-printer.exe"
-        self.assertIn("--port COMn", wine(printer, "--nonsense")[1])
+        self.assertIn("unknown option --nonsense", wine(printer, "--nonsense")[1])
         self.remove({"QuietUninstallString": f'"{uninstaller}" /S'})
         self.assert_as_before()
 
