@@ -1,53 +1,11 @@
 #include "session/diagnosis.h"
 
+#include "session/setting_names.h"
+
 namespace corvid {
 namespace {
 
 constexpr const wchar_t* kLineEnd = L"\r\n";
-
-struct SettingName {
-  const wchar_t* section;
-  const wchar_t* key;
-};
-
-constexpr const wchar_t* kRatesSection = L"Config\\NimbusPF\\Tasas";
-
-// Every setting of the session and its port.
-constexpr SettingName kSettings[] = {
-    {kSessionSection, L"TimeOut"},
-    {kSessionSection, L"Retries"},
-    {kSessionSection, L"SkipChecks"},
-    {kSessionSection, L"TestMode"},
-    {kSessionSection, L"IsDebug"},
-    {kSessionSection, L"DebugInmediato"},
-    {kSessionSection, L"DEBUGFILE"},
-    {kSessionSection, L"ColumnasDescripcion"},
-    {kSessionSection, L"TipoPrinter"},
-    {kSessionSection, L"AnchoDireccion"},
-    {kSessionSection, L"LineasDireccion"},
-    {kSessionSection, L"FactorDelay"},
-    {kSessionSection, L"IndicePercibido"},
-    {kSessionSection, L"LimiteEspera"},
-    {kSessionSection, L"RechazoEsError"},
-    {kSessionSection, L"VerificarRespuesta"},
-    {kSessionSection, L"SinMensajes"},
-    {kSessionSection, L"DigitosPrecio"},
-    {kSessionSection, L"DecimalesPrecio"},
-    {kSessionSection, L"DigitosCantidad"},
-    {kSessionSection, L"DecimalesCantidad"},
-    {kSessionSection, L"DigitosMedio"},
-    {kSessionSection, L"DecimalesMedio"},
-    {kRatesSection, L"0"},
-    {kRatesSection, L"1"},
-    {kRatesSection, L"2"},
-    {kRatesSection, L"3"},
-    {kRatesSection, L"4"},
-    {kRatesSection, L"5"},
-    {kRatesSection, L"6"},
-    {kPortSection, L"LecturaInmediata"},
-    {kPortSection, L"DEBUG"},
-    {kPortSection, L"DumpFile"},
-};
 
 class Facts {
  public:
@@ -72,13 +30,14 @@ std::wstring textOf(const Settings& settings, const FoundSetting& found) {
   }
 }
 
-void addSetting(Facts& facts, const Settings& settings, const SettingName& one) {
-  const FoundSetting found = settings.find(kApplication, one.section, one.key, L"");
-  facts.add(std::wstring(one.section) + L"\\" + one.key, textOf(settings, found));
+void addSetting(Facts& facts, const Settings& settings, const std::wstring& section,
+                const std::wstring& key) {
+  const FoundSetting found = settings.find(kApplication, section, key, L"");
+  facts.add(section + L"\\" + key, textOf(settings, found));
 }
 
 void addSettings(Facts& facts, const Settings& settings) {
-  for (const SettingName& one : kSettings) addSetting(facts, settings, one);
+  for (const auto& one : sessionSettings()) addSetting(facts, settings, one.section, one.key);
 }
 
 std::wstring portList(ThreadState& thread) {
@@ -108,10 +67,7 @@ void addPort(Facts& facts, PrinterSession& session) {
   const std::wstring address = opening ? opening->transport->address() : std::wstring();
   const std::wstring serial = port == 0 ? L"ninguno" : L"COM" + std::to_wstring(port);
   const std::wstring name = address.empty() ? serial : address;
-  if (port != 0) {
-    const std::wstring key = std::to_wstring(port);
-    addSetting(facts, session.settings(), {kPlacesSection, key.c_str()});
-  }
+  if (port != 0) addSetting(facts, session.settings(), kPlacesSection, std::to_wstring(port));
   facts.add(L"Puerto de la sesi\u00F3n", name + (opening ? L", abierto" : L", cerrado"));
   facts.add(L"Lecturas del controlador", mannerOf(opening));
 }

@@ -1,4 +1,5 @@
 // What a session takes from its settings.
+#include "session/setting_names.h"
 #include "support/session_bench.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +20,38 @@ TEST(SessionSettings, DefaultsHoldWithoutASetting) {
   EXPECT_EQ(bench.session().LineasDireccion(), 10);
   SessionBench asked({{L"Retries", L"5"}});
   EXPECT_EQ(asked.session().state().retries, 5);
+}
+
+std::vector<std::wstring> behaviourOf(SessionBench& bench) {
+  const auto session = bench.another();
+  const SessionState& state = session->state();
+  const ExchangeState& exchange = session->exchange().state();
+  const double start = bench.world().clock.total();
+  session->Demora(4);
+  std::vector<std::wstring> behaviour = {session->FormatPrecio(Decimal()),
+                                         session->FormatCantidad(Decimal()),
+                                         session->FormatMedio(Decimal())};
+  for (const double value :
+       {bench.world().clock.total() - start, exchange.limiteEspera, 1.0 * exchange.timeOut,
+        1.0 * exchange.skipChecks, 1.0 * exchange.testMode, 1.0 * exchange.rechazoEsError,
+        1.0 * exchange.verificarRespuesta, 1.0 * exchange.sinMensajes, 1.0 * state.retries,
+        1.0 * state.columnasDescripcion, 1.0 * session->AnchoDireccion(),
+        1.0 * session->LineasDireccion(), 1.0 * session->tipoPrinter(),
+        1.0 * bench.thread().trace().isOn()}) {
+    behaviour.push_back(std::to_wstring(value));
+  }
+  return behaviour;
+}
+
+// Support believes the table: writing down what it tells as the default changes nothing.
+TEST(SessionSettings, TableTellsTheDefaultsThatHold) {
+  SessionBench bare;
+  SessionBench told;
+  for (const SettingName& one : sessionSettings()) {
+    if (one.kind == SettingKind::FileName || one.kind == SettingKind::Rate) continue;
+    told.world().settings.set(one.section, one.key, one.fallback);
+  }
+  EXPECT_EQ(behaviourOf(told), behaviourOf(bare));
 }
 
 TEST(SessionSettings, TimeOutIsAWholeNumberOrItsDefault) {
