@@ -57,6 +57,7 @@ class Diagnostic {
   [[nodiscard]] std::set<std::int16_t> places();
   [[nodiscard]] std::wstring addressOf(std::int16_t port) const;
   [[nodiscard]] std::wstring nameOf(std::int16_t port) const;
+  [[nodiscard]] std::wstring deviceOf(std::int16_t port) const;
   [[nodiscard]] std::shared_ptr<Transport> stream(std::int16_t port, bool readsExactly);
 
   const DiagnosticArguments& arguments_;
@@ -99,12 +100,14 @@ void Diagnostic::tellPorts() {
   report_.begin(L"Puertos");
   const std::set<std::int16_t> ports = places();
   if (ports.empty()) report_.tell(L"Puertos que existen", L"ninguno");
-  for (const std::int16_t port : ports) {
-    const auto device = facts_.devices.find(port);
-    const bool isNamed =
-        device != facts_.devices.end() && addressOf(port).empty() && !arguments_.isSimulated;
-    report_.tell(nameOf(port), isNamed ? device->second : L"sin más datos");
-  }
+  for (const std::int16_t port : ports) report_.tell(nameOf(port), deviceOf(port));
+}
+
+std::wstring Diagnostic::deviceOf(std::int16_t port) const {
+  if (arguments_.isSimulated) return L"en este programa";
+  if (!addressOf(port).empty()) return L"en la red";
+  const auto device = facts_.devices.find(port);
+  return device == facts_.devices.end() ? L"sin nombre de dispositivo" : device->second;
 }
 
 void Diagnostic::search() {
