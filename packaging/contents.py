@@ -15,7 +15,10 @@ TARGETS = {64: "x86_64-w64-mingw32", 32: "i686-w64-mingw32"}
 # Folders and files of the repository that go into the packages as they are committed.
 DOCUMENTS = ["docs", "examples", "README.md", "LEAME.md", "CHANGELOG.md"]
 # Programs, by their place in the package; those of 32 bits run on every Windows.
-PROGRAMS = {"simulator/corvid-printer.exe": TREES[32] / "simulator/corvid-printer.exe"}
+PROGRAMS = {"simulator/corvid-printer.exe": TREES[32] / "simulator/corvid-printer.exe"} | {
+    f"{name}/corvid-diagnostico.exe": TREES[bits] / "corvid-diagnostico.exe"
+    for bits, name in FOLDERS.items()
+}
 # What the compiler's packages say of the parts that are linked in.
 NOTICES = {
     "notices/gcc.txt": "/usr/share/doc/gcc-mingw-w64-base/copyright",
@@ -27,7 +30,8 @@ BUILT = {".dll", ".exe"}
 
 def targets(bits):
     """What scripts/build has to build for one bitness."""
-    return ["CorvidAPI", "corvid-printer"] if bits == 32 else ["CorvidAPI", "registry_rows"]
+    own = "corvid-printer" if bits == 32 else "registry_rows"
+    return ["CorvidAPI", "corvid-diagnostico", own]
 
 
 def stage(folder, groups, epoch):

@@ -312,6 +312,7 @@ class Packages(PackageTest):
         self.sell_in_both(folder)
         printer = f"{folder}\\simulator\\corvid-printer.exe"
         self.assertIn("unknown option --nonsense", wine(printer, "--nonsense")[1])
+        self.assertEqual(wine(f"{folder}\\x86\\corvid-diagnostico.exe", "--simulado")[0], 0)
         self.remove({"QuietUninstallString": f'"{uninstaller}" /S'})
         self.assert_as_before()
 
@@ -551,7 +552,7 @@ class Packages(PackageTest):
         self.install(OLD)
         folder = self.unix_path(self.entry(self.state())["InstallLocation"])
         signed = [setup_of(OLD), msi_of(OLD), *folder.rglob("*.dll"), *folder.rglob("*.exe")]
-        self.assertEqual(len(signed), 6, signed)
+        self.assertEqual(len(signed), 8, signed)
         for path in signed:
             self.assertTrue(self.is_trusted(path), path)
         self.assertFalse(self.is_trusted(setup_of(NEW)), "nothing signed it")
