@@ -9,9 +9,9 @@
 #include "tools/diagnostico/simulated_transport.h"
 
 #include <algorithm>
-#include <exception>
+#include <cstdint>
+#include <memory>
 #include <set>
-#include <utility>
 
 namespace corvid {
 namespace {

@@ -11,9 +11,10 @@
 
 #include <windows.h>
 
-#include <array>
+#include <cstddef>
 #include <exception>
 #include <memory>
+#include <utility>
 
 namespace corvid {
 namespace {
