@@ -1,3 +1,8 @@
+# Where no tool chain file says it, as on Windows itself.
+if(WIN32 AND NOT CORVID_BITS)
+  math(EXPR CORVID_BITS "8 * ${CMAKE_SIZEOF_VOID_P}")
+endif()
+
 # Compiler rules that hold for every target of this project; packages are built without them.
 add_library(corvid_options INTERFACE)
 target_compile_features(corvid_options INTERFACE cxx_std_20)
