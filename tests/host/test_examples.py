@@ -144,6 +144,32 @@ class Examples(HostTest):
             paper = printer.paper()
             self.assertEqual(tuple(map(paper.count, ARTICLES)), case.paper, name)
 
+    def test_a_sale_stays_whole_whatever_answer_is_lost(self):
+        """The nth command is carried out and never answered, for each n of the sale."""
+        verdicts = []
+        while None not in verdicts:
+            jobs = zip(PORTS, range(len(verdicts) + 1, len(verdicts) + 1 + len(PORTS)))
+            verdicts += self.run_together([functools.partial(self.sell_despite, *job)
+                                           for job in jobs])  # fmt: skip
+        self.assertGreater(verdicts.count(CLOSED), 5, verdicts)
+
+    def sell_despite(self, port, nth):
+        """The host's verdict, or none where the sale had fewer commands."""
+        name = f"lost {nth}"
+        folder = self.folder / name
+        folder.mkdir()
+        (folder / "ORV.ini").write_text("[Config\\NimbusPF]\r\nTimeOut=1\r\nLimiteEspera=1\r\n")
+        (folder / "script").write_text(f"after {nth} lose 1\n")
+        with self.printer(port, name, ["--script", str(folder / "script")]) as printer:
+            output = self.start_host([*ENVIO, port], cwd=folder)[0].whole
+            paper = printer.paper()
+            verdict = CLOSED if CLOSED in output else ENDED
+            self.assertIn(verdict, output, name)
+            self.assertEqual(verdict == CLOSED, paper.count("CAMBIO") == 1, name)
+            if verdict == CLOSED:
+                self.assertEqual(tuple(map(paper.count, ARTICLES)), (1, 1), name)
+            return verdict if len(printer.commands()) >= nth else None
+
     def test_a_host_recovers_from_a_power_cut(self):
         self.run_together([
             functools.partial(self.recover, *job)
