@@ -14,7 +14,8 @@ def script(name):
     return ["cscript", "//nologo", windows_path(ROOT / "examples" / name)]
 
 
-HOSTS = {"vbs": script("sale.vbs"), "js": script("sale.js"), "cpp": [EARLY_BOUND]}
+HOSTS = {"vbs": script("sale.vbs"), "js": script("sale.js"), "cpp": [EARLY_BOUND],
+         "c": [BUILT / "early_bound_sale_c.exe"]}  # fmt: skip
 SALE = [
     "iR*V-12345678-9", "iS*Maria Perez",
     "i01Avenida Bolivar, edificio Los Proceres,", "i02piso 3, Caracas",
