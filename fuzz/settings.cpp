@@ -96,9 +96,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   World world;
   Environment environment = world.environment();
-  ThreadState thread({environment.process, file, store, environment.serial, environment.pump,
-                      environment.dialog, environment.folders, environment.files, environment.views,
-                      environment.clock, environment.sleep, environment.codePage,
+  ThreadState thread({environment.process, file, store, environment.serial, environment.sockets,
+                      environment.pump, environment.dialog, environment.folders, environment.files,
+                      environment.views, environment.clock, environment.sleep, environment.codePage,
                       environment.locale});
   checkSession(thread);
   return 0;
