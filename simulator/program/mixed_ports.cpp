@@ -92,9 +92,13 @@ class Watch {
     return isOutOfOrder || (answered->waiting != nullptr && answered->waiting->isAnswered);
   }
 
+  // Of those after the last answer, if there is one: an answer may be lost.
   std::list<Request>::iterator unanswered(Kind kind) {
-    return std::ranges::find_if(
-        requests_, [&](const Request& one) { return one.kind == kind && !one.isAnswered; });
+    const auto isSought = [&](const Request& one) { return one.kind == kind && !one.isAnswered; };
+    const auto answered = std::find_if(requests_.rbegin(), requests_.rend(),
+                                       [](const Request& one) { return one.isAnswered; });
+    const auto found = std::find_if(answered.base(), requests_.end(), isSought);
+    return found != requests_.end() ? found : std::ranges::find_if(requests_, isSought);
   }
 
   Answers answers_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <utility>
 #include <vector>
 
@@ -28,6 +29,13 @@ std::wstring TcpTransport::address() const {
   return parsed ? parsed->text() : place_;
 }
 
+TcpTransport::~TcpTransport() {
+  try {
+    TcpTransport::close();
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): nobody is there to be told
+  }
+}
+
 std::int32_t TcpTransport::open() {
   const std::optional<TcpAddress> parsed = parseTcpAddress(place_);
   if (!parsed) {
@@ -38,9 +46,14 @@ std::int32_t TcpTransport::open() {
     lastError_ = {kPortInUse, address(), kPortInUseText};
     return lastError_.number;
   }
-  const std::int32_t error = openAddress(*parsed);
-  if (error != 0) environment_.inUse.giveBack(port_);
-  return error;
+  try {
+    const std::int32_t error = openAddress(*parsed);
+    if (error != 0) environment_.inUse.giveBack(port_);
+    return error;
+  } catch (...) {
+    environment_.inUse.giveBack(port_);
+    throw;
+  }
 }
 
 std::int32_t TcpTransport::openAddress(const TcpAddress& address) {

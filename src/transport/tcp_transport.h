@@ -33,7 +33,7 @@ class TcpTransport : public Transport {
       : environment_(environment), port_(port), place_(std::move(place)) {}
   TcpTransport(const TcpTransport&) = delete;
   TcpTransport& operator=(const TcpTransport&) = delete;
-  ~TcpTransport() override { TcpTransport::close(); }
+  ~TcpTransport() override;
 
   // Connects within 5 s in all, not counting the time in which the system looks up a name.
   // kWrongAddress for a place that is no address, kPortInUse where the number is taken, or the

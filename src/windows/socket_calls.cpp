@@ -81,7 +81,9 @@ bool WindowsSocketCalls::resolve(const std::wstring& host, std::uint16_t port,
 }
 
 SocketHandle WindowsSocketCalls::create(const SocketAddress& way) {
-  const SOCKET socket = ::socket(toSystem(way)->sa_family, SOCK_STREAM, IPPROTO_TCP);
+  // A process that the host starts must not keep the connection open.
+  const SOCKET socket = WSASocketW(toSystem(way)->sa_family, SOCK_STREAM, IPPROTO_TCP, nullptr, 0,
+                                   WSA_FLAG_OVERLAPPED | WSA_FLAG_NO_HANDLE_INHERIT);
   keepError(socket != INVALID_SOCKET ? 0 : SOCKET_ERROR);
   if (socket == INVALID_SOCKET) return kInvalidSocket;
   if (setUp(socket)) return static_cast<SocketHandle>(socket);

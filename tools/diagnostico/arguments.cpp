@@ -80,7 +80,7 @@ Uso: corvid-diagnostico [OPCIÓN] ...
   (sin opciones)     versión, bibliotecas registradas, puertos y ajustes de la carpeta actual
   --carpeta CARPETA  los ajustes que valen para un programa cuya carpeta actual es esa
   --buscar           pide el estado en cada puerto y en cada dirección de Config\Puertos. Cada
-                     aparato conectado recibe un byte (ENQ), sea o no una impresora fiscal
+                     aparato conectado recibe uno o dos bytes (ENQ), sea o no una impresora
   --puerto N         abre el puerto N (1 a 99; la dirección de Config\Puertos, si la hay), pide el
                      estado y los contadores, y mide cuánto tarda y cómo lee el controlador
   --informe ARCHIVO  escribe además todo en ese archivo (UTF-8), para mandarlo por correo

@@ -86,6 +86,7 @@ TEST(Dump, MixedPortsAreToldAndASlowPrinterIsNot) {
       {"asked again after the time-out", enquiry(0) + enquiry(1) + status(1) + status(1), 0},
       {"an ACK after the time-out", drawer(0) + enquiry(1) + status(1) + ack(1), 0},
       {"a command that nobody awaits", drawer(0) + enquiry(0) + ack(0) + status(0), 0},
+      {"an ACK that never came", drawer(0) + enquiry(0) + status(0) + drawer(0) + ack(0), 0},
       {"reopened at once, one answer", enquiry(0) + enquiry(0) + status(0) + drawer(0) + ack(0), 0},
   };
   for (const auto& [reason, text, line] : kCases) {

@@ -51,6 +51,9 @@ SocketHandle connecting(WindowsSocketCalls& calls, std::uint16_t port) {
   EXPECT_EQ(ways.size(), 1U);
   const SocketHandle handle = calls.create(ways.front());
   EXPECT_NE(handle, kInvalidSocket);
+  DWORD flags = HANDLE_FLAG_INHERIT;
+  EXPECT_NE(GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags), FALSE);
+  EXPECT_EQ(flags & HANDLE_FLAG_INHERIT, 0U) << "a host's child would keep the printer";
   EXPECT_FALSE(calls.connect(handle, ways.front()));
   EXPECT_EQ(calls.lastError(), kErrorWouldBlock);
   bool isReady = false;
