@@ -15,8 +15,8 @@ TARGETS = {64: "x86_64-w64-mingw32", 32: "i686-w64-mingw32"}
 # Folders and files of the repository that go into the packages as they are committed.
 DOCUMENTS = ["docs", "examples", "README.md", "LEAME.md", "CHANGELOG.md"]
 # Programs, by their place in the package; those of 32 bits run on every Windows.
-PROGRAMS = {"simulator/corvid-printer.exe": TREES[32] / "simulator/corvid-printer.exe"} | {
-    f"{name}/corvid-diagnostico.exe": TREES[bits] / "corvid-diagnostico.exe"
+PROGRAMS = {"simulator/corvid-printer.exe": (32, "simulator/corvid-printer.exe")} | {
+    f"{name}/corvid-diagnostico.exe": (bits, "corvid-diagnostico.exe")
     for bits, name in FOLDERS.items()
 }
 # What the compiler's packages say of the parts that are linked in.
@@ -41,8 +41,8 @@ def stage(folder, groups, epoch):
         _copy(TREES[bits] / "CorvidAPI.dll", folder / name / "CorvidAPI.dll")
         for manifest in manifests.FILES:
             _write(folder / name / manifest, manifests.text(manifest, groups, bits))
-    for name, source in PROGRAMS.items():
-        _copy_stripped(source, folder / name)
+    for name, (bits, source) in PROGRAMS.items():
+        _copy_stripped(bits, TREES[bits] / source, folder / name)
     for name in _committed(DOCUMENTS):
         _copy(ROOT / name, folder / name)
     _write(folder / "include/corvid_interfaces.h", _without_paths(HEADER.read_text("utf-8")))
@@ -78,10 +78,10 @@ def _write(target, text):
     target.write_text(text, encoding="utf-8")
 
 
-def _copy_stripped(source, target):
+def _copy_stripped(bits, source, target):
     target.parent.mkdir(parents=True, exist_ok=True)
     # Without the option the header gets the time of this step.
-    subprocess.run([f"{TARGETS[32]}-objcopy", "--preserve-dates", "--strip-all", source, target],
+    subprocess.run([f"{TARGETS[bits]}-objcopy", "--preserve-dates", "--strip-all", source, target],
                    check=True)  # fmt: skip
 
 

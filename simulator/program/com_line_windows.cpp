@@ -18,7 +18,7 @@ class ComLine : public HostLine {
  public:
   explicit ComLine(std::string name)
       : name_(std::move(name)),
-        handle_(CreateFileA(("\\\\.\\" + name_).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+        handle_(CreateFileA((R"(\\.\)" + name_).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                             OPEN_EXISTING, 0, nullptr)) {
     check(static_cast<BOOL>(handle_ != INVALID_HANDLE_VALUE), name_.c_str());
     configure();

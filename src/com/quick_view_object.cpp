@@ -39,7 +39,7 @@ class LateNotifyTarget : public NotifyTarget {
     std::vector<Variant> arguments;
     arguments.emplace_back(Bstr(line));
     arguments.push_back(Variant::ofInt32(column));
-    callMethod(*target_.get(), L"ReportClicked", std::move(arguments));
+    callMethod(*target_.get(), L"ReportClicked", arguments);
   }
 
  private:

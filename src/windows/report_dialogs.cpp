@@ -96,7 +96,8 @@ std::optional<std::wstring> WindowsReportDialogs::chooseSaveFile(const SaveReque
   dialog.lpstrDefExt = request.defaultExtension.c_str() + point;
   dialog.Flags = kSaveFlags;
   if (GetSaveFileNameW(&dialog) == FALSE) return std::nullopt;
-  return std::wstring(path.data());
+  path.resize(path.find(L'\0'));
+  return path;
 }
 
 }  // namespace corvid
