@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <utility>
 #include <vector>
 
@@ -29,11 +28,9 @@ std::wstring TcpTransport::address() const {
   return parsed ? parsed->text() : place_;
 }
 
+// Nobody is there to be told of a failure; the socket closes itself.
 TcpTransport::~TcpTransport() {
-  try {
-    TcpTransport::close();
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): nobody is there to be told
-  }
+  if (socket_) environment_.inUse.giveBack(port_);
 }
 
 std::int32_t TcpTransport::open() {
