@@ -2,6 +2,9 @@
 
 #include "support/error_of.h"
 #include "unit/com/automation_host.h"
+#include "windows/locale.h"
+
+#include <algorithm>
 
 namespace corvid::testing {
 namespace {
@@ -29,6 +32,12 @@ Variant dateValue(double days) {
   Variant variant = number(days);
   V_VT(variant.get()) = VT_DATE;
   return variant;
+}
+
+// As the user writes a number.
+Variant numeral(std::wstring digits) {
+  std::ranges::replace(digits, L'.', WindowsLocale().current().decimalSeparator.front());
+  return text(digits.c_str());
 }
 
 // 79228162514264337593543950335 / 10^28: more digits than 64 bits hold.
@@ -74,7 +83,7 @@ TEST_F(VariantConversions, GiveExactDecimals) {
       {boolean(true), L"-1", "True is -1"},
       {Variant(), L"0", "Empty is zero"},
       {text(L"12"), L"12", "a text"},
-      {text(L"922337203685477.5807"), L"922337203685477.5807", "no double between"},
+      {numeral(L"922337203685477.5807"), L"922337203685477.5807", "no double between"},
       {unsignedHuge(9223372036854775807U), L"9223372036854775807", "64 bits"},
   };
   for (const auto& one : cases) {
@@ -84,7 +93,7 @@ TEST_F(VariantConversions, GiveExactDecimals) {
 
 TEST_F(VariantConversions, RoundHalfToEvenAtTheEdgeOfTheType) {
   EXPECT_EQ(10002, toCurrency(number(1.00025).value()).units());
-  EXPECT_EQ(10004, toCurrency(text(L"1.00035").value()).units());
+  EXPECT_EQ(10004, toCurrency(numeral(L"1.00035").value()).units());
   EXPECT_EQ(8, toInt16(number(7.5).value()));
   EXPECT_EQ(8, toInt16(text(L" 8 ").value()));
   EXPECT_EQ(32767, toInt16(Variant::ofInt32(32767).value()));
@@ -102,7 +111,7 @@ TEST_F(VariantConversions, RefuseWhatIsNoNumberOrTooLarge) {
       {missing(), kMismatch, "a left-out argument"},
       {objectValue(nullptr), kMismatch, "Nothing has no default property"},
       {number(32768), kOverflow, "one above 16 bits"},
-      {text(L"32767.5"), kOverflow, "rounds to one above"},
+      {numeral(L"32767.5"), kOverflow, "rounds to one above"},
       {unsignedHuge(9223372036854775808U), kOverflow, "one above 64 bits"},
   };
   for (const auto& one : cases) {
