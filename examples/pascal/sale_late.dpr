@@ -1,0 +1,111 @@
+// The sale of sale.dpr, late bound: no unit is needed, and every member is looked for by its name
+// when it is called.
+//
+//   sale_late [port number]        (without a number: COM7)
+program sale_late;
+
+{$IFDEF FPC}{$MODE DELPHIUNICODE}{$ENDIF}
+{$APPTYPE CONSOLE}
+
+uses
+  SysUtils, ActiveX, ComObj, Variants;
+
+const
+  Accepted = 1;
+
+var
+  Printer: OleVariant;
+
+function PortNumber: OleVariant;
+begin
+  Result := 7;
+  if ParamCount > 0 then
+    Result := ParamStr(1);
+end;
+
+function OpenSession: Boolean;
+begin
+  Result := True;
+  try
+    Printer.Abrir(PortNumber);
+    Writeln('Printer ', string(Printer.SerialPrinter));
+  except
+    // 9: no such number; 6, 13: no number at all; 40001: the port does not open.
+    on E: EOleException do
+    begin
+      Writeln('Abrir: error ', E.ErrorCode and $FFFF, ' from ', E.Source, ': ', E.Message);
+      Result := False;
+    end;
+  end;
+end;
+
+// Only a command that the printer accepted once lets the sale go on.
+function Done(const Member: string; Failed: Boolean = False): Boolean;
+var
+  Sent: Integer;
+begin
+  Sent := Printer.UltimoEnvio;
+  Result := (Sent = Accepted) and not Failed;
+  Writeln(Member, ': UltimoEnvio ', Sent, ', ', string(Printer.DescripcionError));
+end;
+
+function BeginInvoice: Boolean;
+begin
+  Printer.IniciarFactura('Maria Perez', 'V-12345678-9',
+    'Avenida Bolivar, edificio Los Proceres, piso 3, Caracas');
+  Result := Done('IniciarFactura');
+end;
+
+function SellLine(const Description: string; Price: Currency; Quantity, Rate: Double): Boolean;
+begin
+  Printer.PasarItem(Description, Price, Quantity, Rate);
+  Result := Done('PasarItem');
+end;
+
+// SubTotal and PasarDescuento answer True when something went wrong.
+function CloseSale: Boolean;
+begin
+  Result := False;
+  // An argument at the end is left out by not writing it.
+  if Done('SubTotal', Printer.SubTotal) and
+    Done('PasarDescuento', Printer.PasarDescuento(10)) then
+  begin
+    Printer.CerrarConMedio(1, 100);
+    Result := Done('CerrarConMedio');
+  end;
+end;
+
+function MakeSale: Boolean;
+begin
+  Result := BeginInvoice and SellLine('Pan campesino', 12.5, 2, 16) and
+    SellLine('Leche entera 1 l', 3.2, 6, 0) and SellLine('Cafe molido 500 g', 8.75, 1, 8) and
+    CloseSale;
+end;
+
+procedure Sell;
+begin
+  if MakeSale then
+    Writeln('The sale is closed.')
+  else
+  begin
+    ExitCode := 1;
+    // A document that stays open would take up the lines of the next sale.
+    Printer.CancelarTransaccion;
+    Done('CancelarTransaccion');
+  end;
+  Printer.GetStatus;
+  Writeln(string(Printer.explainSTS1));
+  Printer.Cerrar;
+end;
+
+begin
+  CoInitialize(nil);
+  Printer := CreateOleObject('PrinterFiscalCorvid.PrinterFiscal');
+  if OpenSession then
+    Sell
+  else
+    ExitCode := 1;
+  Printer := Unassigned;
+  CoUninitialize;
+  Writeln('fin');
+end.
