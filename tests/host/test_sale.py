@@ -142,6 +142,39 @@ def customer_commands(_):
     ]  # fmt: skip
 
 
+# What is no line of a sale; the receipt that is asked for again stands in no memory.
+HOUSEKEEPING = """
+Set p = NewPrinter()
+p.SerialPrinter = "X"
+p.Abrir <port>
+Say "text", p.PrintNoFiscal("ENTREGA Ñ", False)
+Say "last text", p.PrintNoFiscal("RECIBIDO", True)
+Say "header", p.SetHeader(1, "FERRETERÍA")
+Say "footer", p.SetFooter(2, "GRACIAS")
+Say "date", p.SetDate(DateSerial(2026, 3, 15))
+Say "time", p.SetTime(TimeSerial(17, 8, 9))
+Say "flag", p.setFlag(21, 1)
+Say "login", p.Login("3")
+Say "logoff", p.Logoff()
+Say "training", p.StartTraining()
+Say "no training", p.EndTraining()
+Say "report", p.ReporteDiario("0", "X")
+p.reimprimirFactura 7
+p.reimprimirDocumentos "C", 3, 5
+p.reimprimirDocumentos "f", DateSerial(2026, 3, 14), DateSerial(2026, 3, 15)
+p.Cerrar
+"""
+
+
+def housekeeping_commands(_):
+    refused = ["RF00000070000007", "RC00000030000005", "Rf02603140260315"]
+    return [
+        "800ENTREGA Ñ", "810RECIBIDO", "PH1" + "FERRETERÍA".center(40), "PHB" + "GRACIAS".center(40),
+        "PG150326", "PF170809", "PJ2101", "500003", "6", "T1", "T2", "I0X",
+        *(command for command in refused for _ in range(7)),
+    ]  # fmt: skip
+
+
 # name, script, commands for a locale, what is not said as 0, lines on the paper
 CASES = [
     ("invoice", INVOICE, invoice_commands, INVOICE_SAID,
@@ -149,6 +182,8 @@ CASES = [
     ("discounts", DISCOUNTS, discount_commands, DISCOUNTS_SAID,
      ["SUBTOTAL", "DESCUENTO 8,20%", "RECARGO", "CAMBIO"]),
     ("notes", NOTES, note_commands, {}, ["NOTA DE CREDITO:", "FACTURA AFECTADA: 00000001"]),
+    ("housekeeping", HOUSEKEEPING, housekeeping_commands, {},
+     ["ENTREGA Ñ", "REPORTE X"]),
     ("customers", CUSTOMERS, customer_commands, {}, ["DOCUMENTO ANULADO", "piso 3, Caracas"]),
 ]  # fmt: skip
 
