@@ -6,7 +6,7 @@
 // Needs windows.h first.
 #include <mmsystem.h>
 
-#include <iostream>
+#include <array>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -25,11 +25,15 @@ class Input {
     return std::exchange(bytes_, {});
   }
 
+  // Not by the run-time's streams: one that waits for input holds a lock that `exit` wants.
   void readAll() {
-    std::string line;
-    while (std::getline(std::cin, line)) {
+    std::array<char, 512> buffer;
+    DWORD count = 0;
+    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer.data(),
+                    static_cast<DWORD>(buffer.size()), &count, nullptr) != FALSE &&
+           count != 0) {
       const std::lock_guard lock(mutex_);
-      bytes_ += line + '\n';
+      bytes_.append(buffer.data(), count);
     }
   }
 
@@ -47,6 +51,20 @@ class FineTicks {
   FineTicks(FineTicks&&) = delete;
   FineTicks& operator=(FineTicks&&) = delete;
   ~FineTicks() { timeEndPeriod(1); }
+};
+
+// The paper is UTF-8, a console's usual page is not. The console stays when the program has gone.
+class Utf8Console {
+ public:
+  Utf8Console() : usual_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+  Utf8Console(const Utf8Console&) = delete;
+  Utf8Console& operator=(const Utf8Console&) = delete;
+  Utf8Console(Utf8Console&&) = delete;
+  Utf8Console& operator=(Utf8Console&&) = delete;
+  ~Utf8Console() { SetConsoleOutputCP(usual_); }
+
+ private:
+  UINT usual_;
 };
 
 // Moves what there is to be moved now.
@@ -90,6 +108,7 @@ void serve(const Options& options, Program& program) {
   std::thread([input] { input->readAll(); }).detach();
   program.announce(line->name());
   const FineTicks ticks;
+  const Utf8Console console;
   std::string unsent;
   while (program.steer(input->taken())) {
     exchange(*line, program, unsent);

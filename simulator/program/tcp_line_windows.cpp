@@ -74,6 +74,11 @@ class TcpLine : public HostLine {
   explicit TcpLine(const ListenAddress& address)
       : host_(address.host), listener_(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP)) {
     checked(listener_ ? 0 : SOCKET_ERROR, "socket");
+    // Otherwise a second program could listen at the same address, and take the hosts.
+    const BOOL isOn = TRUE;
+    checked(setsockopt(listener_.get(), SOL_SOCKET, SO_EXCLUSIVEADDRUSE,
+                       reinterpret_cast<const char*>(&isOn), sizeof isOn),
+            "setsockopt");
     const sockaddr_in system = systemAddress(address);
     checked(bind(listener_.get(), reinterpret_cast<const sockaddr*>(&system), sizeof system),
             "bind");

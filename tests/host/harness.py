@@ -14,6 +14,7 @@ import select
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -75,14 +76,16 @@ def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
     """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
     command = [ROOT / "scripts/wine", SYSTEM, *map(str, arguments)]
     environment = {**wine_environment(), "LC_ALL": locale}
-    process = subprocess.Popen(command, cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
-                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)  # fmt: skip
-    try:
-        output = process.communicate(timeout=timeout)[0].decode("utf-8", "replace")
-    except subprocess.TimeoutExpired:
-        stop_wine()
-        raise AssertionError(f"{arguments} took more than {timeout} s") from None
-    return process.returncode, output.replace("\r", "")
+    # No pipe: the desktop, which a program may start, would hold it while any other one runs.
+    with tempfile.TemporaryFile() as output:
+        try:
+            ended = subprocess.run(command, cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
+                                   stdout=output, stderr=subprocess.STDOUT, timeout=timeout)  # fmt: skip
+        except subprocess.TimeoutExpired:
+            stop_wine()
+            raise AssertionError(f"{arguments} took more than {timeout} s") from None
+        output.seek(0)
+        return ended.returncode, output.read().decode("utf-8", "replace").replace("\r", "")
 
 
 def stop_wine():

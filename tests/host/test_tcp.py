@@ -1,7 +1,9 @@
 """A printer in the network: a whole sale with a hang-up in the middle of it, and places that do not open."""
 
+import subprocess
+
 import harness
-from harness import HostTest
+from harness import BUILT, HostTest, ROOT, SYSTEM, windows_path, wine_environment
 
 # The second item is printed, but its answer never comes: the connection ends in its place.
 HANG_UP = "at 3 hang-up 1\n"
@@ -31,7 +33,33 @@ p.Cerrar
 """
 
 
+PLAIN_SALE = """
+Set p = NewPrinter()
+p.Abrir 7
+Say "item", p.PasarItem("PAN", 12.5, 2, 16)
+Say "payment", p.CerrarConMedio(1, 100)
+p.Cerrar
+"""
+
+
 class Tcp(HostTest):
+    def test_the_windows_program_serves_a_host_and_quits(self):
+        paper = self.folder / "paper"
+        command = [ROOT / "scripts/wine", SYSTEM, BUILT / "simulator/corvid-printer.exe",
+                   "--tcp", "127.0.0.1:0", "--paper", windows_path(paper)]  # fmt: skip
+        with subprocess.Popen(command, env=wine_environment(), stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE) as printer:  # fmt: skip
+            self.addCleanup(printer.kill)
+            ready, _, address = printer.stdout.readline().decode().strip().partition(" ")
+            self.assertEqual(ready, "ready")
+            self.write_settings({r"Config\Puertos": {"7": f"tcp:{address}"}})
+            self.assertEqual(self.run_script(PLAIN_SALE), {"item": "0", "payment": "0"})
+            # The pipe stays open: the program ends although it waits for more input.
+            printer.stdin.write(b"quit\n")
+            printer.stdin.flush()
+            self.assertEqual(printer.wait(timeout=60), 0)
+        self.assertEqual(paper.read_text(encoding="utf-8").count("PAN"), 1)
+
     def test_a_sale_survives_a_hang_up_by_opening_again(self):
         (self.folder / "script").write_text(HANG_UP)
         printer = self.printer(options=["--script", self.folder / "script"], line="tcp")
