@@ -35,6 +35,9 @@ class SocketCalls {
   // A stream socket for that way that never waits and sends small writes at once.
   virtual SocketHandle create(const SocketAddress& way) = 0;
   virtual bool close(SocketHandle handle) = 0;
+  // Lets the closing, when it comes, drop the bytes that have not reached the peer yet, where it
+  // would go on to send them.
+  virtual bool dropUnsent(SocketHandle handle) = 0;
   // Begins to connect; fails with kErrorWouldBlock while that is under way.
   virtual bool connect(SocketHandle handle, const SocketAddress& way) = 0;
   // Waits until the socket takes bytes, or its connecting came to an end; isReady is false where

@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kConnectSeconds = 5;
 constexpr double kWriteSeconds = 1;
+constexpr double kAnswerSeconds =
+    1;  // long enough for a block that is on its way in a local network
 constexpr std::uint32_t kReadBufferSize = 4096;
 constexpr int kMostDiscards = 64;  // a peer that never falls quiet must not hold a command
 constexpr std::uint32_t kErrorGenFailure = 31;  // Windows: a device that does not work
@@ -30,7 +32,9 @@ std::wstring TcpTransport::address() const {
 
 // Nobody is there to be told of a failure; the socket closes itself.
 TcpTransport::~TcpTransport() {
-  if (socket_) environment_.inUse.giveBack(port_);
+  if (!socket_) return;
+  environment_.inUse.giveBack(port_);
+  dropUnanswered();
 }
 
 std::int32_t TcpTransport::open() {
@@ -80,13 +84,22 @@ std::int32_t TcpTransport::connectWithin(const SocketAddress& way, double second
   }
   socket_ = std::move(socket);
   isHungUp_ = false;
+  unansweredSince_.reset();
   return 0;
 }
 
 std::int32_t TcpTransport::close() {
   if (!socket_) return 0;
   environment_.inUse.giveBack(port_);
+  dropUnanswered();
   return socket_.close() ? 0 : failCall(L"closesocket");
+}
+
+// Where this fails the connection is as good as gone, and the closing has its own error.
+void TcpTransport::dropUnanswered() {
+  if (!unansweredSince_) return;
+  const double waited = environment_.clock.monotonicSeconds() - *unansweredSince_;
+  if (waited >= kAnswerSeconds) environment_.calls.dropUnsent(socket_.get());
 }
 
 std::int32_t TcpTransport::read(std::string& bytes) {
@@ -102,6 +115,7 @@ std::int32_t TcpTransport::read(std::string& bytes) {
     failWith(kErrorDisconnected, L"recv");
     return -1;
   }
+  unansweredSince_.reset();
   const std::string_view read(buffer.data(), count);
   environment_.dump.write("Read ", read, address());
   bytes += read;
@@ -132,7 +146,10 @@ std::int32_t TcpTransport::write(std::string_view bytes) {
       break;
     }
   }
-  if (taken != 0) environment_.dump.write("Send ", bytes.substr(0, taken), address());
+  if (taken != 0) {
+    if (!unansweredSince_) unansweredSince_ = environment_.clock.monotonicSeconds();
+    environment_.dump.write("Send ", bytes.substr(0, taken), address());
+  }
   return static_cast<std::int32_t>(taken);
 }
 

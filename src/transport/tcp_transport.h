@@ -10,6 +10,7 @@
 #include "transport/transport.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,8 @@ class TcpTransport : public Transport {
   // kWrongAddress for a place that is no address, kPortInUse where the number is taken, or the
   // system's number. A failure leaves nothing open.
   std::int32_t open() override;
+  // A block that got no byte in answer for a second does not outlive this: the system would still
+  // deliver it when the network is back, and print a line that the host was told is uncertain.
   std::int32_t close() override;
   [[nodiscard]] bool isOpen() const override { return static_cast<bool>(socket_); }
   void setLines() override {}
@@ -55,6 +58,7 @@ class TcpTransport : public Transport {
   std::int32_t openAddress(const TcpAddress& address);
   std::int32_t connectWithin(const SocketAddress& way, double seconds);
   bool awaitTaking(double end);
+  void dropUnanswered();
   std::int32_t failCall(const wchar_t* call);
   std::int32_t failWith(std::uint32_t error, const wchar_t* call);
 
@@ -63,6 +67,7 @@ class TcpTransport : public Transport {
   std::wstring place_;
   OwnedSocket socket_;
   bool isHungUp_ = false;
+  std::optional<double> unansweredSince_;  // when the first byte was sent that nothing came after
   CommError lastError_;
 };
 

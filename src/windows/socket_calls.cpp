@@ -96,6 +96,12 @@ bool WindowsSocketCalls::close(SocketHandle handle) {
   return keepError(closesocket(toSocket(handle)));
 }
 
+bool WindowsSocketCalls::dropUnsent(SocketHandle handle) {
+  const LINGER atOnce{1, 0};
+  return keepError(setsockopt(toSocket(handle), SOL_SOCKET, SO_LINGER,
+                              reinterpret_cast<const char*>(&atOnce), sizeof atOnce));
+}
+
 bool WindowsSocketCalls::connect(SocketHandle handle, const SocketAddress& way) {
   return keepError(::connect(toSocket(handle), toSystem(way), sizeOf(way)));
 }

@@ -17,6 +17,7 @@ class WindowsSocketCalls : public SocketCalls {
                std::vector<SocketAddress>& found) override;
   SocketHandle create(const SocketAddress& way) override;
   bool close(SocketHandle handle) override;
+  bool dropUnsent(SocketHandle handle) override;
   bool connect(SocketHandle handle, const SocketAddress& way) override;
   bool awaitWriting(SocketHandle handle, double seconds, bool& isReady) override;
   bool isConnected(SocketHandle handle) override;

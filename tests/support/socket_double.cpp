@@ -62,8 +62,15 @@ SocketHandle SocketDouble::create(const SocketAddress& /*way*/) {
 
 bool SocketDouble::close(SocketHandle handle) {
   const bool succeeds = use("close", handle);
+  if (open_[handle].dropsUnsent) ++dropped_;
   open_.erase(handle);
   return succeeds;
+}
+
+bool SocketDouble::dropUnsent(SocketHandle handle) {
+  if (!use("dropUnsent", handle)) return false;
+  open_.at(handle).dropsUnsent = true;
+  return true;
 }
 
 bool SocketDouble::connect(SocketHandle handle, const SocketAddress& way) {

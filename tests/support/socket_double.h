@@ -37,11 +37,14 @@ class SocketDouble : public SocketCalls, public NearEnd {
   [[nodiscard]] const std::vector<std::string>& asked() const { return asked_; }
   [[nodiscard]] std::size_t openSockets() const { return open_.size(); }
   [[nodiscard]] std::size_t unread() const override;
+  // How many of the closed ones dropped what was unsent.
+  [[nodiscard]] int dropped() const { return dropped_; }
 
   bool resolve(const std::wstring& host, std::uint16_t port,
                std::vector<SocketAddress>& found) override;
   SocketHandle create(const SocketAddress& way) override;
   bool close(SocketHandle handle) override;
+  bool dropUnsent(SocketHandle handle) override;
   bool connect(SocketHandle handle, const SocketAddress& way) override;
   bool awaitWriting(SocketHandle handle, double seconds, bool& isReady) override;
   bool isConnected(SocketHandle handle) override;
@@ -59,6 +62,7 @@ class SocketDouble : public SocketCalls, public NearEnd {
   struct Connection {
     Answer answer = Answer::Silence;
     bool isHungUp = false;
+    bool dropsUnsent = false;
     std::deque<Arriving> incoming;
     double free = 0;  // when the last byte on its way has come
   };
@@ -75,6 +79,7 @@ class SocketDouble : public SocketCalls, public NearEnd {
   SocketHandle nextHandle_ = 200;
   SocketHandle current_ = kInvalidSocket;  // where the next bytes are sent
   std::uint32_t lastError_ = 0;
+  int dropped_ = 0;
   std::vector<std::string> asked_;  // hosts and ports
 };
 

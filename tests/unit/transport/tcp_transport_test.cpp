@@ -119,6 +119,43 @@ TEST(TcpTransfers, PeerThatTakesNoMoreGetsLessWithinASecond) {
   EXPECT_NEAR(bench.world.clock.total() - start, 2, 0.001);
 }
 
+// The system would deliver such a block when the network is back, and the line stood twice.
+TEST(TcpTransfers, UnansweredBlockDoesNotOutliveTheClosing) {
+  const struct {
+    const char* reason;
+    std::vector<double> waits;  // each after a block
+    bool isAnswered;
+    int dropped;
+  } kCases[] = {
+      {"on its way", {0.9}, false, 0},
+      {"lost", {1}, false, 1},
+      {"the first of two is lost", {0.6, 0.6}, false, 1},
+      {"answered, but for the last one", {2, 0.1}, true, 0},
+      {"nothing was sent", {}, false, 0},
+  };
+  for (const auto& item : kCases) {
+    for (const bool isClosed : {true, false}) {
+      PortBench bench;
+      SocketDouble& sockets = bench.world.sockets;
+      {
+        TcpTransport stream({sockets, bench.world.clock, bench.dump, bench.shared.inUse}, 7,
+                            L"tcp:box:4000");
+        ASSERT_EQ(stream.open(), 0);
+        for (const double wait : item.waits) {
+          std::string answer;
+          if (item.isAnswered) sockets.deliver("\x06");
+          stream.read(answer);
+          stream.write("block");
+          bench.world.clock.advance(wait);
+        }
+        if (isClosed) stream.close();
+      }
+      EXPECT_EQ(sockets.dropped(), item.dropped) << item.reason;
+      EXPECT_EQ(sockets.openSockets(), 0U);
+    }
+  }
+}
+
 TEST(TcpTransfers, DumpNamesTheAddress) {
   TcpBench bench;
   bench.world.settings.set(kPortSection, L"DEBUG", L"1");

@@ -85,6 +85,20 @@ TEST(SocketCalls, MoveBytesWithoutWaitingAndTellTheHangUp) {
   EXPECT_FALSE(calls.close(handle));
 }
 
+TEST(SocketCalls, ClosingEndsTheConnectionAtOnceWhereItDropsWhatIsUnsent) {
+  const Listener listener;
+  WindowsSocketCalls calls;
+  const SocketHandle handle = connecting(calls, listener.port());
+  const SOCKET peer = listener.accepted();
+  EXPECT_TRUE(calls.dropUnsent(handle));
+  EXPECT_TRUE(calls.close(handle));
+  EXPECT_FALSE(calls.dropUnsent(handle));
+  char byte = 0;
+  EXPECT_EQ(recv(peer, &byte, 1, 0), SOCKET_ERROR);
+  EXPECT_EQ(WSAGetLastError(), WSAECONNRESET);
+  closesocket(peer);
+}
+
 TEST(SocketCalls, RefusalTellsWhy) {
   Listener listener;
   const std::uint16_t port = listener.port();
