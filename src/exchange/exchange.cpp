@@ -153,7 +153,6 @@ bool Exchange::requestStatus() {
   outcome.pfError = pfOk;
   outcome.STS1 = 0;
   outcome.STS2 = 0;
-  member_.block.reset();
   if (state_.testMode || state_.skipChecks) return true;
   if (!isOpen()) {
     setPortClosed();
@@ -176,7 +175,6 @@ bool Exchange::awaitStatus() {
   const OpeningRef opening = member_.opening;
   const Look written = line_.writeSurely(opening, thread_.codePage().encode(kEnquiry));
   if (!isUsable(written)) return false;
-  opening->isSettled = false;
   ++opening->statusesDue;
   const WaitEnd end = WaitForReply(true);
   if (end == WaitEnd::Closed || end == WaitEnd::Lost) return false;
@@ -196,9 +194,7 @@ bool Exchange::awaitStatus() {
 // the number that a failed Abrir left.
 std::int32_t Exchange::write(std::wstring_view text) {
   if (!isOpen()) throw subscriptOutOfRange();
-  const OpeningRef opening = member_.opening;
-  opening->isSettled = false;
-  return line_.write(opening, thread_.codePage().encode(text));
+  return line_.write(member_.opening, thread_.codePage().encode(text));
 }
 
 void Exchange::addToPreview(const std::wstring& line) {

@@ -58,6 +58,7 @@ std::string Line::discard(Opening& opening) {
 
 std::int32_t Line::write(const OpeningRef& opening, std::string_view bytes) {
   if (!isOpen(opening)) return -1;
+  opening->isSettled = false;
   const std::int32_t count = opening->transport->write(bytes);
   runHost();
   return count;

@@ -60,8 +60,8 @@ class Line {
   Look look(const OpeningRef& opening, std::string& bytes);
   // Takes off the line what is waiting; the line is not settled then.
   [[nodiscard]] std::string discard(Opening& opening);
-  // Writes, then runs the host's message loop. The count of bytes written; -1 on failure, also
-  // where the opening is not this line's any more.
+  // Writes, then runs the host's message loop; the line is not settled then. The count of bytes
+  // written; -1 on failure, also where the opening is not this line's any more.
   std::int32_t write(const OpeningRef& opening, std::string_view bytes);
   // As write, but a failure is tried again until it has passed, or the device counts as lost.
   Look writeSurely(const OpeningRef& opening, std::string_view bytes);

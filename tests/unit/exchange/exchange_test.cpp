@@ -21,9 +21,13 @@ TEST(Exchange, StatusReplySetsBothBytesAndEmptiesTheResult) {
   EXPECT_EQ(outcome.resultFlag, ETX);
   EXPECT_EQ(outcome.DescripcionError, L"Ok");
   EXPECT_EQ(outcome.result, L"");
+  bench.printer().answersToBlock = {blockOf("AB")};
+  static_cast<void>(bench.exchange().GetResponse(L"S9"));
+  ASSERT_NE(outcome.result, L"");
   bench.printer().answersToStatus = {Answer{}};
   bench.exchange().GetStatus();
   EXPECT_EQ(outcome.pfError, pfCommError);
+  EXPECT_EQ(outcome.result, L"") << "what came before is no answer";
   EXPECT_EQ(outcome.STS1 + outcome.STS2, 0) << "no status, no bytes";
 }
 
@@ -126,10 +130,10 @@ TEST(Exchange, SettingsTellRefusalsAndEndTheAsking) {
                           1,  L"Se recibi\u00F3 NAK", "refused"};
   OpenBench refusing({{L"RechazoEsError", L"True"}});
   check(refusing, refused);
-  OpenBench limited({{L"LimiteEspera", L"25"}});
+  OpenBench limited({{L"LimiteEspera", L"21"}});
   const double start = limited.world().clock.total();
   check(limited, {Answers(99), {}, pfCommError, ETX, 0, 3, L"pfError de comunicacion", "silent"});
-  EXPECT_NEAR(limited.world().clock.total() - start, 25, 0.1);
+  EXPECT_NEAR(limited.world().clock.total() - start, 21, 0.1);
   OpenBench unanswered({{L"LimiteEspera", L"2,5"}});
   check(unanswered, {{}, Answers(9), pfCommError, ETX, 1, 1, L"pfError de comunicacion", "block"});
 }
@@ -220,8 +224,10 @@ TEST(Exchange, ClosedSessionWritesNothing) {
   bench.exchange().ExecuteNoCheck(L"w");
   EXPECT_EQ(bench.outcome().pfError, pfCommError);
   bench.outcome() = {};
+  bench.outcome().result = L"of an earlier command";
   bench.exchange().GetStatus();
   EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
+  EXPECT_EQ(bench.outcome().result, L"");
   EXPECT_EQ(errorOf([&] { bench.exchange().SendDirect(L"w"); }), 9);
   EXPECT_EQ(errorOf([&] { bench.exchange().SendAck(); }), 9);
   EXPECT_EQ(errorOf([&] { bench.exchange().NextStatusBlock(); }), 9);
@@ -273,6 +279,15 @@ TEST(Exchange, SecondOfTwoLateStatusesIsNoAnswerToACommand) {
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks.size(), 2U);
   EXPECT_EQ(bench.exchange().lastSend().outcome(), envAceptadoDudoso);
+}
+
+TEST(Exchange, ReplyOfTwoBytesIsNoLateStatusOnceACommandWasAnswered) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.printer().answersToStatus = {Answer{}};
+  bench.exchange().GetStatus();
+  bench.session().Execute(L"w");
+  bench.printer().answersToBlock = {blockOf("AB")};
+  EXPECT_EQ(bench.exchange().GetResponse(L"S9"), Lines{L"AB"});
 }
 
 // Where a read lasts as long as the wait, its bytes came in time.
