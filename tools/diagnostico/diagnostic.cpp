@@ -34,7 +34,7 @@ class Diagnostic {
         thread_(system.environment()),
         settings_(thread_.currentSettings()),
         printer_({}, simulator::systemTime),
-        report_(arguments.tellsPrivateData) {}
+        report_(arguments.tellsPrivateData, [&](const auto& text) { system.say(text); }) {}
 
   const DiagnosticReport& run() {
     tellMachine();
@@ -173,7 +173,6 @@ std::shared_ptr<Transport> Diagnostic::stream(std::int16_t port, bool readsExact
 int runWith(const DiagnosticArguments& arguments, DiagnosticSystem& system) {
   Diagnostic diagnostic(arguments, system);
   const DiagnosticReport& report = diagnostic.run();
-  system.say(report.text());
   if (arguments.report && !system.save(*arguments.report, report.text())) {
     system.complain(L"corvid-diagnostico: no se pudo escribir " + *arguments.report + L"\n");
     return kReportNotWritten;

@@ -25,6 +25,7 @@ class DiagnosticBench : public DiagnosticSystem, public LinePeer {
   int run(const Lines& arguments) { return runDiagnostic(arguments, *this); }
 
   void received(std::string_view bytes, NearEnd& end) override {
+    if (sent.empty()) saidUnanswered = said;
     sent.emplace_back(bytes);
     faulty.received(bytes, end);
   }
@@ -49,6 +50,7 @@ class DiagnosticBench : public DiagnosticSystem, public LinePeer {
   bool canSave = true;
   std::vector<std::string> sent;
   std::wstring said;
+  std::wstring saidUnanswered;  // before the first byte reached the printer
   std::wstring complained;
   std::map<std::wstring, std::wstring> saved;
 };

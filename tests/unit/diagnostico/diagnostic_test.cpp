@@ -56,6 +56,14 @@ TEST(Diagnostic, OnlyAsksAtEveryFailingCall) {
   }
 }
 
+// With a printer that hangs it is all that there is to see.
+TEST(Diagnostic, SaysAtOnceWhatItKnows) {
+  DiagnosticBench bench;
+  bench.run({L"--puerto", L"7"});
+  EXPECT_TRUE(bench.said.starts_with(bench.saidUnanswered));
+  EXPECT_NE(bench.saidUnanswered.find(L"\nImpresora en COM7\n"), std::wstring::npos);
+}
+
 TEST(Diagnostic, OnlyAsksOnEveryDamagedLine) {
   forEachSeed(seedCount() / 10, [](Draw& draw) {
     DiagnosticBench bench;
