@@ -148,6 +148,14 @@ TEST(StringBuffer, ReplaceWorksOnTheWholeStoreAndEndsTheTextAtTheFirstNul) {
   }
 }
 
+TEST(StringBuffer, StoreThatAReplaceLengthenedIsFilledBeforeItGrows) {
+  CStringBuffer buffer = holding(L"abc");
+  buffer.Replace(L"c", std::wstring(kChunk, L'x'));
+  buffer.Append(std::wstring(kChunk - 3, L'y'));
+  const std::wstring text = L"ab" + std::wstring(kChunk, L'x') + std::wstring(kChunk - 3, L'y');
+  EXPECT_EQ(storeLength(buffer, text), 2 * kChunk - 1);
+}
+
 TEST(StringBuffer, WithoutAnyNulTheTextHasNoEndUntilItIsSetAnew) {
   CStringBuffer buffer = holding(L"abc");
   buffer.Replace(kNul, L"");
