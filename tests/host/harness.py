@@ -30,7 +30,8 @@ LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
 
 # What every script begins with. Say writes a value so that any console can carry it; the script
-# host under Wine knows Asc alone, so codes are those of Windows-1252.
+# host under Wine knows Asc alone, so codes are those of Windows-1252. After On Error Resume Next a
+# line that fails is left out, with what it expects: the error stays, and the next Expect tells it.
 PRELUDE = """
 Function Plain(text)
   Dim i, code
@@ -48,6 +49,15 @@ Sub Say(name, value)
 End Sub
 Sub SayError(name)
   Say name, Err.Number & "|" & Err.Source & "|" & Err.Description
+  Err.Clear
+End Sub
+Sub Expect(name, value, expected)
+  If Err.Number <> 0 Or Plain("" & value) <> "" & expected Then
+    WScript.Echo "wrong " & name & ": " & Plain("" & value) & " with error " & Err.Number
+  End If
+End Sub
+Sub ExpectError(name, number)
+  If Err.Number <> number Then WScript.Echo "wrong " & name & ": error " & Err.Number
   Err.Clear
 End Sub
 Function NewPrinter()
@@ -225,14 +235,17 @@ class HostTest(unittest.TestCase):
         return Said(output), code
 
     def run_script(self, text, port=7, name="host.vbs", **arguments):
-        """Runs VBScript as a host's file would be: Windows-1252, CR LF. It must reach its end.
+        """Runs VBScript as a host's file would be: Windows-1252, CR LF. It must reach its end and find
+        what it expects.
 
         The number of the port stands for "<port>" in the script.
         """
-        whole = f"{PRELUDE}{text}\nWScript.Echo \"{SENTINEL}\"\n".replace("<port>", str(port))
+        end = f'ExpectError "the end", 0\nWScript.Echo "{SENTINEL}"\n'
+        whole = f"{PRELUDE}{text}\n{end}".replace("<port>", str(port))
         (self.folder / name).write_bytes(whole.replace("\n", "\r\n").encode("cp1252"))
         said, _ = self.start_host(["cscript", "//nologo", name], **arguments)
         self.assertIn(SENTINEL, said.whole, "the script did not reach its end")
+        self.assertNotRegex(said.whole, "(?m)^wrong ")
         return said
 
     def run_together(self, jobs):

@@ -61,10 +61,6 @@ class Case(typing.NamedTuple):
 BEFORE = ("Antes de Abrir", "nada enviado", 0, 0)
 CANCEL = "CancelarTransaccion"
 CASES = {
-    "accepted": Case("reset", 0, [
-        ("PasarItem", "aceptado", 1, 0), ("PasarItem", "aceptado", 1, 0),
-        ("CerrarConMedio", "aceptado", 1, 0),
-    ], (1, 1), CLOSED),
     "refused": Case("error 65", 0, [
         ("PasarItem", "rechazado", 7, 0), (CANCEL, "rechazado", 7, 0),
     ], (0, 0), advice="atienda la impresora. Sin papel"),
@@ -131,11 +127,14 @@ class Examples(SaleTest):
             functools.partial(self.sell_surely, *job) for job in zip(PORTS, CASES, CASES.values())
         ])  # fmt: skip
 
-    def sell_surely(self, port, name, case):
+    def folder_with_limit(self, name, limit):
         folder = self.folder / name
         folder.mkdir()
-        settings = ["[Config\\NimbusPF]", "TimeOut=1", f"LimiteEspera={case.limit}", ""]
-        (folder / "ORV.ini").write_text("\r\n".join(settings))
+        (folder / "ORV.ini").write_text(f"[Config\\NimbusPF]\nTimeOut=1\nLimiteEspera={limit}\n")
+        return folder
+
+    def sell_surely(self, port, name, case):
+        folder = self.folder_with_limit(name, case.limit)
         with self.printer(port, name) as printer:
             for line in case.fault.split("|"):
                 printer.tell(line)
@@ -164,9 +163,7 @@ class Examples(SaleTest):
     def sell_despite(self, port, nth):
         """The host's verdict, or none where the sale had fewer commands."""
         name = f"lost {nth}"
-        folder = self.folder / name
-        folder.mkdir()
-        (folder / "ORV.ini").write_text("[Config\\NimbusPF]\r\nTimeOut=1\r\nLimiteEspera=1\r\n")
+        folder = self.folder_with_limit(name, 1)
         (folder / "script").write_text(f"after {nth} lose 1\n")
         with self.printer(port, name, ["--script", str(folder / "script")]) as printer:
             output = self.start_host([*ENVIO, port], cwd=folder)[0].whole

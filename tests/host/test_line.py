@@ -11,12 +11,11 @@ DRAWER = """
 Set p = NewPrinter()
 p.SerialPrinter = "Z1F0000001"
 p.Abrir <port>
-Say "drawer", p.Execute("w")
+Expect "drawer", p.Execute("w"), 0
 Say "outcome", p.pfError & " " & p.resultFlag & " " & p.STS1 & " " & p.DescripcionError
 fields = p.GetResponse("S1")
-Say "fields", UBound(fields) & " " & fields(0)
+Expect "fields", UBound(fields) & " " & fields(0), "15 S100"
 """
-GOOD = {"drawer": "0", "fields": "15 S100"}
 
 # fault, how often the command goes out, outcome: pfError, resultFlag, STS1, words (when they count)
 FAULTS = [
@@ -40,25 +39,23 @@ VANISHING = """
 On Error Resume Next
 Set p = NewPrinter()
 p.Abrir 7
-Say "at first", p.PasarItem("PAN", 1, 1, 0)
+Expect "at first", p.PasarItem("PAN", 1, 1, 0), 0
 sold = 0
 Do
   sold = sold + 1
   failure = p.PasarItem("PAN", 1, 1, 0)
 Loop While failure = 0 And sold < 100000 And Err.Number = 0
-SayError "error"
-Say "failure", failure & " " & p.pfError
-Say "again", p.Execute("w")
+Expect "failure", failure & " " & p.pfError, "1 1"
+Expect "again", p.Execute("w"), 1
 fields = p.GetResponse("S1")
-Say "fields", UBound(fields) & " " & fields(0)
+Expect "fields", UBound(fields) & " " & fields(0), "0 pfError"
 p.Cerrar
 started = Timer
 Do
   Err.Clear
   p.Abrir 7
 Loop While Err.Number <> 0 And Timer - started < 60
-Say "reopened", Err.Number
-Say "drawer", p.Execute("w")
+Expect "drawer", p.Execute("w"), 0
 p.Cerrar
 """
 
@@ -77,7 +74,7 @@ class Line(HostTest):
         with self.printer(port, name) as printer:
             printer.tell(fault)
             said = self.run_script(DRAWER, port, f"{name}.vbs")
-            self.assertEqual(said, {**GOOD, "outcome": outcome}, fault)
+            self.assertEqual(said, {"outcome": outcome}, fault)
             self.assertEqual(printer.commands().count(b"w"), times, fault)
 
     def test_a_printer_that_vanishes_and_comes_back(self):
@@ -87,11 +84,7 @@ class Line(HostTest):
             wait_until(lambda: len(printer.commands()) > 4 or host.done())
             printer.vanish()
             next_printer = self.printer(name="second")
-            said = host.result()
-        self.assertEqual(said, {
-            "at first": "0", "error": "0||", "failure": "1 1", "again": "1",
-            "fields": "0 pfError", "reopened": "0", "drawer": "0",
-        })  # fmt: skip
+            host.result()
         self.assertEqual(next_printer.commands(), [b"w"])
 
 

@@ -85,28 +85,6 @@ class Registration(RegistrationTest):
         register("/u")
         self.assertEqual(self.all_rows(), self.before, "taking back twice changes something")
 
-    # Wine creates objects by the machine's entries alone, and has one view of the user's.
-    def test_a_user_registers_without_touching_the_machine(self):
-        register()
-        machine = added(self.before, self.all_rows())
-        register("/u")
-        register("/n", "/i:user")
-        user = added(self.before, self.all_rows())
-        self.assertEqual({place for place, _ in user}, {USER})
-        values = {key: values for (_, key), values in user.items() if values}
-        self.assertEqual(values, {key: values for (_, key), values in machine.items()
-                                  if values and not key.startswith("wow6432node")})  # fmt: skip
-        copy = self.folder / "copy.reg"
-        exported = (self.folder / "HKEY_CURRENT_USER.reg").read_text(encoding="utf-16")
-        copy.write_text(exported.replace(f"[{USER}", f"[{MACHINE}"), encoding="utf-16")
-        self.assertEqual(registry("import", windows_path(copy))[0], 0)
-        self.assertEqual(self.creation(), CREATED)
-        register("/u")
-        register("/u", "/n", "/i:user")
-        left = added(self.before, self.all_rows())
-        self.assertLessEqual({key for _, key in left}, {"", "clsid", "interface", "typelib"})
-        self.assertFalse(any(left.values()), left)
-
 
 if __name__ == "__main__":
     harness.main()

@@ -17,18 +17,17 @@ SayError "refused"
 p.Abrir 9
 SayError "no address"
 p.Abrir 7
-Say "first", p.PasarItem("PAN", 12.5, 2, 16)
-Say "second", p.PasarItem("QUESO", 10, 1, 16)
-Say "outcome", p.pfError & " " & p.UltimoEnvio & " " & p.DescripcionError
-Say "at once", p.Milisegundos < 5000
-Say "while lost", p.Execute("w")
-SayError "errors"
+Expect "first", p.PasarItem("PAN", 12.5, 2, 16), 0
+Expect "second", p.PasarItem("QUESO", 10, 1, 16), 1
+Expect "outcome", p.pfError & " " & p.UltimoEnvio & " " & p.DescripcionError, _
+  "1 4 pfError de comunicacion"
+Expect "at once", p.Milisegundos < 5000, True
+Expect "while lost", p.Execute("w"), 1
 p.Abrir 7
-SayError "reopened"
-Say "document", p.STS1
-Say "third", p.PasarItem("LECHE", 1, 1, 0)
-Say "payment", p.CerrarConMedio(1, 100)
-Say "invoice", p.numeroUltimaFactura
+Expect "document", p.STS1, 97
+Expect "third", p.PasarItem("LECHE", 1, 1, 0), 0
+Expect "payment", p.CerrarConMedio(1, 100), 0
+Expect "invoice", p.numeroUltimaFactura, 1
 p.Cerrar
 """
 
@@ -69,16 +68,11 @@ class Tcp(HostTest):
             r"Config\Puertos": {"7": f"tcp:{printer.line}", "8": "tcp:127.0.0.1:1", "9": "COM12"},
         })  # fmt: skip
         said = self.run_script(SALE)
-        refused = said.pop("refused")
-        self.assertRegex(refused, r"^40001\|PrinterFiscal\.Abrir\|Error \(10061\): "
+        self.assertRegex(said["refused"], r"^40001\|PrinterFiscal\.Abrir\|Error \(10061\): "
                          r"tcp:127\.0\.0\.1:1 \(connect\) - .")  # fmt: skip
-        self.assertEqual(said, {
-            "no address": "40001|PrinterFiscal.Abrir|Error (-2): Config\\Puertos\\9 - "
-                          '"COM12" no es una direcci{243}n como tcp:192.168.1.50:4000',
-            "first": "0", "second": "1", "outcome": "1 4 pfError de comunicacion",
-            "at once": "True", "while lost": "1", "errors": "0||", "reopened": "0||",
-            "document": "97", "third": "0", "payment": "0", "invoice": "1",
-        })  # fmt: skip
+        self.assertEqual(said["no address"],
+                         "40001|PrinterFiscal.Abrir|Error (-2): Config\\Puertos\\9 - "
+                         '"COM12" no es una direcci{243}n como tcp:192.168.1.50:4000')  # fmt: skip
         paper = printer.paper()
         self.assertEqual([paper.count(name) for name in ("PAN", "QUESO", "LECHE")], [1, 1, 1])
         trace = (self.folder / "trace.log").read_bytes().decode("cp1252")
