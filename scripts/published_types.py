@@ -1,8 +1,9 @@
 """What class browsers show of a type library's file: types, members, arguments, help strings."""
 
 import dataclasses
+import uuid
 
-from type_library import NAMES, TYPES, VALUES, segments, types, words
+from type_library import GUIDS, NAMES, TYPES, VALUES, segments, types, words
 
 REFERENCES, STRINGS, DESCRIPTIONS = 3, 8, 9  # segments
 KIND_MASK, ENUMERATION, CLASS = 0xF, 0, 5  # kinds of types
@@ -37,6 +38,7 @@ class Member:
     arguments: list = dataclasses.field(default_factory=list)
     value: int = 0
     is_settable: bool = False  # a property
+    id: int = 0  # by which it is called
 
 
 @dataclasses.dataclass
@@ -46,6 +48,8 @@ class Published:
     help: str
     members: list
     offers: list  # of a class: the names of its interfaces; of an interface: the one that it extends
+    flags: int
+    identifier: str  # in braces
 
 
 class Reader:
@@ -59,7 +63,22 @@ class Reader:
             record = words(self._data, self._table[TYPES][0] + offset, 25)
             kind = record[0] & KIND_MASK
             yield Published(name, kind, self._string(record[15]), list(self._members(record)),
-                            list(self._offered(kind, record)))  # fmt: skip
+                            list(self._offered(kind, record)), record[12],
+                            self._identifier(record[11]))  # fmt: skip
+
+    @property
+    def library(self):
+        """Name, identifier and version."""
+        identifier, version, name = (words(self._data, at, 1)[0] for at in (8, 0x18, 0x38))
+        return f"{self._name(name)} {self._identifier(identifier)} {version & 0xFFFF}.{version >> 16}"
+
+    @property
+    def library_help(self):
+        return self._string(words(self._data, 0x24, 1)[0])
+
+    def _identifier(self, offset):
+        at = self._table[GUIDS][0] + offset
+        return f"{{{uuid.UUID(bytes_le=self._data[at : at + 16])}}}".upper()
 
     def _offered(self, kind, record):
         reference = record[21]
@@ -77,12 +96,13 @@ class Reader:
         if not count:
             return
         at = begin + 4
-        names = words(self._data, at + words(self._data, begin, 1)[0] + 4 * count, count)
-        for number, name in enumerate(names):
+        told = words(self._data, at + words(self._data, begin, 1)[0], 2 * count)
+        for number, (identifier, name) in enumerate(zip(told[:count], told[count:])):
             size = words(self._data, at, 1)[0] & 0xFFFF
             read = self._function if number < functions else self._variable
             member = read(self._name(name), words(self._data, at, size // 4))
             if member:
+                member.id = identifier
                 yield member
             at += size
 
@@ -95,7 +115,8 @@ class Reader:
         defaults = [NONE] * count
         if record[4] & HAS_DEFAULTS:
             optional, defaults = optional[: len(optional) - count], optional[len(optional) - count :]
-        member = Member(name, self._string(optional[HELP]), record[4] >> 3 & 0xF)
+        text = self._string(optional[HELP]) if len(optional) > HELP else ""
+        member = Member(name, text, record[4] >> 3 & 0xF)
         for i in range(count):
             kind, called, flags = parameters[PARAMETER * i : PARAMETER * (i + 1)]
             named, by_reference = self._type(kind)

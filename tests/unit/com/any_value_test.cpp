@@ -2,18 +2,15 @@
 #include "com/printer_fiscal_object.h"
 #include "com/safe_array.h"
 #include "com/string_buffer_object.h"
-#include "com/type_descriptions.h"
 #include "com/z_report_objects.h"
+#include "support/seeds.h"
 #include "support/session_bench.h"
-#include "unit/com/type_library_reader.h"
+#include "unit/com/automation_host.h"
 
-#include <dispex.h>
 #include <psapi.h>
 
 #include <array>
 #include <climits>
-#include <cstdlib>
-#include <cstring>
 #include <deque>
 #include <limits>
 #include <map>
@@ -25,58 +22,6 @@ namespace corvid::testing {
 ComPtr<IDispatch> previewWithoutPrinter(const Settings& settings);
 
 namespace {
-
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// An object of the host's that answers its default property with a value, and every interface with
-// itself: nothing that a stranger answers may be believed.
-class Stranger : public IDispatch {
- public:
-  explicit Stranger(HRESULT outcome, Variant value = {})
-      : outcome_(outcome), value_(std::move(value)) {}
-
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    *object = id == __uuidof(IDispatchEx) ? nullptr : this;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-    return DISP_E_UNKNOWNNAME;
-  }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                      UINT*) override {
-    if (isRing) {
-      *result = objectValue(this).detach();
-    } else if (result != nullptr && SUCCEEDED(outcome_)) {
-      VariantCopy(result, value_.get());
-    }
-    return outcome_;
-  }
-
-  ULONG references = 1;
-  bool isRing = false;
-
- private:
-  HRESULT outcome_;
-  Variant value_;
-};
-
-#pragma GCC diagnostic pop
-
-template <class Number>
-VARIANT raw(VARTYPE type, Number value) {
-  static_assert(sizeof(Number) <= sizeof(void*) * 2);
-  VARIANT variant{};
-  V_VT(&variant) = type;
-  std::memcpy(&V_UI1(&variant), &value, sizeof value);
-  return variant;
-}
 
 VARIANT decimal(ULONG high) {
   VARIANT variant{};
@@ -97,7 +42,7 @@ class Values {
     addReferences();
     for (const int type : std::initializer_list<int>{VT_RECORD, VT_CARRAY, VT_VECTOR | VT_I4,
                                                      VT_PTR, VT_USERDEFINED}) {
-      add(raw<void*>(static_cast<VARTYPE>(type), nullptr));
+      add(raw<void*>(type, nullptr));
     }
   }
   Values(const Values&) = delete;
@@ -164,10 +109,10 @@ class Values {
   }
 
   void addObjects() {
-    ring_.isRing = true;
     add(raw<void*>(VT_DISPATCH, nullptr));
     add(raw<void*>(VT_UNKNOWN, nullptr));
-    for (Stranger* const one : {&plain_, &speaking_, &ring_}) {
+    for (HostObject* const one : {&plain_, &speaking_, &ring_}) {
+      one->isEverything = true;
       add(raw<IDispatch*>(VT_DISPATCH, one));
     }
     add(raw<IUnknown*>(VT_UNKNOWN, &plain_));
@@ -179,7 +124,7 @@ class Values {
     trueSizes_[array] = array->cbElements;
     if (elementSize != 0) array->cbElements = elementSize;
     arrays_.push_back(array);
-    add(raw(static_cast<VARTYPE>(VT_ARRAY | type), array));
+    add(raw(VT_ARRAY | type, array));
   }
 
   void addArrays() {
@@ -210,15 +155,26 @@ class Values {
     add(raw(VT_BYREF | VT_ARRAY | VT_VARIANT, arrays_.data()));
     for (const int type : std::initializer_list<int>{VT_I4, VT_BSTR, VT_VARIANT, VT_DISPATCH,
                                                      VT_ARRAY | VT_VARIANT}) {
-      add(raw<void*>(static_cast<VARTYPE>(VT_BYREF | type), nullptr));
+      add(raw<void*>(VT_BYREF | type, nullptr));
     }
   }
 
   std::vector<VARIANT> all_;
   std::deque<Bstr> texts_;
-  Stranger plain_{DISP_E_MEMBERNOTFOUND};
-  Stranger speaking_{S_OK, number(16)};
-  Stranger ring_{S_OK};
+  // Answer their default property: with nothing, a number, themselves.
+  HostObject plain_{L"", [](DISPPARAMS&, VARIANT*) { return DISP_E_MEMBERNOTFOUND; }, DISPID_VALUE};
+  HostObject speaking_{L"",
+                       [](DISPPARAMS&, VARIANT* result) {
+                         if (result != nullptr) *result = number(16).detach();
+                         return S_OK;
+                       },
+                       DISPID_VALUE};
+  HostObject ring_{L"",
+                   [this](DISPPARAMS&, VARIANT* result) {
+                     *result = objectValue(&ring_).detach();
+                     return S_OK;
+                   },
+                   DISPID_VALUE};
   std::vector<SAFEARRAY*> arrays_;
   std::map<SAFEARRAY*, ULONG> trueSizes_;
   VARIANT number_{};
@@ -279,22 +235,16 @@ class AnyValue : public AutomationTest {
 
   struct Member {
     IDispatch* object;
-    FUNCDESC* description;
+    const FUNCDESC* description;
     std::wstring name;
   };
   // Calls every member in turn.
   template <class Call>
-  void forEachMember(Call&& call) {
+  void callEach(Call&& call) {
     for (const ComPtr<IDispatch>& object : objects_) {
-      ComPtr<ITypeInfo> info;
-      ASSERT_EQ(S_OK, object->GetTypeInfo(0, 0, info.put()));
-      const TypeAttributes attributes = attributesOf(*info.get());
-      for (UINT i = 0; i < attributes->cFuncs; ++i) {
-        const FunctionDescription one = functionAt(*info.get(), i);
-        const std::wstring name = nameOf(*info.get(), one->memid);
-        if ((one->wFuncFlags & FUNCFLAG_FRESTRICTED) != 0 || needsAPerson(name)) continue;
-        call(Member{object.get(), one.get(), name});
-      }
+      forEachMember(object.get(), [&](const FUNCDESC& one, const std::wstring& name) {
+        if (!needsAPerson(name)) call(Member{object.get(), &one, name});
+      });
     }
   }
 
@@ -334,7 +284,7 @@ UINT argumentsOf(const FUNCDESC& description) {
 TEST_F(AnyValue, GivesDocumentedErrorsAndSendsNothingAfterOne) {
   const Values values;
   int calls = 0;
-  forEachMember([&](const Member& member) {
+  callEach([&](const Member& member) {
     const UINT count = argumentsOf(*member.description);
     for (UINT place = 0; place < count; ++place) {
       for (const VARIANT& value : values.all()) {
@@ -370,25 +320,19 @@ std::size_t privateBytes() {
 }
 
 // CORVID_CALLS sets how often each member is called; a leak of 128 bytes a call shows in any case.
-int callsToEachMember() {
-  constexpr int kUsualCalls = 500;
-  const char* const wanted = std::getenv("CORVID_CALLS");
-  return wanted == nullptr ? kUsualCalls : std::atoi(wanted);
-}
-
 TEST_F(AnyValue, LeavesNoMemoryBehind) {
-  const int calls = callsToEachMember();
-  const std::size_t slack = std::size_t{128} * static_cast<std::size_t>(calls);
+  const unsigned calls = environmentNumber("CORVID_CALLS", 500);
+  const std::size_t slack = std::size_t{128} * calls;
   const Bstr words(L"16" +
                    std::wstring(200, L' '));  // a number whose text is larger than the slack
-  forEachMember([&](const Member& member) {
+  callEach([&](const Member& member) {
     // A report and a text grow by what they are given.
     if (member.name == L"Add" || member.name.starts_with(L"Append") || member.name == L"Insert" ||
         member.name == L"PageBreak" || member.name == L"LoadText") {
       return;
     }
     std::size_t before = 0;
-    for (int i = 0; i < 2 * calls; ++i) {
+    for (unsigned i = 0; i < 2 * calls; ++i) {
       std::vector<VARIANT> arguments(argumentsOf(*member.description), raw(VT_BSTR, words.get()));
       invoke(member, arguments);
       bench_.world().serial.clearLog();

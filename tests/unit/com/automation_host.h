@@ -4,12 +4,17 @@
 
 #include "com/com_ptr.h"
 #include "com/platform.h"
+#include "com/type_descriptions.h"
 #include "com/variant.h"
 #include "corvid_interfaces.h"
 
+#include <dispex.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvid::testing {
@@ -45,32 +50,29 @@ inline ComPtr<ICStringBuffer> newBuffer() {
 
 inline Variant text(const wchar_t* characters) { return Variant(Bstr(characters)); }
 
-inline Variant number(double value) {
-  Variant variant;
-  V_VT(variant.get()) = VT_R8;
-  V_R8(variant.get()) = value;
+// A value as its host made it; what it refers to stays the caller's.
+template <class Value>
+VARIANT raw(int type, Value value) {
+  static_assert(sizeof(Value) <= sizeof(void*) * 2);
+  VARIANT variant{};
+  V_VT(&variant) = static_cast<VARTYPE>(type);
+  std::memcpy(&V_UI1(&variant), &value, sizeof value);
   return variant;
 }
 
+template <class Number>
+Variant holding(VARTYPE type, Number value) {
+  Variant variant;
+  *variant.get() = raw(type, value);
+  return variant;
+}
+
+inline Variant number(double value) { return holding(VT_R8, value); }
 inline Variant boolean(bool value) {
-  Variant variant;
-  V_VT(variant.get()) = VT_BOOL;
-  V_BOOL(variant.get()) = value ? VARIANT_TRUE : VARIANT_FALSE;
-  return variant;
+  return holding(VT_BOOL, value ? VARIANT_TRUE : VARIANT_FALSE);
 }
-
-inline Variant nullValue() {
-  Variant variant;
-  V_VT(variant.get()) = VT_NULL;
-  return variant;
-}
-
-inline Variant missing() {
-  Variant variant;
-  V_VT(variant.get()) = VT_ERROR;
-  V_ERROR(variant.get()) = DISP_E_PARAMNOTFOUND;
-  return variant;
-}
+inline Variant nullValue() { return holding(VT_NULL, 0); }
+inline Variant missing() { return holding(VT_ERROR, DISP_E_PARAMNOTFOUND); }
 
 inline Variant objectValue(IDispatch* object) {
   Variant variant;
@@ -81,12 +83,7 @@ inline Variant objectValue(IDispatch* object) {
 }
 
 // How a script passes a variable of its own.
-inline VARIANT variable(Variant& holder) {
-  VARIANT reference;
-  V_VT(&reference) = VT_BYREF | VT_VARIANT;
-  V_VARIANTREF(&reference) = holder.get();
-  return reference;
-}
+inline VARIANT variable(Variant& holder) { return raw(VT_BYREF | VT_VARIANT, holder.get()); }
 
 // The text of a Variant that holds one, and a mark where it does not.
 inline std::wstring textIn(const Variant& value) {
@@ -134,6 +131,24 @@ inline LateResult callLate(IDispatch* object, const wchar_t* name,
   return invokeWith(object, idOf(object, name), DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters);
 }
 
+inline std::wstring nameOf(ITypeInfo& info, MEMBERID member) {
+  Bstr name;
+  info.GetDocumentation(member, name.put(), nullptr, nullptr, nullptr);
+  return std::wstring(name.view());
+}
+
+// The members of an object's type, but for those that class browsers hide; `call` gets each.
+template <class Call>
+void forEachMember(IDispatch* object, Call&& call) {
+  ComPtr<ITypeInfo> info;
+  ASSERT_EQ(S_OK, object->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put()));
+  const UINT count = attributesOf(*info.get())->cFuncs;
+  for (UINT i = 0; i < count; ++i) {
+    const FunctionDescription one = functionAt(*info.get(), i);
+    if ((one->wFuncFlags & FUNCFLAG_FRESTRICTED) == 0) call(*one, nameOf(*info.get(), one->memid));
+  }
+}
+
 inline LateResult putLate(IDispatch* object, const wchar_t* name, const VARIANT& value,
                           WORD flags = DISPATCH_PROPERTYPUT) {
   VARIANT argument = value;
@@ -141,5 +156,47 @@ inline LateResult putLate(IDispatch* object, const wchar_t* name, const VARIANT&
   DISPPARAMS parameters{&argument, &isPut, 1, 1};
   return invokeWith(object, idOf(object, name), flags, parameters);
 }
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+// An object of the host's with one member. Lives on the stack; counts references.
+class HostObject : public IDispatch {
+ public:
+  using Member = std::function<HRESULT(DISPPARAMS& arguments, VARIANT* result)>;
+  HostObject(const wchar_t* name, Member member, DISPID id = 1)
+      : name_(name), member_(std::move(member)), id_(id) {}
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    *object = nullptr;
+    if (id != IID_IUnknown && id != IID_IDispatch && !isEverything) return E_NOINTERFACE;
+    if (id == __uuidof(IDispatchEx)) return E_NOINTERFACE;
+    *object = static_cast<IDispatch*>(this);
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    *ids = id_;
+    return name_ == *names ? S_OK : DISP_E_UNKNOWNNAME;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT* result,
+                      EXCEPINFO*, UINT*) override {
+    return id == id_ ? member_(*arguments, result) : DISP_E_MEMBERNOTFOUND;
+  }
+
+  ULONG references = 1;
+  bool isEverything = false;  // answers for interfaces that it does not have
+
+ private:
+  std::wstring name_;
+  Member member_;
+  DISPID id_;
+};
+
+#pragma GCC diagnostic pop
 
 }  // namespace corvid::testing

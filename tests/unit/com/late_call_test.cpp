@@ -13,15 +13,12 @@ TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
   const auto buffer = newBuffer();
   callLate(buffer.get(), L"Append", {text(L"abcdef").value()});
   SHORT length = 2;
-  VARIANT reference;
-  V_VT(&reference) = VT_BYREF | VT_I2;
-  V_I2REF(&reference) = &length;
+  VARIANT reference = raw(VT_BYREF | VT_I2, &length);
   ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(4).value(), reference}).outcome);
   EXPECT_EQ(3, length);
 
   LONG exact = 5;
-  V_VT(&reference) = VT_BYREF | VT_I4;
-  V_I4REF(&reference) = &exact;
+  reference = raw(VT_BYREF | VT_I4, &exact);
   ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(2).value(), reference}).outcome);
   EXPECT_EQ(2, exact);
   EXPECT_EQ(L"a", valueOf(buffer.get()));
@@ -94,9 +91,7 @@ TEST_F(LateCalls, NameTheirClassAndHaveNoEvents) {
   ASSERT_TRUE(info);
   ComPtr<ITypeInfo> description;
   ASSERT_EQ(S_OK, info->GetClassInfo(description.put()));
-  Bstr name;
-  description->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr);
-  EXPECT_EQ(L"PrinterFiscal", name.view());
+  EXPECT_EQ(L"PrinterFiscal", nameOf(*description.get(), MEMBERID_NIL));
   GUID events{};
   EXPECT_EQ(E_FAIL, info->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events));
 }

@@ -9,37 +9,6 @@ namespace {
 
 using Lifetime = AutomationTest;
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// Releases another object when it is asked for its default property. Lives on the stack.
-class ReleasingObject : public IDispatch {
- public:
-  explicit ReleasingObject(IUnknown* other) : other_(other) {}
-  STDMETHODIMP QueryInterface(REFIID, void** object) override {
-    *object = this;
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                      UINT*) override {
-    left = other_->Release();
-    *result = text(L"last words").detach();
-    return S_OK;
-  }
-
-  ULONG left = 0;  // references to the other object
-
- private:
-  IUnknown* other_;
-};
-
-#pragma GCC diagnostic pop
-
 TEST_F(Lifetime, MakesEveryPublicClassAndForgetsItAfterItsRelease) {
   ASSERT_EQ(S_OK, DllCanUnloadNow());
   for (const PublicClass& one : publicClasses()) {
@@ -117,12 +86,18 @@ TEST_F(Lifetime, EndsTheProcessWideStateWithTheLastObject) {
 // A host that drops its last reference while a member runs gets its answer all the same.
 TEST_F(Lifetime, OfAnObjectSpansTheCallsIntoIt) {
   ICStringBuffer* buffer = newBuffer().detach();
-  ReleasingObject host(buffer);
-  Variant value;
-  V_VT(value.get()) = VT_DISPATCH;
-  V_DISPATCH(value.get()) = &host;
+  ULONG left = 1;
+  HostObject host(
+      L"",
+      [&](DISPPARAMS&, VARIANT* result) {
+        left = buffer->Release();
+        *result = text(L"last words").detach();
+        return S_OK;
+      },
+      DISPID_VALUE);
+  Variant value = objectValue(&host);
   EXPECT_EQ(S_OK, buffer->AppendV(value.get()));
-  EXPECT_EQ(0U, host.left) << "no reference of the library's own";
+  EXPECT_EQ(0U, left) << "no reference of the library's own";
   EXPECT_EQ(S_OK, DllCanUnloadNow());
 }
 

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <richedit.h>
 
-#include <functional>
 #include <thread>
 
 namespace corvid::testing {
@@ -28,44 +27,6 @@ void clickLine(IlfQuickView& view, int line) {
   const LRESULT start = SendMessageW(text, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
   corvid::clickCharacter(text, start + 2);
 }
-
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// An object of the host's with one member, of any kind. Lives on the stack; counts references.
-class HostObject : public IDispatch {
- public:
-  using Member = std::function<HRESULT(DISPPARAMS& arguments, VARIANT* result)>;
-  HostObject(const wchar_t* name, Member member) : name_(name), member_(std::move(member)) {}
-
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    *object = nullptr;
-    if (id != IID_IUnknown && id != IID_IDispatch) return E_NOINTERFACE;
-    *object = static_cast<IDispatch*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-    *ids = 1;
-    return name_ == *names ? S_OK : DISP_E_UNKNOWNNAME;
-  }
-  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT* result,
-                      EXCEPINFO*, UINT*) override {
-    return id == 1 ? member_(*arguments, result) : DISP_E_MEMBERNOTFOUND;
-  }
-
-  ULONG references = 1;
-
- private:
-  std::wstring name_;
-  Member member_;
-};
-
-#pragma GCC diagnostic pop
 
 // Arguments stand last first.
 std::wstring clicked(const DISPPARAMS& arguments) {

@@ -1,7 +1,5 @@
 // The records as hosts use them: properties, arrays of fields, and the session that they read from.
 #include "com/host_arrays.h"
-#include "com/type_descriptions.h"
-#include "com/type_library.h"
 #include "unit/com/automation_host.h"
 
 namespace corvid::testing {
@@ -17,14 +15,10 @@ const IID kRecords[] = {__uuidof(::PrinterResponse1), __uuidof(::PrinterResponse
                         __uuidof(::ReporteZMF)};
 
 std::vector<DISPID> writableProperties(IDispatch* object) {
-  ComPtr<ITypeInfo> info;
-  object->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put());
-  const TypeAttributes attributes = attributesOf(*info.get());
   std::vector<DISPID> properties;
-  for (UINT i = 0; i < attributes->cFuncs; ++i) {
-    const FunctionDescription member = functionAt(*info.get(), i);
-    if (member->invkind == INVOKE_PROPERTYPUT) properties.push_back(member->memid);
-  }
+  forEachMember(object, [&](const FUNCDESC& member, const std::wstring&) {
+    if (member.invkind == INVOKE_PROPERTYPUT) properties.push_back(member.memid);
+  });
   return properties;
 }
 
@@ -64,12 +58,8 @@ TEST_F(RecordObjects, KeepEveryPropertyByItself) {
 
 TEST_F(RecordObjects, TakeArraysInEveryWayThatHostsPassThem) {
   Variant fields = toHostArray(Lines{L"S2 0001500", L"240", L"", L"2", L"1740", L"1", L"3"});
-  VARIANT typed;
-  V_VT(&typed) = VT_BYREF | VT_ARRAY | VT_VARIANT;
-  V_ARRAYREF(&typed) = &V_ARRAY(fields.get());
-  VARIANT nested;
-  V_VT(&nested) = VT_BYREF | VT_VARIANT;
-  V_VARIANTREF(&nested) = &typed;
+  VARIANT typed = raw(VT_BYREF | VT_ARRAY | VT_VARIANT, &V_ARRAY(fields.get()));
+  const VARIANT nested = raw(VT_BYREF | VT_VARIANT, &typed);
   const struct {
     VARIANT argument;
     const char* way;

@@ -32,6 +32,22 @@ TEST_F(Housekeeping, GivesItsKindsOfResultAndPassesArgumentsInTheirOrder) {
                                       "I0Z"}));
 }
 
+// Whoever waits for a silent printer is not kept waiting by a host that has let go.
+TEST_F(Housekeeping, LastReferenceReleasedInAMemberEndsItsWaiting) {
+  SessionBench bench;
+  bench.open();
+  PrinterFiscalObject* const object =
+      makeObject<PrinterFiscalObject>(
+          std::shared_ptr<PrinterSession>(&bench.session(), [](PrinterSession*) {}))
+          .detach();
+  bench.world().serial.connect(nullptr);
+  bench.atYield(1, [&] { EXPECT_EQ(0U, object->Release()); });
+  short failed = 0;
+  EXPECT_EQ(S_OK, object->Execute(Bstr(L"w").get(), &failed));
+  EXPECT_EQ(1, failed);
+  EXPECT_EQ(L"PUERTO CERRADO", bench.outcome().DescripcionError);
+}
+
 // What cannot be converted throws, and what a member does not need is not converted.
 TEST_F(Housekeeping, ConvertsWhatItNeeds) {
   const auto session = newSession();

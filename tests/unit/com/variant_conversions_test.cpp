@@ -14,26 +14,6 @@ using VariantConversions = AutomationTest;
 constexpr int kMismatch = 13;
 constexpr int kOverflow = 6;
 
-Variant currency(std::int64_t units) {
-  Variant variant;
-  V_VT(variant.get()) = VT_CY;
-  V_CY(variant.get()).int64 = units;
-  return variant;
-}
-
-Variant unsignedHuge(ULONGLONG value) {
-  Variant variant;
-  V_VT(variant.get()) = VT_UI8;
-  V_UI8(variant.get()) = value;
-  return variant;
-}
-
-Variant dateValue(double days) {
-  Variant variant = number(days);
-  V_VT(variant.get()) = VT_DATE;
-  return variant;
-}
-
 // As the user writes a number.
 Variant numeral(std::wstring digits) {
   std::ranges::replace(digits, L'.', WindowsLocale().current().decimalSeparator.front());
@@ -78,13 +58,13 @@ TEST_F(VariantConversions, GiveExactDecimals) {
   } cases[] = {
       {number(1.005), L"1.005", "a double counts by its 15 digits"},
       {number(0.1 + 0.2), L"0.3", "a double counts by its 15 digits"},
-      {currency(-10050), L"-1.005", "four decimals, no double between"},
+      {holding(VT_CY, std::int64_t{-10050}), L"-1.005", "four decimals, no double between"},
       {longDecimal(), L"7.9228162514264337593543950335", "96 bits"},
       {boolean(true), L"-1", "True is -1"},
       {Variant(), L"0", "Empty is zero"},
       {text(L"12"), L"12", "a text"},
       {numeral(L"922337203685477.5807"), L"922337203685477.5807", "no double between"},
-      {unsignedHuge(9223372036854775807U), L"9223372036854775807", "64 bits"},
+      {holding(VT_UI8, ULONGLONG{9223372036854775807U}), L"9223372036854775807", "64 bits"},
   };
   for (const auto& one : cases) {
     EXPECT_EQ(*Decimal::parse(one.decimal), toDecimal(one.value.value())) << one.reason;
@@ -112,7 +92,7 @@ TEST_F(VariantConversions, RefuseWhatIsNoNumberOrTooLarge) {
       {objectValue(nullptr), kMismatch, "Nothing has no default property"},
       {number(32768), kOverflow, "one above 16 bits"},
       {numeral(L"32767.5"), kOverflow, "rounds to one above"},
-      {unsignedHuge(9223372036854775808U), kOverflow, "one above 64 bits"},
+      {holding(VT_UI8, ULONGLONG{9223372036854775808U}), kOverflow, "one above 64 bits"},
   };
   for (const auto& one : cases) {
     EXPECT_EQ(one.error, errorOf([&] { return toInt16(one.value.value()); })) << one.reason;
@@ -152,11 +132,11 @@ TEST_F(VariantConversions, ReadDatesOrBlanks) {
   EXPECT_EQ(std::nullopt, toDateOrBlank(nullValue().value()));
   EXPECT_EQ(std::nullopt, toDateOrBlank(Variant().value()));
   EXPECT_EQ(std::nullopt, toDateOrBlank(text(L"").value()));
-  EXPECT_EQ(Date{46095.5}, toDateOrBlank(dateValue(46095.5).value()));
+  EXPECT_EQ(Date{46095.5}, toDateOrBlank(holding(VT_DATE, 46095.5).value()));
   EXPECT_EQ(Date{46095}, toDateOrBlank(Variant::ofInt32(46095).value()));
   EXPECT_EQ(Date{46095}, toDateOrBlank(text(L"2026-03-14").value()));
   EXPECT_EQ(kMismatch, errorOf([] { return toDateOrBlank(text(L"ayer").value()); }));
-  EXPECT_EQ(kOverflow, errorOf([] { return toDateOrBlank(dateValue(1e9).value()); }));
+  EXPECT_EQ(kOverflow, errorOf([] { return toDateOrBlank(holding(VT_DATE, 1e9).value()); }));
 }
 
 }  // namespace

@@ -112,18 +112,5 @@ TEST_F(ZReportCollection, IsWalkedOverByTwoAtATime) {
   EXPECT_EQ((Numbers{S_FALSE}), next(second.get(), 1));
 }
 
-TEST_F(ZReportCollection, GivesLateBoundHostsItsWalk) {
-  const auto collection = threeReports();
-  for (const WORD more : {WORD{0}, WORD{DISPATCH_PROPERTYGET}}) {
-    DISPPARAMS none{};
-    const LateResult walk =
-        invokeWith(collection.get(), DISPID_NEWENUM, DISPATCH_METHOD | more, none);
-    ASSERT_EQ(VT_UNKNOWN, walk.value.type());
-    const ComPtr<IUnknown> object(V_UNKNOWN(&walk.value.value()));
-    EXPECT_TRUE(object.as<IEnumVARIANT>());
-    EXPECT_FALSE(object.as<IDispatch>());
-  }
-}
-
 }  // namespace
 }  // namespace corvid::testing
