@@ -7,6 +7,7 @@
 // Needs windows.h first.
 #include <richedit.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -98,6 +99,21 @@ class HeldKeys {
 
   std::vector<int> keys_;
 };
+
+// What a window's title or entry holds.
+inline std::wstring textOf(HWND window) {
+  wchar_t text[200] = {};
+  GetWindowTextW(window, text, 200);
+  return text;
+}
+
+// Of the characters that are selected in a text control.
+inline CHARFORMATW formatOf(HWND text) {
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  SendMessageW(text, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  return format;
+}
 
 inline void runPendingMessages() {
   MSG message{};

@@ -89,15 +89,5 @@ TEST(SystemPage, WhatIsNotInItIsAQuestionMark) {
   EXPECT_EQ(page.toByte(L'\uFF21'), '?') << "no look-alike stands in";
 }
 
-TEST(SystemPage, IsWesternEuropeanWhereTheSystemsIs) {
-  const UINT system = GetACP();
-  if (system != 1252 && system != CP_UTF8) GTEST_SKIP() << "the system's page is " << system;
-  const WindowsCodePage page;
-  for (int code = 0; code < 256; ++code) {
-    const auto byte = static_cast<std::uint8_t>(code);
-    EXPECT_EQ(page.toCharacter(byte), windows1252().toCharacter(byte)) << code;
-  }
-}
-
 }  // namespace
 }  // namespace corvid

@@ -1,6 +1,7 @@
 // The message loop and the shell's folders.
 #include "windows/message_pump.h"
 
+#include "desktop.h"
 #include "windows/folders.h"
 
 #include <gtest/gtest.h>
@@ -11,65 +12,49 @@
 namespace corvid {
 namespace {
 
-// A window without a desktop's picture; counts what reaches it.
-class CountingWindow {
- public:
-  CountingWindow()
-      : window_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
-                                nullptr)) {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&received));
-  }
-  CountingWindow(const CountingWindow&) = delete;
-  CountingWindow& operator=(const CountingWindow&) = delete;
-  ~CountingWindow() { DestroyWindow(window_); }
+int received = 0;
+bool postsAgain = false;
 
-  void post() const { PostMessageW(window_, WM_APP, 0, 0); }
-
-  int count = 0;
-  bool postsAgain = false;
-
- private:
-  static LRESULT CALLBACK received(HWND window, UINT message, WPARAM wide, LPARAM data) {
-    if (message != WM_APP) return DefWindowProcW(window, message, wide, data);
-    const LONG_PTR owner = GetWindowLongPtrW(window, GWLP_USERDATA);
-    auto* self = reinterpret_cast<CountingWindow*>(owner);  // NOLINT(performance-no-int-to-ptr)
-    ++self->count;
-    if (self->postsAgain) self->post();
-    return 0;
-  }
-
-  HWND window_;
-};
-
-void emptyTheQueue() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) continue;
+LRESULT CALLBACK count(HWND window, UINT message, WPARAM wide, LPARAM data) {
+  if (message != WM_APP) return DefWindowProcW(window, message, wide, data);
+  ++received;
+  if (postsAgain) PostMessageW(window, WM_APP, 0, 0);
+  return 0;
 }
 
+// Counts what reaches it.
+class CountingWindow : public HostWindow {
+ public:
+  CountingWindow() {
+    SetWindowLongPtrW(get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(count));
+    received = 0;
+  }
+  void post() const { PostMessageW(get(), WM_APP, 0, 0); }
+};
+
 TEST(HostMessages, PendingOnesAreRunOnce) {
-  CountingWindow window;
-  emptyTheQueue();
+  const CountingWindow window;
+  runPendingMessages();
   for (int i = 0; i < 3; ++i) window.post();
   WindowsMessagePump pump;
   EXPECT_FALSE(pump.yield());
-  EXPECT_EQ(window.count, 3);
+  EXPECT_EQ(received, 3);
   EXPECT_FALSE(pump.yield());
-  EXPECT_EQ(window.count, 3) << "returns at once when nothing is pending";
+  EXPECT_EQ(received, 3) << "returns at once when nothing is pending";
 }
 
 TEST(HostMessages, FloodDoesNotHoldTheYieldForEver) {
-  CountingWindow window;
-  window.postsAgain = true;
+  const CountingWindow window;
+  postsAgain = true;
   window.post();
   WindowsMessagePump().yield();
-  EXPECT_GT(window.count, 1);
-  window.postsAgain = false;
-  emptyTheQueue();
+  EXPECT_GT(received, 1);
+  postsAgain = false;
+  runPendingMessages();
 }
 
 TEST(HostMessages, QuitIsLeftForTheHost) {
-  emptyTheQueue();
+  runPendingMessages();
   PostQuitMessage(42);
   EXPECT_TRUE(WindowsMessagePump().yield());
   EXPECT_TRUE(WindowsMessagePump().yield()) << "as long as it waits";

@@ -5,6 +5,7 @@
 #include "desktop.h"
 #include "support/error_of.h"
 #include "support/fake_settings.h"
+#include "support/seeds.h"
 #include "windows/report_views.h"
 #include "windows/twips.h"
 
@@ -14,7 +15,6 @@
 #include <commctrl.h>
 
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
@@ -51,16 +51,7 @@ class Form : public testing::Test {
   void add(const std::vector<std::wstring>& lines) {
     for (const std::wstring& line : lines) form_->view().report().Add(line, 0);
   }
-  void makeAgain() {
-    form_ = QuickViewForm::create(sources_, host_, noPrinter);
-    add({L"first line", L"second line", L"third"});
-  }
   HWND control(Control which) { return windowOf(form_->hWnd(), which); }
-  std::wstring textOf(Control which) {
-    wchar_t text[200] = {};
-    GetWindowTextW(control(which), text, 200);
-    return text;
-  }
   static void press(HWND window, int key) {
     SendMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
     runPendingMessages();
@@ -148,17 +139,12 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   SetWindowTextW(control(Control::Text2), L"12.5");
   SetFocus(control(Control::Text1));
   runPendingMessages();
-  EXPECT_EQ(textOf(Control::Text2), L"12");
+  EXPECT_EQ(textOf(control(Control::Text2)), L"12");
 }
 
 TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
   form_->Show(false, nullptr);
-  const auto size = [this] {
-    CHARFORMATW format{};
-    format.cbSize = sizeof format;
-    SendMessageW(control(Control::Text1), EM_GETCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format));
-    return format.yHeight / 20;
-  };
+  const auto size = [this] { return formatOf(control(Control::Text1)).yHeight / 20; };
   const auto click = [this](Control picture, int notification) {
     SendMessageW(form_->hWnd(), WM_COMMAND, MAKEWPARAM(idOf(picture), notification), 0);
   };
@@ -196,14 +182,13 @@ TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
 TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
   for (const ControlText& text : controlTexts()) {
     auto* const window = control(text.control);
-    wchar_t before[100] = {};
-    GetWindowTextW(GetWindow(window, GW_HWNDPREV), before, 100);
+    const std::wstring before = textOf(GetWindow(window, GW_HWNDPREV));
     if (text.control == Control::Text1) {
-      EXPECT_STREQ(before, L"Texto del reporte");
+      EXPECT_EQ(before, L"Texto del reporte");
     } else if (text.control == Control::Text2) {
-      EXPECT_STREQ(before, L"Margen Izq.:");
+      EXPECT_EQ(before, L"Margen Izq.:");
     } else {
-      EXPECT_NE(textOf(text.control), L"") << idOf(text.control);
+      EXPECT_NE(textOf(window), L"") << idOf(text.control);
     }
     EXPECT_EQ(SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
   }
@@ -235,16 +220,12 @@ TEST_F(Form, OwnerThatGoesTakesTheWindowAlongAndANewOneIsAsItWas) {
   EXPECT_EQ(host_->timesHidden, 1);
   form_->view().report().Add(L"fourth", 0);
   form_->Show(false, nullptr);
-  EXPECT_EQ(textOf(Control::Text1), L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
-  wchar_t caption[100] = {};
-  GetWindowTextW(form_->hWnd(), caption, 100);
-  EXPECT_STREQ(caption, L"Cierre Z");
+  EXPECT_EQ(textOf(control(Control::Text1)),
+            L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
+  EXPECT_EQ(textOf(form_->hWnd()), L"Cierre Z");
   EXPECT_EQ(form_->Width(), 13500);
   EXPECT_EQ(form_->Top(), 750);
-  CHARFORMATW format{};
-  format.cbSize = sizeof format;
-  SendMessageW(control(Control::Text1), EM_GETCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format));
-  EXPECT_EQ(format.yHeight, 200);
+  EXPECT_EQ(formatOf(control(Control::Text1)).yHeight, 200);
 }
 
 TEST_F(Form, MinimisedOneThatIsShownAgainComesUp) {
@@ -303,15 +284,14 @@ TEST_F(Form, PrintsThoughItsOwnerGoesMeanwhile) {
 
 // As many as CORVID_CALLS says.
 TEST_F(Form, RoundsOfShowPrintAndCloseLeaveNothingBehind) {
-  const char* const asked = std::getenv("CORVID_CALLS");
-  const int rounds = asked != nullptr ? std::atoi(asked) : 5;
+  const unsigned rounds = environmentNumber("CORVID_CALLS", 5);
   std::array<long, 4> before{};
   const auto owned = [] {
     return std::array<long, 4>{DeviceContext::living(), Font::living(), Icon::living(),
                                FileHandle::living()};
   };
   form_.reset();
-  for (int i = 0; i <= rounds; ++i) {
+  for (unsigned i = 0; i <= rounds; ++i) {
     form_ = QuickViewForm::create(sources_, host_, screenAsPrinter);
     add({L"line"});
     form_->Show(false, nullptr);

@@ -50,9 +50,7 @@ TEST(InputDialog, GivesWhatWasAccepted) {
   for (const WPARAM button : {WPARAM{IDOK}, WPARAM{IDCANCEL}}) {
     std::wstring offered;
     const Robot robot([&](HWND dialog) {
-      wchar_t text[100] = {};
-      GetDlgItemTextW(dialog, kEntry, text, 100);
-      offered = text;
+      offered = textOf(GetDlgItem(dialog, kEntry));
       SetDlgItemTextW(dialog, kEntry, L"caf\u00E9");
       PostMessageW(dialog, WM_COMMAND, button, 0);
     });
