@@ -33,14 +33,6 @@ TEST_F(HostArrays, GiveBackTheirFields) {
   EXPECT_EQ(9, errorOf(reader, -1));
 }
 
-TEST_F(HostArrays, HoldRowsOfFields) {
-  const Variant rows = toHostArray(std::vector<Lines>{{L"A", L"B"}, {}});
-  const HostArray reader(rows.value());
-  ASSERT_EQ(1, reader.upperBound());
-  EXPECT_EQ(L"B", HostArray(reader.element(0).value()).text(1));
-  EXPECT_EQ(-1, HostArray(reader.element(1).value()).upperBound());
-}
-
 TEST_F(HostArrays, ThatAreTooLongAreAnOrdinaryLackOfMemory) {
   EXPECT_THROW(SafeArray(std::size_t{0x80000000}), std::bad_alloc);
 }

@@ -9,8 +9,6 @@ namespace {
 using Housekeeping = AutomationTest;
 
 constexpr auto kMismatch = static_cast<HRESULT>(0x800A000D);
-constexpr auto kOverflow = static_cast<HRESULT>(0x800A0006);
-constexpr auto kInvalidCall = static_cast<HRESULT>(0x800A0005);
 
 TEST_F(Housekeeping, GivesItsKindsOfResultAndPassesArgumentsInTheirOrder) {
   SessionBench bench;
@@ -62,13 +60,7 @@ TEST_F(Housekeeping, ConvertsWhatItNeeds) {
   EXPECT_EQ(kMismatch, raised(L"PrintNoFiscal", {words.value(), words.value()}));
   EXPECT_EQ(S_OK, raised(L"SetHeader", {words.value(), words.value()}));
   EXPECT_EQ(kMismatch, raised(L"SetFooter", {words.value(), words.value()}));
-  EXPECT_EQ(kInvalidCall, raised(L"SetFooter", {number(200).value(), words.value()}));
-  EXPECT_EQ(kOverflow, raised(L"SetFooter", {number(1e10).value(), words.value()}));
-  EXPECT_EQ(S_OK, raised(L"SetDate", {date.value()}));
-  EXPECT_EQ(kMismatch, raised(L"SetDate", {words.value()}));
   EXPECT_EQ(kMismatch, raised(L"SetTime", {blank.value()}));
-  EXPECT_EQ(kMismatch, raised(L"Login", {words.value()}));
-  EXPECT_EQ(kMismatch, raised(L"setFlag", {one.value(), words.value()}));
   const Variant numbers = text(L"F");
   const Variant dates = text(L"f");
   EXPECT_EQ(kMismatch,
