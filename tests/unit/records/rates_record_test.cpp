@@ -29,31 +29,32 @@ TEST(ThirdRecord, ReplyFillsRatesLevyAndFlags) {
   struct Case {
     std::wstring fields;
     std::wstring values;
+    bool countsAsNone;  // is not read whole
     const char* reason;
   };
   const std::wstring rates = L"11600|20825|13100";
   const std::wstring ratesRead = L"True 16 False 8.25 True 31 False ";
+  const std::wstring nothing = L"False 0 False 0 False 0 False 3 -1";
   const Case cases[] = {
-      {rates + L"|0001020399", ratesRead + L"3 4 0 1 2 3 99", "4 fields: flags in field 3"},
-      {rates + L"|20300|0007", ratesRead + L"3 1 0 7", "5 fields: IGTF and flags"},
-      {rates + L"|20250|0007|x", ratesRead + L"2.5 1 0 7", "more fields are not read"},
-      {rates + L"|0102|", ratesRead + L"3 1 1 2", "an empty field 4: flags in field 3"},
-      {rates + L"|01020", ratesRead + L"3 1 1 2", "half a flag is not read"},
-      {rates + L"|1", ratesRead + L"3 -1", "no whole flag"},
-      {rates + L"|01xx03", ratesRead + L"3 2 1 0 0", "a bad flag: those before it stay"},
-      {rates + L"|2abc|01", ratesRead + L"0 -1", "a bad IGTF"},
-      {rates, L"False 0 False 0 False 0 False 3 -1", "3 fields: rates are not read"},
-      {L"pfError", L"False 0 False 0 False 0 False 3 -1", "a failed reply"},
-      {L"", L"False 0 False 0 False 0 False 3 -1", "no field"},
-      {L"11600|2x|13100|01", L"True 16 False 0 False 0 False 0 -1", "a bad second rate"},
-      {L"11600|20800|132768|01", L"True 16 False 8 True 0 False 0 -1", "a rate beyond 16 bits"},
-      {L"11600||13100|01", L"True 16 False 0 False 0 False 0 -1", "an empty rate"},
+      {rates + L"|0001020399", ratesRead + L"3 4 0 1 2 3 99", false, "4 fields: flags in field 3"},
+      {rates + L"|20300|0007", ratesRead + L"3 1 0 7", false, "5 fields: IGTF and flags"},
+      {rates + L"|20250|0007|x", ratesRead + L"2.5 1 0 7", false, "more fields are not read"},
+      {rates + L"|0102|", ratesRead + L"3 1 1 2", false, "an empty field 4: flags in field 3"},
+      {rates + L"|01020", ratesRead + L"3 1 1 2", false, "half a flag is not read"},
+      {rates + L"|1", ratesRead + L"3 -1", false, "no whole flag"},
+      {rates + L"|01xx03", ratesRead + L"3 2 1 0 0", true, "a bad flag: those before it stay"},
+      {rates + L"|2abc|01", ratesRead + L"0 -1", true, "a bad IGTF"},
+      {rates, nothing, true, "3 fields: rates are not read"},
+      {L"", nothing, true, "no field"},
+      {L"11600|2x|13100|01", L"True 16 False 0 False 0 False 0 -1", true, "a bad second rate"},
+      {L"11600|20800|132768|01", L"True 16 False 8 True 0 False 0 -1", true, "beyond 16 bits"},
   };
   for (const Case& item : cases) {
     Record target;
     target.record.values.isFake = true;
     target.record.loadFromResponse(reply(item.fields));
     EXPECT_EQ(image(target.record), item.values) << item.reason;
+    EXPECT_EQ(target.record.countsAsNone(), item.countsAsNone) << item.reason;
   }
 }
 
@@ -71,36 +72,15 @@ TEST(ThirdRecord, FlagsAndRatesAreReadByTheirNumber) {
 
 TEST(ThirdRecord, SubstituteClearsRatesAndKeepsFlags) {
   Record target;
+  EXPECT_FALSE(target.record.countsAsNone()) << "the host's own, never loaded";
   target.record.loadFromResponse(reply(L"11600|20800|13100|20300|0102"));
   target.record.loadFake();
   EXPECT_EQ(image(target.record), L"False 0 False 0 False 0 True 0 1 1 2");
   EXPECT_TRUE(target.record.countsAsNone());
-}
-
-TEST(ThirdRecord, ReplyThatIsNotReadWholeCountsAsNone) {
-  const struct {
-    std::wstring reply;
-    bool countsAsNone;
-    const char* reason;
-  } kCases[] = {
-      {L"11600|20800|13100|20300|0102", false, "whole"},
-      {L"11600|20800|13100|", false, "a row without flags"},
-      {L"11600|20800|13100|20300|01x2", true, "a flag that is no number"},
-      {L"1x|20800|13100|20300|0102", true, "a rate that is none"},
-      {L"11600|20800", true, "fields missing"},
-  };
-  for (const auto& item : kCases) {
-    Record target;
-    target.record.loadFromResponse(reply(item.reply));
-    EXPECT_EQ(target.record.countsAsNone(), item.countsAsNone) << item.reason;
-    EXPECT_FALSE(target.record.values.isFake) << item.reason;
-  }
-  Record host;
-  EXPECT_FALSE(host.record.countsAsNone()) << "the host's own, never loaded";
-  host.record.loadFromResponse(reply(L"11600"));
-  host.record.loadFake();
-  host.record.values.isFake = false;
-  EXPECT_FALSE(host.record.countsAsNone()) << "a substitute that the host made its own";
+  target.record.loadFromResponse(reply(L"11600"));
+  target.record.loadFake();
+  target.record.values.isFake = false;
+  EXPECT_FALSE(target.record.countsAsNone()) << "a substitute that the host made its own";
 }
 
 TEST(ThirdRecord, TextFormShowsKindsRatesAndEveryFlag) {

@@ -81,13 +81,6 @@ TEST(MemoryQuery, GivesOneRecordForEachBlock) {
   EXPECT_EQ(bench.printer().acks, 2U);
 }
 
-TEST(MemoryQuery, KeepsTheRowsInFrontOfABlockThatDoesNotArrive) {
-  DocumentBench bench;
-  bench.printer().answers[kRange] = firstOf(5);
-  bench.printer().answersToAck = {firstOf(6), {"\x02" + row(7)}};
-  EXPECT_EQ(zReportsOfRange(bench), (std::vector<int>{5, 6}));
-}
-
 TEST(MemoryQuery, FailureGivesNoRecordAtAll) {
   DocumentBench bench;
   ZReportRecord record(bench.thread());

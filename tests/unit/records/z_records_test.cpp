@@ -1,5 +1,4 @@
-#include "records/daily_summary.h"
-
+// What the records of a day and of a Z report show, and when a summary is replaced.
 #include "distinct_fields.h"
 #include "record_bench.h"
 
@@ -9,9 +8,6 @@
 
 namespace corvid {
 namespace {
-
-using V = DailySummaryValues;
-using Record = RecordOf<DailySummary>;
 
 TEST(DailySummary, FailedReadingChangesNothingAndTheNextReplaces) {
   DocumentBench bench;
@@ -33,10 +29,10 @@ TEST(DailySummary, FailedReadingChangesNothingAndTheNextReplaces) {
 }
 
 TEST(DailySummary, TextFormShowsSalesCreditNotesAndLevy) {
-  Record target;
+  RecordOf<DailySummary> target;
   target.world.process.setLastSerial(L"z1A");
   target.world.locale.locale = venezuelan();
-  V& v = target.record.values;
+  DailySummaryValues& v = target.record.values;
   std::int64_t hundredths = 100000;
   for (const auto amount : kSummaryAmounts) v.*amount = Currency::fromUnits(hundredths++ * 100);
   v.numeroUltimoZ = 12;
@@ -68,6 +64,36 @@ TEST(DailySummary, TextFormShowsSalesCreditNotesAndLevy) {
             L"UltimoDNF = 000078\r\n"
             L"BaseIGTF = Bs. 1.000,24\r\n"
             L"ValorIGTF = Bs. 1.000,25\r\n");
+}
+
+TEST(MemoryZReport, TextFormIsTheUsersDefault) {
+  RecordOf<ZReportRecord> target;
+  target.world.locale.locale = venezuelan();
+  ZReportValues& v = target.record.values;
+  std::int64_t hundredths = 150001;
+  for (const auto amount : kZReportAmounts) v.*amount = Currency::fromUnits(hundredths++ * 100);
+  v.numeroCierre = 7;
+  v.fechaCierre = Date{45429.4375};
+  v.horaCierre = Date{0.25};
+  v.numeroUltimaFactura = 123456;
+  v.fechaUltimaFactura = Date{45430};
+  v.horaUltimaFactura = Date{0.4375};
+  EXPECT_EQ(target.record.toString(),
+            L"NumeroCierre = 7\r\n"
+            L"Fecha Cierre = 17/05/2024 10:30:00 a. m.\r\n"
+            L"numeroUltimaFactura = 123456\r\n"
+            L"fechaUltimaFactura = 18/05/2024\r\n"
+            L"horaUltimaFactura = 10:30:00 a. m.\r\n"
+            L"ventasExentas = 1500,01\r\n"
+            L"baseVG = 1500,02\r\n"
+            L"impuestoVG = 1500,03\r\n"
+            L"baseIR = 1500,04\r\n"
+            L"impuestoIR = 1500,05\r\n"
+            L"NCExentas = 1500,06\r\n"
+            L"baseNCVG = 1500,07\r\n"
+            L"impuestoNCVG = 1500,08\r\n"
+            L"baseNCIR = 1500,09\r\n"
+            L"impuestoNCIR = 1500,1\r\n");
 }
 
 }  // namespace
