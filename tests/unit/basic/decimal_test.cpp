@@ -1,5 +1,5 @@
-#include "basic/decimal.h"
-
+// Numbers of any length, and the amounts made of them.
+#include "basic/currency.h"
 #include "support/error_of.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +10,8 @@
 namespace corvid {
 namespace {
 
+constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 std::wstring textOf(const Decimal& value) {
@@ -110,18 +112,59 @@ TEST(DecimalPowers, ShiftThePointEitherWay) {
 }
 
 TEST(DecimalToInt64, ReachesBothEndsAndNoFurther) {
-  EXPECT_EQ(dec(L"9223372036854775807.4").toInt64(), std::numeric_limits<std::int64_t>::max());
-  EXPECT_EQ(dec(L"-9223372036854775808.5").toInt64(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(dec(L"9223372036854775807.4").toInt64(), kMost);
+  EXPECT_EQ(dec(L"-9223372036854775808.5").toInt64(), kLeast);
   EXPECT_EQ(errorOf([] { return dec(L"9223372036854775807.5").toInt64(); }), 6);
   EXPECT_EQ(errorOf([] { return dec(L"-9223372036854775809").toInt64(); }), 6);
-  EXPECT_EQ(Decimal::fromInteger(std::numeric_limits<std::int64_t>::min()).toInt64(),
-            std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(Decimal::fromInteger(kLeast).toInt64(), kLeast);
 }
 
 TEST(DecimalToDouble, IsTheNearestAndOverflowsBeyondTheType) {
   EXPECT_EQ(dec(L"-12345.67").toDouble(), -12345.67);
   EXPECT_EQ(Decimal::fromInteger(1).timesPowerOfTen(-400).toDouble(), 0);
   EXPECT_EQ(errorOf([] { return Decimal::fromInteger(1).timesPowerOfTen(400).toDouble(); }), 6);
+}
+
+TEST(CurrencyConversion, RoundsHalfToEvenAtTheFourthDecimal) {
+  const struct {
+    double value;
+    std::int64_t units;
+  } kCases[] = {{12.5, 125000},
+                {0.00005, 0},
+                {0.00015, 2},
+                {-0.00015, -2},
+                {0.00025, 2},
+                {1.00005, 10000},
+                {922337203685477.0, 9223372036854770000}};
+  for (const auto& c : kCases) EXPECT_EQ(Currency::fromDouble(c.value).units(), c.units) << c.value;
+}
+
+TEST(CurrencyConversion, OverflowsOneUnitBeyondEitherEnd) {
+  const Decimal unit = Decimal::fromUnscaled(1, 4);
+  const Decimal most = Currency::fromUnits(kMost).toDecimal();
+  const Decimal least = Currency::fromUnits(kLeast).toDecimal();
+  EXPECT_EQ(Currency::fromDecimal(most).units(), kMost);
+  EXPECT_EQ(Currency::fromDecimal(least).units(), kLeast);
+  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(most + unit); }), 6);
+  EXPECT_EQ(errorOf([&] { return Currency::fromDecimal(least - unit); }), 6);
+  EXPECT_EQ(errorOf([] { return Currency::fromDouble(1e300); }), 6);
+}
+
+TEST(PrinterAmount, IsDividedIntoHundredths) {
+  const struct {
+    std::int64_t hundredthUnits;
+    std::int64_t units;
+    const char* reason;
+  } kCases[] = {
+      {12345670000, 123456700, "12345.67"},
+      {-10000, -100, "negative"},
+      {150, 2, "half to the even digit above"},
+      {250, 2, "half to the even digit below"},
+      {9223372036854770000, 92233720368547700, "the longest whole amount"},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(fromHundredths(Currency::fromUnits(c.hundredthUnits)).units(), c.units) << c.reason;
+  }
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "basic/text.h"
 
+#include "basic/code_page.h"
+#include "basic/text_lines.h"
 #include "support/error_of.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +68,30 @@ TEST(TextCase, FoldsTheWesternEuropeanLetters) {
   EXPECT_EQ(lowerCase(uncased), uncased);
   EXPECT_TRUE(equalIgnoringCase(L"Se\u00F1al", L"SE\u00D1AL"));
   EXPECT_FALSE(equalIgnoringCase(L"abc", L"abcd"));
+}
+
+TEST(TextLines, CenterCutPadsInFrontOnlyAndRoundsDown) {
+  EXPECT_EQ(CenterCut(L"abc", 8), L"  abc");
+  EXPECT_EQ(CenterCut(L"abc", 7), L"  abc");
+  EXPECT_EQ(CenterCut(L"abc", 4), L"abc");
+  EXPECT_EQ(CenterCut(L"abc", 3), L"abc");
+  EXPECT_EQ(CenterCut(L"abcdef", 3), L"abc");
+}
+
+TEST(WesternEuropeanPage, ReturnsEveryByte) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const wchar_t character = windows1252().toCharacter(static_cast<std::uint8_t>(byte));
+    EXPECT_EQ(windows1252().toByte(character), byte);
+  }
+}
+
+TEST(WesternEuropeanPage, KnowsItsOwnCharacters) {
+  EXPECT_EQ(windows1252().encode(L"\u20AC \u0178 \u00D1\u00BF"), "\x80 \x9F \xD1\xBF");
+  EXPECT_EQ(windows1252().decode("\x93\x81\xA3"), L"\u201C\u0081\u00A3");
+}
+
+TEST(WesternEuropeanPage, AsksWhereItHasNoCharacter) {
+  EXPECT_EQ(windows1252().encode(L"a\u0100b\u0080c\uFFFF"), "a?b?c?");
 }
 
 }  // namespace
