@@ -44,12 +44,6 @@ TEST(Opening, ReopeningInTheMiddleOfOpeningKeepsTheSerial) {
   }
 }
 
-TEST(Opening, KnownSerialIsNotAskedFor) {
-  OpenBench bench;
-  EXPECT_EQ(bench.session().state().SerialPrinter, L"KNOWN");
-  EXPECT_TRUE(bench.printer().blocks.empty());
-}
-
 TEST(Opening, NumberOutsideTheTableChangesNothing) {
   OpenBench bench;
   for (const std::int16_t port : {std::int16_t{0}, std::int16_t{100}, std::int16_t{-1}}) {
@@ -120,15 +114,6 @@ TEST(Opening, NumberWithAnAddressIsThatPrinterAndNoOther) {
   bench.session().Abrir(7);
   EXPECT_EQ(bench.trace().front(), L"Abrir: COM7 = tcp:box:4000");
   EXPECT_EQ(bench.session().Execute(L"w"), 0) << "reopened";
-}
-
-TEST(Opening, TwoSessionsHoldTwoPorts) {
-  OpenBench bench;
-  const auto second = bench.another();
-  second->Abrir(8);
-  second->Cerrar();
-  EXPECT_EQ(bench.session().Execute(L"w"), 0);
-  EXPECT_EQ(second->Execute(L"w"), pfCommError);
 }
 
 TEST(Opening, ReleaseClosesThePort) {
