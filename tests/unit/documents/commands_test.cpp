@@ -1,6 +1,7 @@
-#include "documents/non_fiscal.h"
-
+// Members that send one command: which, and what they return.
 #include "basic/run_time_error.h"
+#include "documents/closing.h"
+#include "documents/non_fiscal.h"
 #include "support/document_bench.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,6 @@
 
 namespace corvid {
 namespace {
-
-Decimal number(double value) { return Decimal::fromDouble(value); }
 
 ReprintLimit dateLimit(Date date) {
   return {.date = [date] { return date; }, .number = []() -> Decimal { throw typeMismatch(); }};
@@ -27,7 +26,7 @@ const std::string kBlanks(40, ' ');
 
 // One call, and the command that it sends.
 struct Call {
-  std::function<std::int16_t(PrinterSession&)> send;
+  std::function<int(PrinterSession&)> send;
   std::string command;
   const char* reason;
 };
@@ -67,17 +66,57 @@ std::vector<Call> calls() {
       {[](S& s) { return EndTraining(s); }, "T2", "training off"},
       {[](S& s) { return setFlag(s, number(21), number(1)); }, "PJ2101", "flag and value"},
       {[](S& s) { return setFlag(s, number(0.5), number(123)); }, "PJ01123", "rounded, not cut"},
+      {[](S& s) { return SubTotal(s, true); }, "3", "printed subtotal"},
+      {[](S& s) { return SubTotal(s, false); }, "4", "shown subtotal"},
+      {[](S& s) { return PasarDescuento(s, 10); }, "p-01000", "hundredths of a percent"},
+      {[](S& s) { return PasarDescuento(s, 12.345); }, "p-01234", "cut, not rounded"},
+      {[](S& s) { return PasarDescuento(s, 8.2); }, "p-00820", "8.2 is less than 820 in binary"},
+      {[](S& s) { return PasarDescuento(s, 1234.5); }, "p-123450", "more digits are not cut"},
+      {[](S& s) { return PasarDescuento(s, -0.001); }, "p--00001", "cut toward minus infinity"},
+      {[](S& s) { return PasarMontoDescuento(s, money(5.5)); }, "q-000000000550", "amount"},
+      {[](S& s) { return descuentoGeneral(s, true, true, number(10)); }, "GP-*10,00",
+       "percent off"},
+      {[](S& s) { return descuentoGeneral(s, false, false, number(2.5)); }, "GM+*2,50",
+       "amount on"},
+      {[](S& s) { return descuentoGeneral(s, false, true, number(12345.675)); }, "GM-*12345,68",
+       "no grouping, half away from zero"},
+      {[](S& s) { return CerrarComprobante(s, money(0)); }, "101", "without an amount"},
+      {[](S& s) { return CerrarComprobante(s, money(100)); }, "201000000010000", "with an amount"},
+      {[](S& s) { return CerrarConMedio(s, number(3), money(100)); }, "203000000010000",
+       "method 3"},
+      {[](S& s) { return CerrarConMedio(s, number(3), money(0)); }, "203000000000000",
+       "nothing paid"},
+      {[](S& s) { return CerrarConMedio(s, number(123), money(1)); }, "2123000000000100",
+       "three digits of method"},
+      {[](S& s) { return CerrarConMedio(s, number(2.5), money(1)); }, "203000000000100",
+       "half away from zero"},
+      {[](S& s) { return CerrarConMedio(s, number(1), money(-1)); }, "201-000000000100",
+       "amounts are not checked"},
+      {[](S& s) { return CerrarNotaCredito(s); }, "f01000000000000", "credit note"},
+      {[](S& s) { return CerrarNotaCreditoConMedio(s, number(12), money(7)); }, "f12000000000700",
+       "credit note with method"},
+      {[](S& s) { return CancelarTransaccion(s); }, "7", "cancellation"},
   };
 }
 
-TEST(Housekeeping, SendsItsCommandOnceAndReturnsWhatBecameOfIt) {
+// A failure is 1 in every kind of result: True, or the outcome class.
+TEST(Commands, AreSentOnceAndTellWhatBecameOfThem) {
   for (const Call& call : calls()) {
-    DocumentBench bench;
+    DocumentBench bench({{L"DigitosMedio", L"12"}, {L"DecimalesMedio", L"2"}});  // asks no flags
+    bench.world().locale.locale = venezuelan();
     EXPECT_EQ(call.send(bench.session()), pfOk) << call.reason;
     EXPECT_EQ(bench.printer().commands(), Sent{call.command}) << call.reason;
     bench.silence(call.command);
     EXPECT_EQ(call.send(bench.session()), pfCommError) << call.reason;
+    EXPECT_EQ(bench.outcome().pfError, pfCommError) << call.reason;
   }
+}
+
+TEST(Commands, PaymentWidthFollowsTheSettings) {
+  DocumentBench bench({{L"DigitosMedio", L"5"}, {L"DecimalesMedio", L"0"}});
+  CerrarConMedio(bench.session(), number(1), money(12.5));
+  PasarMontoDescuento(bench.session(), money(7));
+  EXPECT_EQ(bench.commands(), (Sent{"20100013", "q-00007"}));
 }
 
 TEST(Reprint, CommandTellsDatesFromNumbers) {
@@ -110,7 +149,7 @@ TEST(Reprint, OneInvoiceIsARangeOfItselfAndAFailureShowsInTheOutcomeAlone) {
   EXPECT_EQ(bench.outcome().pfError, pfCommError);
 }
 
-TEST(Housekeeping, ValueThatCannotBeSentIsRaisedBeforeAnythingIs) {
+TEST(Commands, ValueThatCannotBeSentIsRaisedBeforeAnythingIs) {
   using S = PrinterSession;
   const Date beyond{3e6};
   const struct {
