@@ -1,5 +1,6 @@
 // The same bytes give the same outcome under every driver.
 #include "shop.h"
+#include "simulator/line/bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -28,19 +29,9 @@ std::string told(const Course& course) {
          std::to_string(course.checkByte);
 }
 
-char checkOf(const std::string& text, char end) {
-  char check = end;
-  for (const char byte : text) check = static_cast<char>(check ^ byte);
-  return check;
-}
-
-std::string framed(const std::string& text, char end) {
-  return "\x02" + text + end + checkOf(text, end);
-}
-
 // A byte that gives text and end the wanted check byte; not every one can stand in a block.
 std::string withCheck(std::string text, char end, int wanted) {
-  const char filler = static_cast<char>(checkOf(text, end) ^ static_cast<char>(wanted));
+  const char filler = static_cast<char>(simulator::checkByte(text + end) ^ wanted);
   constexpr std::string_view kStructural = "\x02\x03\x04\x17\n";
   if (kStructural.find(filler) != std::string_view::npos) {
     return withCheck(text + '~', end, wanted);
@@ -48,92 +39,34 @@ std::string withCheck(std::string text, char end, int wanted) {
   return text + filler;
 }
 
-// Two bytes that can stand in a block.
-std::string statusWithCheck(int wanted) {
-  constexpr std::string_view kStructural = "\x02\x03\x04\x17";
-  const auto status = [&](int first) {
-    return std::string{static_cast<char>(first), static_cast<char>(wanted ^ first ^ 3)};
-  };
-  const std::string usual = status(0x60);
-  return kStructural.find(usual[1]) == std::string_view::npos ? usual : status(0x68);
-}
+Lines fieldsOf(const std::string& text) { return split(windows1252().decode(text), L"\n"); }
 
-// The simulated printer; queries and the status are answered with a wanted check byte.
-class CheckedLine : public LinePeer {
- public:
-  CheckedLine(SimulatedLine& printer, int checkByte)
-      : printer_(printer),
-        status_(statusWithCheck(checkByte)),
-        fields_(withCheck("S1\nA\nB", '\x03', checkByte)),
-        rows_({withCheck("row\n1", '\x17', checkByte), withCheck("row\n2", '\x17', checkByte),
-               withCheck("row\n3", '\x03', checkByte)}) {}
-
-  void received(std::string_view bytes, NearEnd& line) override {
-    if (bytes == "\x05") {
-      line.deliver(framed(status_, '\x03'));
-    } else if (bytes == "\x06") {
-      sendRow(line);
-    } else if (bytes.substr(1, 2) == "S1") {
-      line.deliver(framed(fields_, '\x03'));
-    } else if (bytes.substr(1, 2) == "U3") {
-      next_ = 0;
-      sendRow(line);
-    } else {
-      printer_.received(bytes, line);
-    }
-  }
-
-  [[nodiscard]] std::int32_t statusByte(std::size_t index) const {
-    return static_cast<unsigned char>(status_.at(index));
-  }
-  [[nodiscard]] static Lines fieldsOfText(const std::string& text) {
-    return split(windows1252().decode(text), L"\n");
-  }
-  [[nodiscard]] Lines fields() const { return fieldsOfText(fields_); }
-  [[nodiscard]] std::vector<Lines> rows() const {
-    std::vector<Lines> all;
-    for (const std::string& row : rows_) all.push_back(fieldsOfText(row));
-    return all;
-  }
-
- private:
-  void sendRow(NearEnd& line) {
-    const bool isLast = next_ + 1 == rows_.size();
-    line.deliver(framed(rows_.at(next_++), isLast ? '\x03' : '\x17'));
-  }
-
-  SimulatedLine& printer_;
-  std::string status_;
-  std::string fields_;
-  std::vector<std::string> rows_;
-  std::size_t next_ = 0;
-};
-
+// Queries are answered with the wanted check byte.
 void run(const Course& course) {
   SCOPED_TRACE(told(course));
   Shop shop({{kPortSection, L"LecturaInmediata", course.immediate ? L"True" : L"False"},
              {kSessionSection, L"LimiteEspera", L"60"}});
-  CheckedLine line(shop.line, course.checkByte);
-  shop.world.serial.connect(&line);
   shop.world.serial.driver = course.driver;
   shop.world.pump.seconds = course.yieldSeconds;
   PrinterSession& session = *shop.session;
   openKnown(shop);
-  session.state().s3 = std::make_shared<RatesRecord>(*shop.thread);
-  session.state().s3->values.ValorTasa1 = 16;
 
-  const auto expectStatus = [&] {
-    EXPECT_EQ(shop.outcome().STS1, line.statusByte(0));
-    EXPECT_EQ(shop.outcome().STS2, line.statusByte(1));
-  };
-  expectStatus();
+  const std::string fields = withCheck("S1\nA\nB", '\x03', course.checkByte);
+  const std::string rows[] = {withCheck("row\n1", '\x17', course.checkByte),
+                              withCheck("row\n2", '\x17', course.checkByte),
+                              withCheck("row\n3", '\x03', course.checkByte)};
+  simulator::Misbehaviour& answers = shop.line.misbehaviour();
+  answers.addAnswer("S1", fields);
+  for (const std::string& row : rows) answers.addAnswer("U3A", row);
+
   for (const wchar_t* name : {L"PAN", L"QUESO"}) {
     EXPECT_EQ(PasarItem(session, {name, 1, 1, 16}), 0);
-    expectStatus();
   }
-  EXPECT_EQ(shop.exchange().GetResponse(L"S1"), line.fields());
-  expectStatus();
-  EXPECT_EQ(shop.exchange().GetMultipleResponses(L"U3A"), line.rows());
+  EXPECT_EQ(shop.exchange().GetResponse(L"S1"), fieldsOf(fields));
+  EXPECT_EQ(shop.outcome().STS1, 0x61);
+  EXPECT_EQ(shop.outcome().STS2, 0x40);
+  EXPECT_EQ(shop.exchange().GetMultipleResponses(L"U3A"),
+            (std::vector<Lines>{fieldsOf(rows[0]), fieldsOf(rows[1]), fieldsOf(rows[2])}));
   EXPECT_EQ(CerrarComprobante(session, Currency{}), 0);
   const std::string paper = shop.line.paper();
   for (const char* item : {"PAN", "QUESO"}) {
