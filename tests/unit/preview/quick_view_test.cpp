@@ -72,7 +72,7 @@ TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
   EXPECT_EQ(window.margin, L"6");
 }
 
-TEST_F(Preview, PrintingTakesTheMarginFromItsEntry) {
+TEST_F(Preview, PrintingTakesTheMarginFromItsEntryAndTellsItsFailures) {
   const struct {
     const wchar_t* entry;
     const wchar_t* line;
@@ -92,7 +92,11 @@ TEST_F(Preview, PrintingTakesTheMarginFromItsEntry) {
   world.printer.height = 1e9;  // lines per page beyond 16 bits
   EXPECT_NO_THROW(view.print()) << "a button has no host to raise to";
   EXPECT_TRUE(world.printer.aborted);
-  EXPECT_EQ(world.dialogs.shown, Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: Overflow"});
+  world.printer.failingCall = 1;
+  view.print();
+  EXPECT_EQ(world.dialogs.shown,
+            (Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: Overflow",
+                   L"! ADVERTENCIA: No se pudo imprimir el reporte: TextOut, error 5"}));
 }
 
 TEST_F(Preview, ClosingAsksOnlyWhilePrintingAndOnlyNoStops) {
@@ -270,14 +274,6 @@ TEST_F(Preview, SavesToTheChosenFileAndTellsAFailure) {
     EXPECT_TRUE(world.dialogs.shown[0].starts_with(
         L"! ADVERTENCIA: No se pudo guardar el archivo: C:\\r.txt\r\n"));
   }
-}
-
-TEST_F(Preview, WhatPreventsPrintingIsTold) {
-  show(L"a");
-  world.printer.failingCall = 1;
-  view.print();
-  EXPECT_EQ(world.dialogs.shown,
-            Texts{L"! ADVERTENCIA: No se pudo imprimir el reporte: TextOut, error 5"});
 }
 
 TEST_F(Preview, ClickTellsTheEventThenTheTarget) {

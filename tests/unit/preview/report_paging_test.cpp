@@ -83,7 +83,10 @@ TEST_F(ReportText, LongReportIsAddedToAndPrintedUnseen) {
   for (std::size_t i = 0; i < kLines; ++i) report.Add(L"x", 0);
   EXPECT_EQ(report.Linea(), 1) << "without paging it never advances";
   EXPECT_EQ(report.Pagina(), 1);
+  world.box.setText(L"untouched");
   EXPECT_EQ(report.print(), PrintEnd::Printed);
+  EXPECT_FALSE(report.loaded());
+  EXPECT_EQ(world.box.content, L"untouched");
   EXPECT_EQ(world.printer.pages.front().size(), 1 + kLines);
   EXPECT_EQ(report.text().size(), 4 * kLines);
 }

@@ -103,16 +103,6 @@ TEST_F(ReportPrinting, NothingComesBetweenTheFirstCallAndTheLast) {
   }
 }
 
-TEST_F(ReportPrinting, ReportThatNobodySawIsPrintedFromItsBuffer) {
-  Report unseen = world.report();
-  unseen.Add(L"a", 0);
-  world.box.setText(L"untouched");
-  EXPECT_EQ(unseen.print(), PrintEnd::Printed);
-  EXPECT_EQ(world.printer.pages, (Pages{{L" |", L"a |"}}));
-  EXPECT_FALSE(unseen.loaded());
-  EXPECT_EQ(world.box.content, L"untouched");
-}
-
 TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {
   EXPECT_EQ(errorOf([&] { return report.SetReportWidth(32767); }), 6);
   EXPECT_EQ(errorOf([&] { return print(L"a"); }), 6);
