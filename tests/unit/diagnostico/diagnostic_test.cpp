@@ -1,4 +1,4 @@
-// What the diagnostic program sends, tells and ends with.
+// What the diagnostic program sends, tells and ends with, and what it says of settings.
 #include "diagnostic_bench.h"
 #include "session/setting_names.h"
 
@@ -78,83 +78,69 @@ TEST(Diagnostic, OnlyAsksOnEveryDamagedLine) {
   });
 }
 
+using Arrange = void (*)(DiagnosticBench& bench);
+
+void leaveAlone(DiagnosticBench&) {}
+template <simulator::Fault fault, int times = simulator::kForEver>
+void misbehave(DiagnosticBench& bench) {
+  bench.line.misbehaviour().set(fault, times);
+}
+void refuseConnections(DiagnosticBench& bench) {
+  placeInNetwork(bench);
+  bench.world.sockets.answers["10.0.0.1:4000"] = SocketDouble::Answer::Refuse;
+}
+void takePaper(DiagnosticBench& bench) {
+  bench.line.printer().machine().error = simulator::kNoPaper;
+}
+void fillMemory(DiagnosticBench& bench) { bench.line.printer().machine().isMemoryFull = true; }
+void garbleCounters(DiagnosticBench& bench) {
+  bench.line.misbehaviour().addAnswer("S1", "S100\nx");
+}
+void takePort(DiagnosticBench& bench) { bench.world.faults.failFrom("createFile", 1, 5); }
+void setWrongly(DiagnosticBench& bench) {
+  bench.world.settings.set(kSessionSection, L"TimeOut", L"diez");
+}
+void setWronglyAndSilence(DiagnosticBench& bench) {
+  setWrongly(bench);
+  misbehave<simulator::Fault::Silent>(bench);
+}
+void removeLibrary(DiagnosticBench& bench) { bench.machine.libraries.emplace_back().bits = 32; }
+void refuseReportAndSilence(DiagnosticBench& bench) {
+  bench.canSave = false;
+  misbehave<simulator::Fault::Silent>(bench);
+}
+
 TEST(Diagnostic, ExitCodeTellsTheGravestTrouble) {
   using simulator::Fault;
+  const Lines kPort = {L"--puerto", L"7"};
+  const Lines kSearch = {L"--buscar"};
   const struct {
     const char* name;
-    void (*arrange)(DiagnosticBench&);
+    Arrange arrange;
     Lines arguments;
     int exitCode;
   } cases[] = {
-      {"well", [](auto&) {}, kWhole, 0},
-      {"a serial port without a printer",
-       [](auto& b) { b.line.misbehaviour().set(Fault::Silent, 2); },
-       {L"--buscar"},
-       0},
-      {"silence",
-       [](auto& b) { b.line.misbehaviour().set(Fault::Silent, simulator::kForEver); },
-       {L"--puerto", L"7"},
-       1},
-      {"silence everywhere",
-       [](auto& b) { b.line.misbehaviour().set(Fault::Silent, simulator::kForEver); },
-       {L"--buscar"},
-       1},
-      {"an address that is silent",
-       [](auto& b) {
-         placeInNetwork(b);
-         b.world.sockets.answers["10.0.0.1:4000"] = SocketDouble::Answer::Refuse;
-       },
-       {L"--buscar"},
-       1},
-      {"no paper",
-       [](auto& b) { b.line.printer().machine().error = simulator::kNoPaper; },
-       {L"--puerto", L"7"},
-       1},
-      {"full memory",
-       [](auto& b) { b.line.printer().machine().isMemoryFull = true; },
-       {L"--puerto", L"7"},
-       1},
-      {"wrong check bytes",
-       [](auto& b) { b.line.misbehaviour().set(Fault::CorruptCheck, simulator::kForEver); },
-       {L"--puerto", L"7"},
-       1},
-      {"counters refused",
-       [](auto& b) { b.line.misbehaviour().set(Fault::Refuse, simulator::kForEver); },
-       {L"--puerto", L"7"},
-       1},
-      {"counters that cannot be read",
-       [](auto& b) { b.line.misbehaviour().addAnswer("S1", "S100\nx"); },
-       {L"--puerto", L"7"},
-       1},
-      {"port taken",
-       [](auto& b) { b.world.faults.failFrom("createFile", 1, 5); },
-       {L"--puerto", L"7"},
-       1},
-      {"wrong setting",
-       [](auto& b) { b.world.settings.set(kSessionSection, L"TimeOut", L"diez"); },
-       {},
-       4},
-      {"wrong setting and silence",
-       [](auto& b) {
-         b.world.settings.set(kPlacesSection, L"3", L"COM4");
-         b.line.misbehaviour().set(Fault::Silent, simulator::kForEver);
-       },
-       {L"--puerto", L"7"},
-       1},
-      {"library gone", [](auto& b) { b.machine.libraries.emplace_back().bits = 32; }, {}, 4},
-      {"report and silence",
-       [](auto& b) {
-         b.canSave = false;
-         b.line.misbehaviour().set(Fault::Silent, simulator::kForEver);
-       },
-       {L"--puerto", L"7", L"--informe", L"C:\\r.txt"},
-       3},
-      {"no such folder", [](auto&) {}, {L"--carpeta", L"C:\\nowhere"}, 2},
-      {"no number", [](auto&) {}, {L"--puerto", L"COM7"}, 2},
-      {"no port", [](auto&) {}, {L"--puerto", L"0"}, 2},
-      {"no value", [](auto&) {}, {L"--informe"}, 2},
-      {"no option", [](auto&) {}, {L"7"}, 2},
-      {"help", [](auto&) {}, {L"--ayuda"}, 0},
+      {"well", leaveAlone, kWhole, 0},
+      {"a serial port without a printer", misbehave<Fault::Silent, 2>, kSearch, 0},
+      {"silence", misbehave<Fault::Silent>, kPort, 1},
+      {"silence everywhere", misbehave<Fault::Silent>, kSearch, 1},
+      {"an address that is silent", refuseConnections, kSearch, 1},
+      {"no paper", takePaper, kPort, 1},
+      {"full memory", fillMemory, kPort, 1},
+      {"wrong check bytes", misbehave<Fault::CorruptCheck>, kPort, 1},
+      {"counters refused", misbehave<Fault::Refuse>, kPort, 1},
+      {"counters that cannot be read", garbleCounters, kPort, 1},
+      {"port taken", takePort, kPort, 1},
+      {"wrong setting", setWrongly, {}, 4},
+      {"wrong setting and silence", setWronglyAndSilence, kPort, 1},
+      {"library gone", removeLibrary, {}, 4},
+      {"report and silence", refuseReportAndSilence, {L"--puerto", L"7", L"--informe", L"r"}, 3},
+      {"no such folder", leaveAlone, {L"--carpeta", L"C:\\nowhere"}, 2},
+      {"no number", leaveAlone, {L"--puerto", L"COM7"}, 2},
+      {"no port", leaveAlone, {L"--puerto", L"0"}, 2},
+      {"no value", leaveAlone, {L"--informe"}, 2},
+      {"no option", leaveAlone, {L"7"}, 2},
+      {"help", leaveAlone, {L"--ayuda"}, 0},
   };
   for (const auto& one : cases) {
     DiagnosticBench bench;
@@ -211,6 +197,70 @@ TEST(Diagnostic, ShowsHowTheDriverReads) {
     EXPECT_TRUE(manner.starts_with(one.reads)) << testing::PrintToString(manner);
     const std::wstring counters = valueOf(bench.said, L"Contadores (S1)");
     EXPECT_TRUE(counters.ends_with(one.arrival)) << testing::PrintToString(counters);
+  }
+}
+
+constexpr const wchar_t* kRateSection = L"Config\\NimbusPF\\Tasas";
+const std::wstring kInFile = L" (C:\\host\\ORV.ini)";
+
+struct Case {
+  const wchar_t* section;
+  const wchar_t* key;
+  const wchar_t* text;
+  bool isWrong;
+};
+
+const Case kCases[] = {
+    {kSessionSection, L"TimeOut", L"7,5 s", false},
+    {kSessionSection, L"TimeOut", L"s 7", true},
+    {kSessionSection, L"TimeOut", L"32768", true},
+    {kSessionSection, L"TipoPrinter", L"32768", false},
+    {kSessionSection, L"LimiteEspera", L"0,5", false},
+    {kSessionSection, L"LimiteEspera", L"1e30", true},
+    {kSessionSection, L"SinMensajes", L"true", false},
+    {kSessionSection, L"SinMensajes", L"-1", false},
+    {kSessionSection, L"SinMensajes", L"Sí", true},
+    {kPortSection, L"LecturaInmediata", L"no", true},
+    {kPortSection, L"DEBUG", L"0", false},
+    {kPortSection, L"DEBUG", L"False", true},
+    {kPortSection, L"DumpFile", L"dump.txt", false},
+    {kPortSection, L"DumpFile", L"\\\\server\\dump.txt", true},
+    {kRateSection, L"1", L"16.5", false},
+    {kRateSection, L"1", L"nil", false},
+    {kRateSection, L"1", L"16,5", true},
+    {kRateSection, L"1", L"IVA", true},
+    {kPlacesSection, L"99", L"tcp:box:4000", false},
+    {kPlacesSection, L"99", L"box:4000", true},
+};
+
+TEST(SettingsFacts, TellOriginAndNameWhatIsWrong) {
+  for (const Case& one : kCases) {
+    DiagnosticBench bench;
+    bench.world.settings.set(one.section, one.key, one.text);
+    const std::wstring name = std::wstring(one.section) + L"\\" + one.key;
+    EXPECT_EQ(bench.run({}), one.isWrong ? 4 : 0) << testing::PrintToString(name);
+    const std::wstring line = L"\n  " + name + L": " + one.text + kInFile + L"\n";
+    const auto found = bench.said.find(line);
+    ASSERT_NE(found, std::wstring::npos) << testing::PrintToString(name);
+    const std::wstring warning = L"  AVISO: " + name + L": ";
+    EXPECT_EQ(bench.said.compare(found + line.size(), warning.size(), warning) == 0, one.isWrong)
+        << testing::PrintToString(name);
+  }
+}
+
+TEST(SettingsFacts, FileOfTheFolderGoesBeforeTheStore) {
+  DiagnosticBench bench;
+  bench.world.settings.setInStore(kSessionSection, L"TimeOut", L"8");
+  bench.world.settings.setInStore(kSessionSection, L"Retries", L"4");
+  // The user's store may name a network.
+  bench.world.settings.setInStore(kSessionSection, L"DEBUGFILE", L"\\\\server\\trace.log");
+  bench.world.settings.setIn(L"C:\\other", kSessionSection, L"TimeOut", L"6");
+  EXPECT_EQ(bench.run({L"--carpeta", L"C:\\other"}), 0);
+  for (const wchar_t* line :
+       {L"TimeOut: 6 (C:\\other\\ORV.ini)\n", L"Retries: 4 (registro del usuario)\n",
+        L"SkipChecks: False (valor predeterminado)\n"}) {
+    EXPECT_NE(bench.said.find(line), std::wstring::npos)
+        << testing::PrintToString(std::wstring(line));
   }
 }
 
