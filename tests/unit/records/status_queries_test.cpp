@@ -3,6 +3,7 @@
 
 #include "basic/format.h"
 #include "record_bench.h"
+#include "records/z_report_queries.h"
 
 #include <gtest/gtest.h>
 
@@ -177,8 +178,15 @@ TEST(QueryWithoutPrinter, RecordsAreSubstitutesAndOnlyTestModePreviewsTheOthers)
     if (mode == L"SkipChecks") continue;
     EXPECT_EQ(errorOf([&] { static_cast<void>(numeroUltimaFactura(session)); }), 9);
     EXPECT_EQ(errorOf([&] { static_cast<void>(NumeroUltimoCierre(session)); }), 9);
-    EXPECT_EQ(views.front()->lines, (Lines{L"GET RESPONSE: S3", L"GET RESPONSE: S2",
-                                           L"GET RESPONSE: S1", L"GET RESPONSE: S1"}));
+    const auto closed = CerrarZ(session);
+    ASSERT_NE(closed, nullptr);
+    EXPECT_EQ(closed->values.numeroUltimoZ, -1);
+    const auto rows = [&] { static_cast<void>(loadReporteZMF(session, Decimal())); };
+    EXPECT_EQ(errorOf(rows), 13) << "\"Ok\" is no zReport";
+    EXPECT_EQ(
+        views.front()->lines,
+        (Lines{L"GET RESPONSE: S3", L"GET RESPONSE: S2", L"GET RESPONSE: S1", L"GET RESPONSE: S1",
+               L"I0Z", L"GET RESPONSE: U0Z", L"GET RESPONSE: U3A000000000000"}));
   }
 }
 

@@ -147,15 +147,5 @@ TEST(MemoryQuery, OneZReportIsTheFirstRowOfItsRange) {
   EXPECT_EQ(bench.printer().commands(), Sent{kSeventh});
 }
 
-TEST(ZReportQueriesInTestMode, AllGoToThePreview) {
-  DocumentBench bench({{L"TestMode", L"True"}});
-  const auto closed = CerrarZ(bench.exchange());
-  ASSERT_NE(closed, nullptr);
-  EXPECT_EQ(closed->values.numeroUltimoZ, -1);
-  EXPECT_EQ(errorOf([&] { zReportsOfRange(bench); }), 13) << "\"Ok\" is no zReport";
-  const Lines previewed = {L"I0Z", L"GET RESPONSE: U0Z", L"GET RESPONSE: U3A000005000012"};
-  EXPECT_EQ(bench.world().views.created.front()->lines, previewed);
-}
-
 }  // namespace
 }  // namespace corvid

@@ -1,3 +1,4 @@
+// The known day, its reports and reprints, and what is programmed between documents.
 #include "known_day.h"
 
 #include <gtest/gtest.h>
@@ -67,6 +68,73 @@ TEST(Day, ZReportsAreFoundByNumberAndByDate) {
   for (const auto& c : kCases) {
     const Fields fields = bench.fields(c.query);
     EXPECT_EQ(fields.empty() ? "" : fields.front(), c.firstNumber) << c.query;
+  }
+}
+
+std::string blanks(std::size_t count) { return std::string().append(count, ' '); }
+
+// What the printer put on the paper for a command.
+std::string printedFor(Bench& bench, std::string_view command) {
+  const std::size_t before = bench.paper().size();
+  EXPECT_EQ(bench.command(command), kAckAnswer) << command;
+  return bench.paper().substr(before);
+}
+
+TEST(Housekeeping, ProgrammedLinesStandOnDocumentsAsSent) {
+  Bench bench;
+  ASSERT_EQ(bench.firstRefused({"PH1" + blanks(15) + "LA CASA ES" + blanks(15), "PH2" + blanks(40),
+                                "PH4" + blanks(1) + std::string(38, '\xD1') + " ",
+                                "PHB" + blanks(17) + "GRACIAS" + blanks(16)}),
+            "");
+  std::string enye;
+  for (int i = 0; i < 38; ++i) enye += "\xC3\x91";
+  EXPECT_EQ(printedFor(bench, "810TEXT"),
+            "           RIF: J-12345678-9\n"
+            "               LA CASA ES\n"
+            "                CARACAS\n " +
+                enye +
+                "\n          DOCUMENTO NO FISCAL\n"
+                "FECHA: 14-03-2026            HORA: 10:30\n"
+                "----------------------------------------\n"
+                "TEXT\n"
+                "                 GRACIAS\n"
+                "               Z1F0000001\n"
+                "========================================\n");
+}
+
+TEST(Housekeeping, IsRefusedInTheMiddleOfADocument) {
+  const std::vector<std::string> commands = {"PHA" + blanks(40), "PG150326",        "PF103000",
+                                             "RF00000010000001", "I3A000001000001", "I0X"};
+  for (const std::string& command : commands) {
+    Bench bench;
+    ASSERT_EQ(bench.firstRefused({"I0Z", item(" ", 100, 1000, "A"), "101"}), "");
+    ASSERT_EQ(bench.command(item(" ", 100, 1000, "B")), kAckAnswer);
+    EXPECT_EQ(bench.command(command), kNakAnswer) << command;
+    ASSERT_EQ(bench.command("101"), kAckAnswer);
+    EXPECT_EQ(bench.command(command), kAckAnswer) << command;
+  }
+}
+
+TEST(Reprint, FindsKindsByTheirLetter) {
+  Bench bench;
+  std::vector<std::string> day = knownDay();
+  day.insert(day.end(), {"I0Z", "PG150326", item(" ", 100, 1000, "LATE"), "101"});
+  ASSERT_EQ(bench.firstRefused(day), "");
+  using Pair = std::pair<const char*, const char*>;  // what it prints; empty: refused
+  for (const auto& [command, content] :
+       {Pair{"RF00000020000002", "\nF (G) "}, Pair{"RD00000010000001", "\nL (P) "},
+        Pair{"RC00000020000002", "\nR (E) "}, Pair{"RN00000010000001", "\nTEXT\n"},
+        Pair{"RZ00000010000001", "REPORTE Z"}, Pair{"Rf02603150260316", "\nLATE (E) "},
+        Pair{"Rz02603140260314", "REPORTE Z"}, Pair{"RF00000050000009", ""},
+        Pair{"RF00000020000001", ""}, Pair{"RN00000020000002", ""}, Pair{"RX00000010000001", ""},
+        Pair{"Rf02603160260316", ""}, Pair{"RF0000001000001", ""}, Pair{"RF000000100000011", ""},
+        Pair{"R", ""}}) {
+    const std::size_t before = bench.paper().size();
+    const std::string answer = bench.command(command);
+    const std::string printed = bench.paper().substr(before);
+    EXPECT_EQ(answer, *content == '\0' ? kNakAnswer : kAckAnswer) << command;
+    EXPECT_EQ(printed.empty(), *content == '\0') << command;
+    EXPECT_NE(printed.find(content), std::string::npos) << command << printed;
   }
 }
 
