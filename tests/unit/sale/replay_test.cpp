@@ -47,7 +47,8 @@ std::vector<std::wstring> sell(Shop& shop) {
                    L" " + std::to_wstring(outcome.STS2) + L" " + outcome.DescripcionError + L" " +
                    std::to_wstring(sent.outcome()) + L" " + std::to_wstring(sent.blocks()));
   };
-  tell(std::to_wstring(PasarItem(session, {L"PAN", 1, 1, 16})));
+  // The dump shows every byte but those below the blank as a character.
+  tell(std::to_wstring(PasarItem(session, {L"PAN \u00D1\u20AC\x7F", 1, 1, 16})));
   tell(Response1(session.exchange())->values.Serial);
   tell(session.exchange().GetMultipleResponsesStr(L"U3A000001000002", L"|", L"/"));
   tell(std::to_wstring(PasarItem(session, {L"QUESO", 1, 1, 16})));

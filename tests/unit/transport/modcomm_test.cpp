@@ -94,14 +94,6 @@ TEST(PortOpening, FailureWithoutANumberIsNoSuccess) {
   EXPECT_EQ(bench.open(7), 31);
 }
 
-TEST(PortOpening, OpenPortIsInUse) {
-  OpenPort bench;
-  EXPECT_EQ(bench.open(7), -1);
-  EXPECT_EQ(bench.error(), L"Error (-1): CommOpen - Port in use.");
-  EXPECT_TRUE(bench.world.serial.calls().empty());
-  EXPECT_TRUE(bench.comm.isOpen(7)) << "the first opening holds";
-}
-
 TEST(PortNumbers, OutsideTheTableOrOfAClosedPortFailEveryOperation) {
   std::string data;
   bool state = false;

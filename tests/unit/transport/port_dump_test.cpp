@@ -6,26 +6,6 @@
 namespace corvid {
 namespace {
 
-TEST(HexDump, LinesHoldSixteenBytesInTwoColumns) {
-  const struct {
-    std::string bytes;
-    std::string lines;
-    const char* reason;
-  } kCases[] = {
-      {"", "", "no byte, no line"},
-      {std::string("\x02\x60\x40\x03\x23", 5),
-       "02 60 40 03 23                                  .`@.#\r\n", "padded to 48 columns"},
-      {"0123456789ABCDEFG",
-       "30 31 32 33 34 35 36 37 38 39 41 42 43 44 45 46 0123456789ABCDEF\r\n"
-       "47                                              G\r\n",
-       "both columns start again"},
-      {std::string("\x00\x1F\x20\x7F\x80\xFF", 6),
-       "00 1F 20 7F 80 FF                               .. \x7F\x80\xFF\r\n",
-       "only what sorts below the blank is hidden"},
-  };
-  for (const auto& item : kCases) EXPECT_EQ(hexDump(item.bytes), item.lines) << item.reason;
-}
-
 struct DumpBench : OpenPort {
   DumpBench() { dumpTo(L"line.txt"); }
   void dumpTo(const std::wstring& file, const std::wstring& debug = L"1") {
