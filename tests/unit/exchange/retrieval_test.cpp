@@ -30,17 +30,6 @@ TEST(Retrieval, FieldsAreWhatStandsBetweenStxAndTheEnd) {
   }
 }
 
-TEST(Retrieval, FailedExchangeIsOneField) {
-  SessionBench bench({{L"TimeOut", L"1"}});
-  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "closed";
-  bench.open();
-  bench.printer().answersToStatus = {{}};
-  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "no status";
-  EXPECT_TRUE(bench.printer().blocks.empty());
-  bench.printer().answersToBlock.assign(7, {});
-  EXPECT_EQ(bench.exchange().GetResponse(L"S1"), kFailed) << "no answer";
-}
-
 TEST(Retrieval, UncheckedModeAsksNothing) {
   OpenBench bench({{L"SkipChecks", L"True"}});
   EXPECT_EQ(bench.exchange().GetResponse(L"S1"), (Lines{L"VOID"}));
