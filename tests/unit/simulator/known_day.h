@@ -29,15 +29,4 @@ inline std::vector<std::string> knownDay() {
           item("!", 77700, 1000, "S"), "101", "810TEXT", "T2", item("!", 88800, 1000, "T"), "7"};
 }
 
-// Seven amounts of a kind: exempt, and base and tax at the general, reduced and additional rate.
-inline const std::vector<std::string> kKnownSales = {"0000004350", "0000019000", "0000003040",
-                                                     "0000005000", "0000000400", "0000002000",
-                                                     "0000000620"};
-inline const std::vector<std::string> kKnownDebits = {"0000000100", "0000002000", "0000000320",
-                                                      "0000000500", "0000000040", "0000000700",
-                                                      "0000000217"};
-inline const std::vector<std::string> kKnownCredits = {"0000000250", "0000001000", "0000000160",
-                                                       "0000000250", "0000000020", "0000000300",
-                                                       "0000000093"};
-
 }  // namespace corvid::simulator
