@@ -50,20 +50,12 @@ std::ptrdiff_t failuresIn(const Sale& sale) {
   return std::ranges::count(sale, true, &Called::failed);
 }
 
-int countOf(const std::string& paper, const std::wstring& name) {
-  const std::string text(name.begin(), name.end());
-  int count = 0;
-  for (std::size_t at = paper.find(text); at != std::string::npos; at = paper.find(text, at + 1)) {
-    ++count;
-  }
-  return count;
-}
-
 // Stated once, for all that is done to a sale.
 void expectSurvived(Shop& shop, const Sale& sale) {
   for (const Called& one : sale) {
     if (!one.isItem) continue;
-    const int times = countOf(shop.line.paper(), one.name);
+    const std::wstring_view name = one.name;
+    const int times = countOf(shop.line.paper(), std::string(name.begin(), name.end()));
     EXPECT_LE(times, 1) << "a line stands there twice";
     EXPECT_TRUE(times == 1 || one.failed) << "a line is told as sold that is not there";
   }
@@ -77,7 +69,7 @@ void expectSurvived(Shop& shop, const Sale& sale) {
   openKnown(shop);
   static_cast<void>(CancelarTransaccion(*shop.session));
   EXPECT_EQ(PasarItem(*shop.session, {L"DESPUES", 1, 1, 16}), 0);
-  EXPECT_EQ(countOf(shop.line.paper(), L"DESPUES"), 1);
+  EXPECT_EQ(countOf(shop.line.paper(), "DESPUES"), 1);
 }
 
 using ShopSettings = std::initializer_list<ShopSetting>;

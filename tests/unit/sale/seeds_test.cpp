@@ -80,17 +80,9 @@ class SeededSale {
                       faulty_.unheard() - before});
   }
 
-  int timesOnPaper(const std::string& text) {
-    int count = 0;
-    for (const std::string& line : shop_.machine().paper.lines()) {
-      if (line.find(text) != std::string::npos) ++count;
-    }
-    return count;
-  }
-
   void expectTold(const SoldLine& line) {
     SCOPED_TRACE(line.text + ", sent " + std::to_string(line.sent) + "\n" + shop_.line.paper());
-    const int times = timesOnPaper(line.text);
+    const int times = countOf(shop_.line.paper(), line.text);
     EXPECT_LE(times, 1 + line.unheard) << "a line stands there twice, and no ACK was lost";
     EXPECT_TRUE(times <= 1 || line.sent == envIncierto || line.sent == envAceptadoDudoso);
     switch (line.sent) {
@@ -125,7 +117,7 @@ class SeededSale {
     static_cast<void>(CancelarTransaccion(*shop_.session));
     EXPECT_EQ(PrintNoFiscal(*shop_.session, L"AFTER", true), 0);
     EXPECT_EQ(shop_.exchange().lastSend().outcome(), envAceptado);
-    EXPECT_EQ(timesOnPaper("AFTER"), 1);
+    EXPECT_EQ(countOf(shop_.line.paper(), "AFTER"), 1);
   }
 
   Draw& draw_;

@@ -33,4 +33,10 @@ class SimulatedLine : public LinePeer {
   simulator::Printer printer_;
 };
 
+inline int countOf(std::string_view text, std::string_view part) {
+  int count = 0;
+  for (auto at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
 }  // namespace corvid

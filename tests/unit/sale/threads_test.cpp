@@ -36,12 +36,6 @@ void sell(PrinterSession& session, int& sold) {
   for (int i = 0; i < kItems; ++i) sold += PasarItem(session, L"PAN", money(1), 1, 16) == 0 ? 1 : 0;
 }
 
-std::size_t countOf(const std::string& text, const std::string& part) {
-  std::size_t count = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
-
 // A trace or a dump that two threads write to at once holds whole lines of both.
 TEST(TwoThreads, SellAtOnceAndShareTraceAndDump) {
   Shop first{{kSessionSection, L"IsDebug", L"True"},
@@ -65,9 +59,8 @@ TEST(TwoThreads, SellAtOnceAndShareTraceAndDump) {
   EXPECT_EQ(2 * (kItems + 1), countOf(trace, "Execute: ")) << "each asks for its rates too";
   EXPECT_EQ(0, first.world.files.overlaps);
   const std::string& dump = first.world.files.contents.at(L"C:\\host\\dump.log");
-  EXPECT_EQ(
-      first.world.files.writes,
-      static_cast<int>(countOf(trace, "\r\n") + countOf(dump, "Send ") + countOf(dump, "Read ")));
+  EXPECT_EQ(first.world.files.writes,
+            countOf(trace, "\r\n") + countOf(dump, "Send ") + countOf(dump, "Read "));
 }
 
 TEST(TwoThreads, CannotOpenTheSamePort) {
