@@ -106,6 +106,12 @@ TEST(LastSend, IsUnsentOrUncertainWithoutAPrinterThatIsAsked) {
        envIncierto, 1},
       {"direct command", [](SessionBench& bench) { bench.exchange().SendDirect(L"101"); },
        envIncierto, 1},
+      {"direct command that the port does not take",
+       [](SessionBench& bench) {
+         bench.world().serial.shortenWrite(1, 6);
+         bench.exchange().SendDirect(L"101");
+       },
+       envNoEnviado, 0},
       {"unchecked mode",
        [](SessionBench& bench) {
          bench.exchange().state().skipChecks = true;
