@@ -17,11 +17,11 @@ constexpr std::uint32_t kAccessDenied = 5;
 void SerialDouble::deliver(std::string_view bytes, double delaySeconds) {
   const auto open = open_.find(current_);
   if (open == open_.end()) return;  // nobody hears it
-  Line& line = open->second;
+  SerialLine& line = open->second;
   line.free = std::max(line.free, clock_.total() + delaySeconds);
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     if (driver.arrival != DriverModel::Arrival::Whole) line.free += kByteSeconds;
-    line.incoming.push_back({bytes[i], arrival(line.free, i, bytes.size())});
+    line.bytes.push_back({bytes[i], arrival(line.free, i, bytes.size())});
   }
 }
 
@@ -48,19 +48,14 @@ double SerialDouble::arrival(double passed, std::size_t index, std::size_t count
 
 void SerialDouble::silence() {
   for (auto& [handle, line] : open_) {
-    std::erase_if(line.incoming, [&](const Arriving& one) { return one.due > clock_.total(); });
+    std::erase_if(line.bytes,
+                  [&](const Incoming::Arriving& one) { return one.due > clock_.total(); });
   }
 }
 
 void SerialDouble::shortenWrite(int nth, std::uint32_t by) {
   shortWriteCountdown_ = nth;
   shortBy_ = by;
-}
-
-std::size_t SerialDouble::unread() const {
-  std::size_t count = 0;
-  for (const auto& [handle, line] : open_) count += line.incoming.size();
-  return count;
 }
 
 std::size_t SerialDouble::count(const std::string& call) const {
@@ -91,23 +86,13 @@ bool SerialDouble::use(const std::string& call) {
   const InSeam seam;
   calls_.push_back(call);
   const std::optional<std::uint32_t> error = faults_.use(call);
-  if (error) lastError_ = *error;
-  return !error;
+  return !error || failWith(*error);
 }
 
 bool SerialDouble::useOpen(const std::string& call, SerialHandle handle) {
   if (!use(call)) return false;
   if (open_.contains(handle)) return true;
-  lastError_ = kInvalidHandle;
-  return false;
-}
-
-// Times are sums of fractions: what is due to the microsecond is due.
-std::size_t SerialDouble::countDue(const Line& line) const {
-  const double now = clock_.total() + 1e-6;
-  const auto end =
-      std::ranges::find_if(line.incoming, [&](const Arriving& one) { return one.due > now; });
-  return static_cast<std::size_t>(end - line.incoming.begin());
+  return failWith(kInvalidHandle);
 }
 
 SerialHandle SerialDouble::createFile(const std::wstring& name) {
@@ -139,7 +124,7 @@ bool SerialDouble::setupComm(SerialHandle handle, std::uint32_t input, std::uint
 bool SerialDouble::purgeComm(SerialHandle handle, std::uint32_t flags) {
   note("purgeComm", {flags});
   if (!useOpen("purgeComm", handle)) return false;
-  open_.at(handle).incoming.clear();
+  open_.at(handle).bytes.clear();
   return true;
 }
 
@@ -169,23 +154,17 @@ bool SerialDouble::setCommState(SerialHandle handle, const DeviceControlBlock& b
 
 bool SerialDouble::clearCommError(SerialHandle handle, SerialQueue& queue) {
   if (!useOpen("clearCommError", handle)) return false;
-  const Line& line = open_.at(handle);
   queue.errorFlags = errorFlags;
-  queue.waiting = static_cast<std::uint32_t>(countDue(line));
+  queue.waiting = countDue(open_.at(handle));
   return true;
 }
 
 std::uint32_t SerialDouble::take(SerialHandle handle, char* buffer, std::uint32_t size) {
-  Line& line = open_.at(handle);
+  SerialLine& line = open_.at(handle);
   if (driver.reads == DriverModel::Reads::WaitOut && countDue(line) < size) {
     clock_.advance(timeouts_.readTotalConstant / 1000.0);
   }
-  const auto count = std::min(size, static_cast<std::uint32_t>(countDue(line)));
-  for (std::uint32_t i = 0; i < count; ++i) {
-    buffer[i] = line.incoming.front().byte;
-    line.incoming.pop_front();
-  }
-  return count;
+  return takeDue(line, buffer, size);
 }
 
 bool SerialDouble::readFile(SerialHandle handle, char* buffer, std::uint32_t size,
@@ -232,10 +211,6 @@ bool SerialDouble::getCommModemStatus(SerialHandle handle, std::uint32_t& status
 bool SerialDouble::escapeCommFunction(SerialHandle handle, std::uint32_t function) {
   note("escapeCommFunction", {function});
   return useOpen("escapeCommFunction", handle);
-}
-
-std::wstring SerialDouble::errorMessage(std::uint32_t number) {
-  return L"system message " + std::to_wstring(number);
 }
 
 }  // namespace corvid

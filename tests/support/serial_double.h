@@ -1,15 +1,10 @@
 // Serial lines in memory: what is written reaches a peer, what the peer sends is read.
 #pragma once
 
-#include "support/call_faults.h"
-#include "support/fake_clock.h"
-#include "support/line_peer.h"
+#include "support/line_double.h"
 #include "transport/serial_calls.h"
 
-#include <cstdint>
-#include <deque>
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,16 +31,20 @@ struct DriverModel {
 
 inline constexpr double kByteSeconds = 11.0 / 9600;  // start, eight data bits, parity, stop
 
+struct SerialLine : Incoming {
+  std::wstring device;
+};
+
 // Fulfils the serial calls over lines in memory, one per device name; all share one peer. Keeps
 // every call. A closed or invalid handle fails with 6, a device that is open already with 5.
-class SerialDouble : public SerialCalls, public NearEnd {
+class SerialDouble : public LineDouble<SerialCalls, SerialHandle, SerialLine> {
  public:
-  SerialDouble(FakeClock& clock, CallFaults& faults) : clock_(clock), faults_(faults) {}
+  using LineDouble::LineDouble;
 
   DriverModel driver;
 
   void connect(LinePeer* peer) { peer_ = peer; }
-  using NearEnd::deliver;
+  using LineDouble::deliver;
   void deliver(std::string_view bytes, double delaySeconds) override;
   // Takes back what has not arrived.
   void silence();
@@ -70,7 +69,6 @@ class SerialDouble : public SerialCalls, public NearEnd {
   [[nodiscard]] const std::vector<std::string>& written() const { return written_; }
   [[nodiscard]] const std::vector<std::wstring>& opened() const { return opened_; }
   [[nodiscard]] std::size_t openHandles() const { return open_.size(); }
-  [[nodiscard]] std::size_t unread() const override;
   [[nodiscard]] const SerialTimeouts& timeouts() const { return timeouts_; }
   void clearLog();
 
@@ -90,8 +88,6 @@ class SerialDouble : public SerialCalls, public NearEnd {
   bool getCommModemStatus(SerialHandle handle, std::uint32_t& status) override;
   bool escapeCommFunction(SerialHandle handle, std::uint32_t function) override;
   std::vector<std::int16_t> ports() override { return present; }
-  std::uint32_t lastError() override { return lastError_; }
-  std::wstring errorMessage(std::uint32_t number) override;
 
   std::vector<std::int16_t> present = {3, 7};  // the ports that exist
   std::uint32_t errorFlags = 0;                // what clearCommError reports
@@ -99,15 +95,6 @@ class SerialDouble : public SerialCalls, public NearEnd {
   DeviceControlBlock deviceState;  // getCommState gives it, setCommState changes it
 
  private:
-  struct Arriving {
-    char byte;
-    double due;
-  };
-  struct Line {
-    std::wstring device;
-    std::deque<Arriving> incoming;
-    double free = 0;  // when the last byte on its way has passed
-  };
   struct Use {
     std::string call;
     std::uint32_t number;
@@ -118,18 +105,11 @@ class SerialDouble : public SerialCalls, public NearEnd {
   void note(const std::string& call, std::initializer_list<std::uint32_t> numbers);
   [[nodiscard]] double arrival(double passed, std::size_t index, std::size_t count) const;
   [[nodiscard]] bool isPending() const { return lastError_ == kErrorIoPending; }
-  [[nodiscard]] std::size_t countDue(const Line& line) const;
   std::uint32_t take(SerialHandle handle, char* buffer, std::uint32_t size);
   std::uint32_t send(SerialHandle handle, std::string_view bytes);
 
-  FakeClock& clock_;
-  CallFaults& faults_;
-  LinePeer* peer_ = nullptr;
-  std::map<SerialHandle, Line> open_;
   SerialHandle nextHandle_ = 100;
-  SerialHandle current_ = kInvalidSerialHandle;  // where the next bytes are sent
-  std::uint32_t overlappedCount_ = 0;            // what the last transfer moved
-  std::uint32_t lastError_ = 0;
+  std::uint32_t overlappedCount_ = 0;  // what the last transfer moved
   int shortWriteCountdown_ = 0;
   std::uint32_t shortBy_ = 0;
   SerialTimeouts timeouts_;

@@ -12,17 +12,12 @@ constexpr std::uint32_t kReset = 10054;
 
 }  // namespace
 
-bool SocketDouble::failWith(std::uint32_t error) {
-  lastError_ = error;
-  return false;
-}
-
 bool SocketDouble::use(const std::string& call, SocketHandle handle) {
   const std::optional<std::uint32_t> error = faults_.use(call);
   if (error && *error != kHangUp) return failWith(*error);
   const auto open = open_.find(handle);
   if (open == open_.end()) return failWith(kNotASocket);
-  if (error) hangUp(open->second);
+  if (error) open->second.isHungUp = true;
   return true;
 }
 
@@ -31,13 +26,7 @@ void SocketDouble::deliver(std::string_view bytes, double delaySeconds) {
   if (open == open_.end() || open->second.isHungUp) return;  // nobody hears it
   Connection& connection = open->second;
   connection.free = std::max(connection.free, clock_.total() + delaySeconds);
-  for (const char byte : bytes) connection.incoming.push_back({byte, connection.free});
-}
-
-std::size_t SocketDouble::unread() const {
-  std::size_t count = 0;
-  for (const auto& [handle, connection] : open_) count += connection.incoming.size();
-  return count;
+  for (const char byte : bytes) connection.bytes.push_back({byte, connection.free});
 }
 
 bool SocketDouble::resolve(const std::wstring& host, std::uint16_t port,
@@ -97,11 +86,7 @@ bool SocketDouble::receive(SocketHandle handle, char* buffer, std::uint32_t size
   count = 0;
   if (!use("receive", handle)) return false;
   Connection& connection = open_.at(handle);
-  const double now = clock_.total() + 1e-6;
-  while (count < size && !connection.incoming.empty() && connection.incoming.front().due <= now) {
-    buffer[count++] = connection.incoming.front().byte;
-    connection.incoming.pop_front();
-  }
+  count = takeDue(connection, buffer, size);
   return count != 0 || connection.isHungUp || failWith(kErrorWouldBlock);
 }
 
@@ -121,10 +106,6 @@ bool SocketDouble::send(SocketHandle handle, std::string_view bytes, std::uint32
     peer_->received(bytes.substr(0, count), *this);
   }
   return true;
-}
-
-std::wstring SocketDouble::errorMessage(std::uint32_t number) {
-  return L"system message " + std::to_wstring(number);
 }
 
 }  // namespace corvid
