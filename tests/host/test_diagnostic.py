@@ -27,7 +27,6 @@ class Diagnostic(HostTest):
         before = printer.tell("state")
         self.write_settings({
             r"Config\NimbusPF": {"TimeOut": "7", "SinMensajes": "quizá"},
-            r"Config\Puertos": {"40": "tcp:127.0.0.1:1"},
         })  # fmt: skip
         report = self.folder / "informe ñandú.txt"
         code, output, told = self.run_program(
@@ -35,16 +34,10 @@ class Diagnostic(HostTest):
 
         file = windows_path(self.folder / "ORV.ini")
         self.assertEqual(told["Estado"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
-        self.assertEqual(told["Última factura"], "0")
-        self.assertEqual(told["Fecha de la impresora"], "14-03-2026 10:30")
-        self.assertRegex(told["Contadores (S1)"],
-                         r"^primer byte a los \d+ ms, último a los \d+ ms; \d+ bytes ")  # fmt: skip
         self.assertRegex(told["COM7"], r"^\\Device\\Serial\d+$")
         # Wine's driver waits out the time-out of a read that asks for more than is there.
         self.assertRegex(told["Una lectura que pide más de lo que hay"], "^espera hasta el final")
         self.assertEqual(told[r"Config\NimbusPF\TimeOut"], f"7 ({file})")
-        self.assertEqual(told[r"Config\Puertos\40"], f"tcp:127.0.0.1:1 ({file})")
-        self.assertRegex(told["AVISO"], r"^Config\\NimbusPF\\SinMensajes: no es True, False ni un número")
         version = output.split()[1]  # program and library are of one build
         library = told[f"{BITS} bits, toda la máquina"]
         self.assertEqual(library.lower(), f"{windows_path(harness.LIBRARY)}, versión {version}.0".lower())
@@ -57,23 +50,15 @@ class Diagnostic(HostTest):
         self.assertLessEqual({data for way, data in printer.messages() if way == ">"}, QUESTIONS)
         self.assertEqual((printer.paper(), printer.tell("state")), ("", before))
 
-    def test_it_finds_the_printer_and_tells_what_is_wrong_by_its_exit_code(self):
-        printer = self.printer()
+    def test_it_finds_the_printer_and_ends_with_its_exit_code(self):
+        self.printer()
         folder = windows_path(self.folder)
         code, output, told = self.run_program("--buscar", "--carpeta", folder)
         self.assertEqual(told["COM7"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
         self.assertEqual(code, 0, output)
 
-        printer.tell("error 65")
-        code, output, told = self.run_program("--puerto", "7", "--con-datos")
-        self.assertIn("Sin papel", told["Estado"])
-        self.assertEqual((told["Serial"], told["RIF"]), (SERIAL, RIF))
-        self.assertEqual(code, 1, output)
-
         code, output, _ = self.run_program("--simulado", "--informe", r"Z:\there\is\no\folder.txt")
         self.assertEqual(code, 3, output)
-        code, output, told = self.run_program("--simulado")
-        self.assertEqual((code, told["Cierres Z"]), (0, "0"), output)
         code, output, _ = self.run_program("--puerto", "siete")
         self.assertEqual(code, 2)
         self.assertIn("siete no es un número de 1 a 99", output)
