@@ -32,7 +32,7 @@ TEST_F(Housekeeping, GivesItsKindsOfResultAndPassesArgumentsInTheirOrder) {
 
 // Whoever waits for a silent printer is not kept waiting by a host that has let go.
 TEST_F(Housekeeping, LastReferenceReleasedInAMemberEndsItsWaiting) {
-  SessionBench bench;
+  SessionBench bench({{L"TimeOut", L"1"}, {L"LimiteEspera", L"3"}});
   bench.open();
   PrinterFiscalObject* const object =
       makeObject<PrinterFiscalObject>(
