@@ -100,10 +100,9 @@ class Screen:
         """Keys go to this window from now on."""
         self._xdotool("windowfocus", "--sync", window)
 
-    def click(self, x, y, window=None, button=1):
-        """Clicks at a place of the screen, or of the window when one is given."""
-        within = [] if window is None else ["--window", window]
-        self._xdotool("mousemove", *within, x, y, "click", button)
+    def click(self, x, y):
+        """Clicks at a place of the screen."""
+        self._xdotool("mousemove", x, y, "click", 1)
 
     def drag(self, x, y, to_x, to_y):
         """Moves the mouse from one place of the screen to another with its button down."""

@@ -187,6 +187,7 @@ class Preview(DesktopTest):
         window.click(SEARCH)
         window.answer("Buscar", "Return", text="nada")
         window.answer("ADVERTENCIA", "Return")
+        self.assertEqual(window.controls()[TEXT].selection.start, 156, "stays where it was")
 
     def save(self, window):
         window.click(SAVE)

@@ -68,18 +68,6 @@ TEST_F(ErrorInformation, TurnsEveryExceptionIntoAResultWithItsWords) {
   }
 }
 
-TEST_F(ErrorInformation, ReachesEarlyAndLateBoundHosts) {
-  const auto session = newSession();
-  EXPECT_EQ(static_cast<HRESULT>(0x800A0009), session->Abrir(number(100).value()));
-  EXPECT_EQ((Left{L"PrinterFiscalCorvid", L"Subscript out of range"}), takeErrorInfo());
-
-  const LateResult raised = callLate(session.get(), L"Abrir", {text(L"siete").value()});
-  EXPECT_EQ(DISP_E_EXCEPTION, raised.outcome);
-  EXPECT_EQ(static_cast<HRESULT>(0x800A000D), raised.raised);
-  EXPECT_EQ(L"PrinterFiscalCorvid", raised.source);
-  EXPECT_EQ(L"Type mismatch", raised.description);
-}
-
 // Arguments convert in their order: the first that cannot decides.
 TEST_F(ErrorInformation, ComesFromTheFirstArgumentThatDoesNotConvert) {
   const auto session = newSession();

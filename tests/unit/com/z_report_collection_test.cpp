@@ -50,31 +50,6 @@ std::vector<int> next(IEnumVARIANT* walk, ULONG count) {
 using ZReportCollection = AutomationTest;
 using Numbers = std::vector<int>;
 
-TEST_F(ZReportCollection, CountsItsPlacesFromOne) {
-  const auto collection = threeReports();
-  LONG count = 0;
-  EXPECT_EQ(S_OK, collection->get_Count(&count));
-  EXPECT_EQ(3, count);
-  const struct {
-    Variant place;
-    HRESULT outcome;
-    short number;
-    const char* reason;
-  } cases[] = {
-      {Variant::ofInt16(1), S_OK, 11, "the first"},
-      {Variant::ofInt32(3), S_OK, 13, "the last"},
-      {Variant::ofInt16(0), static_cast<HRESULT>(0x800A0009), 0, "before the first"},
-      {Variant::ofInt16(4), static_cast<HRESULT>(0x800A0009), 0, "after the last"},
-  };
-  for (const auto& one : cases) {
-    ComPtr<IReporteZMF> item;
-    EXPECT_EQ(one.outcome, collection->get_Item(one.place.value(), item.put())) << one.reason;
-    short found = 0;
-    if (item) item->get_numeroCierre(&found);
-    EXPECT_EQ(one.number, found) << one.reason;
-  }
-}
-
 TEST_F(ZReportCollection, GivesTheSameObjectForAPlaceAndToAWalk) {
   const auto collection = threeReports();
   Variant first = Variant::ofInt16(1);

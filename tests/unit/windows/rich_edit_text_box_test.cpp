@@ -78,20 +78,6 @@ TEST_F(TextBox, WideLineDoesNotTakeTheOthersOutOfView) {
   EXPECT_EQ(place.x, 0);
 }
 
-TEST_F(TextBox, FindsForwardWithoutCase) {
-  box_.setText(L"Uno dos\r\nUNO\r\ntres");
-  ASSERT_TRUE(box_.find(L"uno", 0));
-  EXPECT_EQ(box_.selectionStart(), 0);
-  ASSERT_TRUE(box_.find(L"uno", 1));
-  EXPECT_EQ(box_.selectionStart(), 9);
-  EXPECT_EQ(box_.selectionLength(), 3);
-  EXPECT_TRUE(box_.find(L"RES", 9)) << "inside a word";
-  EXPECT_EQ(box_.selectionStart(), 15);
-  EXPECT_FALSE(box_.find(L"uno", 10)) << "only behind that place";
-  EXPECT_FALSE(box_.find(L"", 0));
-  EXPECT_EQ(box_.selectionStart(), 15) << "a failed find leaves the selection";
-}
-
 TEST_F(TextBox, OddTextsStayWhole) {
   const std::wstring longLine(100000, L'x');
   struct Case {
