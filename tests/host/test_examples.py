@@ -61,10 +61,6 @@ class Case(typing.NamedTuple):
 BEFORE = ("Antes de Abrir", "nada enviado", 0, 0)
 CANCEL = "CancelarTransaccion"
 CASES = {
-    "accepted": Case("reset", 0, [
-        ("PasarItem", "aceptado", 1, 0), ("PasarItem", "aceptado", 1, 0),
-        ("CerrarConMedio", "aceptado", 1, 0),
-    ], (1, 1), CLOSED),
     "refused": Case("error 65", 0, [
         ("PasarItem", "rechazado", 7, 0), (CANCEL, "rechazado", 7, 0),
     ], (0, 0), advice="atienda la impresora. Sin papel"),
@@ -131,10 +127,14 @@ class Examples(SaleTest):
             functools.partial(self.sell_surely, *job) for job in zip(PORTS, CASES, CASES.values())
         ])  # fmt: skip
 
-    def sell_surely(self, port, name, case):
+    def folder_with_limit(self, name, limit):
         folder = self.folder / name
         folder.mkdir()
-        (folder / "ORV.ini").write_text(f"[Config\\NimbusPF]\nTimeOut=1\nLimiteEspera={case.limit}\n")
+        (folder / "ORV.ini").write_text(f"[Config\\NimbusPF]\nTimeOut=1\nLimiteEspera={limit}\n")
+        return folder
+
+    def sell_surely(self, port, name, case):
+        folder = self.folder_with_limit(name, case.limit)
         with self.printer(port, name) as printer:
             for line in case.fault.split("|"):
                 printer.tell(line)
@@ -150,6 +150,30 @@ class Examples(SaleTest):
                 self.assertIn(line, output, name)
             paper = printer.paper()
             self.assertEqual(tuple(map(paper.count, ARTICLES)), case.paper, name)
+
+    def test_a_sale_stays_whole_whatever_answer_is_lost(self):
+        """The nth command is carried out and never answered, for each n of the sale."""
+        verdicts = []
+        while None not in verdicts:
+            jobs = zip(PORTS, range(len(verdicts) + 1, len(verdicts) + 1 + len(PORTS)))
+            verdicts += self.run_together([functools.partial(self.sell_despite, *job)
+                                           for job in jobs])  # fmt: skip
+        self.assertGreater(verdicts.count(CLOSED), 5, verdicts)
+
+    def sell_despite(self, port, nth):
+        """The host's verdict, or none where the sale had fewer commands."""
+        name = f"lost {nth}"
+        folder = self.folder_with_limit(name, 1)
+        (folder / "script").write_text(f"after {nth} lose 1\n")
+        with self.printer(port, name, ["--script", str(folder / "script")]) as printer:
+            output = self.start_host([*ENVIO, port], cwd=folder)[0].whole
+            paper = printer.paper()
+            verdict = CLOSED if CLOSED in output else ENDED
+            self.assertIn(verdict, output, name)
+            self.assertEqual(verdict == CLOSED, paper.count("CAMBIO") == 1, name)
+            if verdict == CLOSED:
+                self.assertEqual(tuple(map(paper.count, ARTICLES)), (1, 1), name)
+            return verdict if len(printer.commands()) >= nth else None
 
     def test_a_host_recovers_from_a_power_cut(self):
         self.run_together([
