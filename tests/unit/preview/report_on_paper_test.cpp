@@ -140,6 +140,7 @@ TEST(ReportFitting, RunTimeErrorsReachTheHostButNotCreation) {
   } kCases[] = {
       {15120, 1, 32762, 6, "width and allowance"},
       {15120, 1, -7, 5, "no text of negative length"},
+      {15120, 1, -6, 0, "a text without length fits"},
       {1e9, 1, 120, 6, "lines per page"},
       {15120, 0, 120, 11, "a font without height"},
   };

@@ -121,6 +121,7 @@ TEST(Opening, ReleaseClosesThePort) {
 TEST(Opening, TestModeOpensNoPortAndCollectsCommands) {
   SessionBench bench({{L"TestMode", L"True"}});
   bench.session().Abrir(7);
+  EXPECT_EQ(bench.world().views.created.size(), 1U) << "before any command";
   EXPECT_EQ(bench.session().Execute(L"80 a"), 0);
   bench.session().exchange().SendDirect(L"80 a");
   EXPECT_EQ(bench.session().exchange().GetResponse(L"S1"), (Lines{L"Ok"}));
