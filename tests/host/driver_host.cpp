@@ -3,6 +3,9 @@
 //
 //   driver_host sell PORT COUNT at-once|waits-out   items sold, statuses that were right; the
 //       driver's reads give what is there, or wait out their time-out, as Wine's do
+//   driver_host together PORT COUNT    the same from two threads, each on a port of its own, and
+//   then
+//       from a thread that has no apartment of its own: by the system's marshalling
 //   driver_host nested PORT     another member called from a message handler in the middle of one
 //   driver_host release PORT    the last reference let go there, on a silent line
 //   driver_host quit PORT       a quit message posted there, on a silent line
@@ -14,6 +17,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <thread>
 
 namespace {
 
@@ -106,7 +110,25 @@ void sell(int port, int count, bool atOnce) {
     if (first == (i == 0 ? 0x60 : 0x61) && second == 0x40) ++right;
   }
   check(printer->Cerrar());
-  std::printf("sold=%d\nright=%d\n", sold, right);
+  std::printf("sold=%d\nright=%d\n", sold, right);  // at once: other threads print too
+}
+
+// A failure in a thread must not end the process.
+void sellInThread(int port, int count, DWORD model) {
+  CoInitializeEx(nullptr, model);
+  try {
+    sell(port, count, false);
+  } catch (const std::exception& error) {
+    std::printf("error=%s\n", error.what());
+  }
+  CoUninitialize();
+}
+
+void sellTogether(int port, int count) {
+  std::thread other(sellInThread, port + 1, count, COINIT_APARTMENTTHREADED);
+  sell(port, count, false);
+  other.join();
+  std::thread(sellInThread, port + 2, count, COINIT_MULTITHREADED).join();
 }
 
 // What a timer does in the middle of a member.
@@ -152,6 +174,8 @@ int run(int count, char** arguments) {
   const host::Apartment apartment;
   if (task == "sell" && count == 5) {
     sell(port, std::atoi(arguments[3]), std::string_view(arguments[4]) == "at-once");
+  } else if (task == "together" && count == 4) {
+    sellTogether(port, std::atoi(arguments[3]));
   } else if (task == "nested") {
     interrupt(port, callNested, false);
   } else if (task == "release") {
@@ -159,7 +183,7 @@ int run(int count, char** arguments) {
   } else if (task == "quit") {
     interrupt(port, quit, false);
   } else {
-    throw std::runtime_error("sell, nested, release or quit");
+    throw std::runtime_error("sell, together, nested, release or quit");
   }
   std::puts("<the host reached its end>");
   return EXIT_SUCCESS;

@@ -116,6 +116,17 @@ class Drivers(HostTest):
             functools.partial(self.sell, port, *way) for port, way in zip(PORTS, ways)
         ])  # fmt: skip
 
+    def test_threads_sell_at_once_each_on_a_port_of_its_own(self):
+        """Two of them in apartments of their own; a third one has none."""
+        count = 20
+        printers = [self.printer(port, f"COM{port}") for port in (7, 8, 9)]
+        said = self.run_host("together", 7, count)
+        self.assertEqual(said.whole.count(f"sold={count}\nright={count}\n"), 3, said.whole)
+        for printer in printers:
+            paper = printer.paper()
+            lines = [paper.count(f"PAN{1000 + i}") for i in range(count)]
+            self.assertEqual(lines, [1] * count)
+
     def test_a_member_called_in_the_middle_of_another_is_refused(self):
         printer = self.printer()
         printer.tell("split on 2 1000")
