@@ -6,12 +6,16 @@
 //   driver_host together PORT COUNT    the same from two threads, each on a port of its own, and
 //   then
 //       from a thread that has no apartment of its own: by the system's marshalling
+//   driver_host soak PORT COUNT        commands accepted, and by how much the process grew from the
+//       first half of them to the last one
 //   driver_host nested PORT     another member called from a message handler in the middle of one
 //   driver_host release PORT    the last reference let go there, on a silent line
 //   driver_host quit PORT       a quit message posted there, on a silent line
 
 #include "automation.h"
 #include "corvid_interfaces.h"
+
+#include <psapi.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -131,6 +135,29 @@ void sellTogether(int port, int count) {
   std::thread(sellInThread, port + 2, count, COINIT_MULTITHREADED).join();
 }
 
+std::size_t privateBytes() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PagefileUsage;
+}
+
+void soak(int port, int count) {
+  Session printer;
+  create(printer);
+  open(printer, port);
+  const host::Text command(L"w");
+  std::size_t before = 0;
+  int accepted = 0;
+  for (int i = 0; i < count; ++i) {
+    if (i == count / 2) before = privateBytes();
+    short result = -1;
+    check(printer->Execute(command.get(), &result));
+    if (result == 0) ++accepted;
+  }
+  const auto grown = static_cast<long>(privateBytes()) - static_cast<long>(before);
+  std::printf("accepted=%d\ngrown=%ld\n", accepted, grown);
+}
+
 // What a timer does in the middle of a member.
 IPrinterFiscal* theBusyOne = nullptr;
 
@@ -176,6 +203,8 @@ int run(int count, char** arguments) {
     sell(port, std::atoi(arguments[3]), std::string_view(arguments[4]) == "at-once");
   } else if (task == "together" && count == 4) {
     sellTogether(port, std::atoi(arguments[3]));
+  } else if (task == "soak" && count == 4) {
+    soak(port, std::atoi(arguments[3]));
   } else if (task == "nested") {
     interrupt(port, callNested, false);
   } else if (task == "release") {
@@ -183,7 +212,7 @@ int run(int count, char** arguments) {
   } else if (task == "quit") {
     interrupt(port, quit, false);
   } else {
-    throw std::runtime_error("sell, together, nested, release or quit");
+    throw std::runtime_error("sell, together, soak, nested, release or quit");
   }
   std::puts("<the host reached its end>");
   return EXIT_SUCCESS;

@@ -2,6 +2,7 @@
 
 import concurrent.futures
 import functools
+import os
 
 import harness
 from harness import BUILT, PORTS, HostTest, Said, wait_until, windows_path
@@ -126,6 +127,14 @@ class Drivers(HostTest):
             paper = printer.paper()
             lines = [paper.count(f"PAN{1000 + i}") for i in range(count)]
             self.assertEqual(lines, [1] * count)
+
+    def test_memory_stays_flat_over_many_commands(self):
+        """CORVID_EXCHANGES sets how many."""
+        count = int(os.environ.get("CORVID_EXCHANGES", "1000"))
+        self.printer()
+        said = self.run_host("soak", 7, count)
+        self.assertEqual(said["accepted"], str(count))
+        self.assertLess(int(said["grown"]), 65536, "bytes")
 
     def test_a_member_called_in_the_middle_of_another_is_refused(self):
         printer = self.printer()
