@@ -60,8 +60,8 @@ Say "subtotal", CInt(p.SubTotal())
 Say "subtotal unprinted", CInt(p.SubTotal(False))
 Say "percent", CInt(p.PasarDescuento(8.2))
 Say "amount", CInt(p.PasarMontoDescuento(5.5))
-Say "general percent", p.descuentoGeneral(True, True, 10)
-Say "general surcharge", p.descuentoGeneral(False, False, 2.5)
+Say "general percent", p.descuentoGeneral(True, False, 10)
+Say "general amount", p.descuentoGeneral(False, True, 2.5)
 Say "paid", p.CerrarComprobante(5000)
 Say "again", p.CerrarComprobante(5)
 Expect "again flag", p.resultFlag, 21
@@ -73,7 +73,7 @@ p.Cerrar
 def discount_commands(_):
     return [
         "S3", "F+112,50||2,000||JAMON", "F-112,50||1,000|||X|JAMON", "F+11000,00||1,000||ARROZ",
-        "3", "4", "p-00820", "q-000000000550", "GP-*10,00", "GM+*2,50",
+        "3", "4", "p-00820", "q-000000000550", "GP+*10,00", "GM-*2,50",
         "201000000500000", *["201000000000500"] * 7, "w",
     ]  # fmt: skip
 
