@@ -4,6 +4,8 @@
 #include "support/error_of.h"
 #include "unit/com/automation_host.h"
 
+#include <utility>
+
 namespace corvid::testing {
 namespace {
 
@@ -20,17 +22,21 @@ Variant typedArray(VARTYPE type, std::vector<SAFEARRAYBOUND> bounds) {
 
 TEST_F(HostArrays, GiveBackTheirFields) {
   const Lines fields = {L"A", L"", L"C"};
-  Variant array = toHostArray(fields);
-  EXPECT_EQ(VT_ARRAY | VT_VARIANT, array.type());
-  const HostArray reader(array.value());
-  ASSERT_EQ(2, reader.upperBound());
-  for (std::int32_t i = 0; i < 3; ++i) {
-    EXPECT_EQ(fields[static_cast<std::size_t>(i)], reader.text(i));
+  const std::pair<Variant (*)(const Lines&), VARTYPE> kMakers[] = {{toHostArray, VT_VARIANT},
+                                                                   {toStringArray, VT_BSTR}};
+  for (const auto& [make, kind] : kMakers) {
+    Variant array = make(fields);
+    EXPECT_EQ(VT_ARRAY | kind, array.type());
+    const HostArray reader(array.value());
+    ASSERT_EQ(2, reader.upperBound());
+    for (std::int32_t i = 0; i < 3; ++i) {
+      EXPECT_EQ(fields[static_cast<std::size_t>(i)], reader.text(i));
+    }
+    // As a script's variable, which also holds what a function returned to it.
+    EXPECT_EQ(L"C", HostArray(variable(array)).text(2));
+    EXPECT_EQ(9, errorOf(reader, 3));
+    EXPECT_EQ(9, errorOf(reader, -1));
   }
-  // As a script's variable, which also holds what a function returned to it.
-  EXPECT_EQ(L"C", HostArray(variable(array)).text(2));
-  EXPECT_EQ(9, errorOf(reader, 3));
-  EXPECT_EQ(9, errorOf(reader, -1));
 }
 
 TEST_F(HostArrays, ThatAreTooLongAreAnOrdinaryLackOfMemory) {

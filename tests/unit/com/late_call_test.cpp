@@ -56,9 +56,9 @@ TEST_F(LateCalls, TakeNullForATextAndADefaultPropertyForItsObject) {
 TEST_F(LateCalls, RefuseWhatDoesNotFit) {
   const auto buffer = newBuffer();
   const Variant words = text(L"no number");
-  const LateResult refused = callLate(buffer.get(), L"Remove", {number(1).value(), words.value()});
+  const LateResult refused = callLate(buffer.get(), L"Remove", {words.value(), number(1).value()});
   EXPECT_EQ(DISP_E_TYPEMISMATCH, refused.outcome);
-  EXPECT_EQ(0U, refused.badArgument);  // places count from the last argument
+  EXPECT_EQ(1U, refused.badArgument);  // places count from the last argument
   EXPECT_EQ(DISP_E_OVERFLOW,
             callLate(buffer.get(), L"Remove", {number(1e10).value(), number(1).value()}).outcome);
   EXPECT_EQ(DISP_E_MEMBERNOTFOUND, callLate(buffer.get(), L"NoSuchMember").outcome);
