@@ -16,7 +16,7 @@ import unittest
 import zipfile
 
 import harness
-from harness import BITS, BUILT, HostTest, ROOT, TREES, WORK, wait_until, windows_path, wine
+from harness import BITS, BUILT, HostTest, PORTS, ROOT, TREES, WORK, wait_until, windows_path, wine
 from screen import Screen
 from test_examples import SALE
 from test_registration import CREATED, CREATION, added
@@ -257,15 +257,17 @@ class PackageTest(HostTest):
             self.assertEqual([c for c in commands if c not in ("S1", "S3")], SALE, said.whole)
 
     def sell_in_both(self, folder):
-        """The installed script sells in both bitnesses, and so does a compiled host."""
-        script = f"{folder}\\examples\\sale.vbs"
-        jobs = []
-        for i, bits in enumerate(TREES):
-            host = [f"{PROGRAMS[bits]}\\cscript.exe", "//nologo", script]
-            jobs.append(functools.partial(self.sell, 7 + 2 * i, f"script{bits}", host))
-            early = [TREES[bits] / "early_bound_sale.exe"]
-            jobs.append(functools.partial(self.sell, 8 + 2 * i, f"early{bits}", early))
-        self.run_together(jobs)
+        """The installed scripts sell in both bitnesses, and so do the compiled hosts."""
+        hosts = []
+        for bits, tree in TREES.items():
+            for script in ("sale.vbs", "sale.js"):
+                host = f"{PROGRAMS[bits]}\\cscript.exe"
+                hosts.append([host, "//nologo", f"{folder}\\examples\\{script}"])
+            hosts += [[tree / f"{name}.exe"] for name in ("early_bound_sale", "early_bound_sale_c")]
+        self.run_together([
+            functools.partial(self.sell, port, f"host{port}", host)
+            for port, host in zip(PORTS, hosts, strict=True)
+        ])  # fmt: skip
 
 
 @unittest.skipIf(BITS == 64, "runs with the tests in 32 bits")
