@@ -59,6 +59,12 @@ TEST_F(HostArrays, ReadElementsOfEveryKind) {
   EXPECT_EQ(L"1600", reader.text(2));
   EXPECT_EQ(9, errorOf(reader, 0));
 
+  const Variant doubles = typedArray(VT_R8, {{1, 0}});
+  LONG first = 0;
+  double small = 0.00001;
+  SafeArrayPutElement(V_ARRAY(&doubles.value()), &first, &small);
+  EXPECT_EQ(L"0.00001", HostArray(doubles.value()).text(0)) << "as the printer writes it";
+
   const Variant decimals = typedArray(VT_DECIMAL, {{1, 0}});
   EXPECT_EQ(L"0", HostArray(decimals.value()).text(0));
 }

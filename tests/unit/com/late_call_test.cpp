@@ -22,6 +22,13 @@ TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
   ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(2).value(), reference}).outcome);
   EXPECT_EQ(2, exact);
   EXPECT_EQ(L"a", valueOf(buffer.get()));
+
+  BSTR inserted = SysAllocString(L"xy");
+  reference = raw(VT_BYREF | VT_BSTR, &inserted);
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Insert", {number(1).value(), reference}).outcome);
+  EXPECT_EQ(L"xya", valueOf(buffer.get()));
+  EXPECT_STREQ(L"xy", inserted);
+  SysFreeString(inserted);
 }
 
 TEST_F(LateCalls, TakeNamedArgumentsInAnyOrder) {

@@ -54,6 +54,8 @@ TEST_F(Lifetime, IsHeldByFactoriesAndTheirLocks) {
   auto factory = factoryOf(__uuidof(::CStringBuffer));
   EXPECT_EQ(S_FALSE, DllCanUnloadNow());
   factory->LockServer(TRUE);
+  factory->LockServer(TRUE);
+  factory->LockServer(FALSE);
   factory = {};
   EXPECT_EQ(S_FALSE, DllCanUnloadNow());
   factoryOf(__uuidof(::PrinterFiscal))->LockServer(FALSE);
