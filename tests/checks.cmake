@@ -8,7 +8,7 @@ set_tests_properties(checks.changed PROPERTIES COST 1000 TIMEOUT 1500)
 foreach(folder src/basic src/platform src/protocol src/transport src/exchange src/records src/session src/documents src/preview src/com src/windows simulator tools/diagnostico)
   string(REGEX REPLACE "^src/|/.*" "" name ${folder})
   add_test(NAME lint.${name} COMMAND ${scripts}/check-lint ${folder})
-  # The longest ones; begun first, they run beside the tests that wait for Wine.
+  # They fill the time in which the hosts, begun before them one after the other, wait for Wine.
   set_tests_properties(lint.${name} PROPERTIES COST 1000 TIMEOUT 1500 LABELS ci)
 endforeach()
 if(TARGET unit_sale)
