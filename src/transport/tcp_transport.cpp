@@ -12,8 +12,7 @@ namespace {
 
 constexpr double kConnectSeconds = 5;
 constexpr double kWriteSeconds = 1;
-constexpr double kAnswerSeconds =
-    1;  // long enough for a block that is on its way in a local network
+constexpr double kAnswerSeconds = 1;  // a block takes less through a local network
 constexpr std::uint32_t kReadBufferSize = 4096;
 constexpr int kMostDiscards = 64;  // a peer that never falls quiet must not hold a command
 constexpr std::uint32_t kErrorGenFailure = 31;  // Windows: a device that does not work
@@ -32,9 +31,7 @@ std::wstring TcpTransport::address() const {
 
 // Nobody is there to be told of a failure; the socket closes itself.
 TcpTransport::~TcpTransport() {
-  if (!socket_) return;
-  environment_.inUse.giveBack(port_);
-  dropUnanswered();
+  if (socket_) prepareClosing();
 }
 
 std::int32_t TcpTransport::open() {
@@ -90,13 +87,13 @@ std::int32_t TcpTransport::connectWithin(const SocketAddress& way, double second
 
 std::int32_t TcpTransport::close() {
   if (!socket_) return 0;
-  environment_.inUse.giveBack(port_);
-  dropUnanswered();
+  prepareClosing();
   return socket_.close() ? 0 : failCall(L"closesocket");
 }
 
-// Where this fails the connection is as good as gone, and the closing has its own error.
-void TcpTransport::dropUnanswered() {
+// Where dropping fails the connection is as good as gone, and the closing has its own error.
+void TcpTransport::prepareClosing() {
+  environment_.inUse.giveBack(port_);
   if (!unansweredSince_) return;
   const double waited = environment_.clock.monotonicSeconds() - *unansweredSince_;
   if (waited >= kAnswerSeconds) environment_.calls.dropUnsent(socket_.get());

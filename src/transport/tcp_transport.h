@@ -58,7 +58,7 @@ class TcpTransport : public Transport {
   std::int32_t openAddress(const TcpAddress& address);
   std::int32_t connectWithin(const SocketAddress& way, double seconds);
   bool awaitTaking(double end);
-  void dropUnanswered();
+  void prepareClosing();
   std::int32_t failCall(const wchar_t* call);
   std::int32_t failWith(std::uint32_t error, const wchar_t* call);
 
