@@ -64,7 +64,6 @@ class Registration(RegistrationTest):
         super().setUp()
         self.creation()  # the script host registers itself
         register("/u")
-        register("/u", "/n", "/i:user")
         self.before = self.all_rows()
         self.addCleanup(register)
 
