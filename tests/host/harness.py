@@ -25,7 +25,7 @@ TREES = {64: ROOT / "build/windows-x64", 32: ROOT / "build/windows-x86"}
 BUILT = TREES[BITS]
 LIBRARY = BUILT / "CorvidAPI.dll"
 PRINTER = ROOT / "build/native-sanitize/simulator/corvid-printer"
-PORTS = {number: WORK / f"com{number}" for number in range(7, 15)}
+PORTS = range(7, 15)
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
 
@@ -98,6 +98,11 @@ def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
         return ended.returncode, output.read().decode("utf-8", "replace").replace("\r", "")
 
 
+def line_of(port):
+    """The link that a printer on the port makes; each prefix has its own, as they run at once."""
+    return ROOT / "build/lines" / ENVIRONMENT["CORVID_PREFIX"] / f"com{port}"
+
+
 def stop_wine():
     subprocess.run([ROOT / "scripts/wine", SYSTEM, "--stop"], env=wine_environment(),
                    check=True, capture_output=True)  # fmt: skip
@@ -114,7 +119,7 @@ class Printer:
 
     def __init__(self, folder, port, name, options, line="pty"):
         self.port = port
-        place = ["--tcp", "127.0.0.1:0"] if line == "tcp" else ["--pty", PORTS[port]]
+        place = ["--tcp", "127.0.0.1:0"] if line == "tcp" else ["--pty", line_of(port)]
         self.paper_file = folder / f"{name}.paper"
         self.wire_file = folder / f"{name}.wire"
         command = [PRINTER, *place, "--paper", self.paper_file, "--wire", self.wire_file,
@@ -208,7 +213,7 @@ class HostTest(unittest.TestCase):
     def setUpClass(cls):
         cls.choose_prefix()
         WORK.mkdir(parents=True, exist_ok=True)
-        map_ports(cls.prefix)
+        map_ports()
         register()
 
     @classmethod
@@ -262,13 +267,15 @@ class HostTest(unittest.TestCase):
         (self.folder / "ORV.ini").write_bytes("\r\n".join([*lines, ""]).encode("cp1252"))
 
 
-def map_ports(prefix):
+def map_ports():
     """Each port is a link in the prefix to the link that a printer makes when it starts."""
-    devices = ROOT / "build" / prefix / "dosdevices"
-    mapped = [devices / f"com{number}" for number in PORTS]
-    if all(m.is_symlink() and m.readlink() == p for m, p in zip(mapped, PORTS.values())):
+    lines = {port: line_of(port) for port in PORTS}
+    lines[PORTS[0]].parent.mkdir(parents=True, exist_ok=True)
+    devices = ROOT / "build" / ENVIRONMENT["CORVID_PREFIX"] / "dosdevices"
+    mapped = {port: devices / f"com{port}" for port in PORTS}
+    if all(mapped[port].is_symlink() and mapped[port].readlink() == lines[port] for port in PORTS):
         return
-    pairs = [word for number, path in PORTS.items() for word in (f"COM{number}", str(path))]
+    pairs = [word for port, line in lines.items() for word in (f"COM{port}", str(line))]
     subprocess.run([ROOT / "scripts/wine", SYSTEM, "--map", *pairs], env=wine_environment(),
                    check=True)  # fmt: skip
 

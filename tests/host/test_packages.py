@@ -127,7 +127,7 @@ class PackageTest(HostTest):
         # An earlier run that was cut off may have left anything.
         harness.stop_wine()
         shutil.rmtree(cls.drive.parent, ignore_errors=True)
-        harness.map_ports(cls.prefix)
+        harness.map_ports()
         key = r"HKCU\Software\Wine\X11 Driver"
         assert harness.registry("add", key, "/v", "Managed", "/d", "N", "/f")[0] == 0
         for folder in PROGRAMS.values():  # they register themselves
