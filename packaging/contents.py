@@ -13,7 +13,8 @@ TREES = {64: ROOT / "build/windows-x64", 32: ROOT / "build/windows-x86"}
 FOLDERS = {64: "x64", 32: "x86"}
 TARGETS = {64: "x86_64-w64-mingw32", 32: "i686-w64-mingw32"}
 # Folders and files of the repository that go into the packages as they are committed.
-DOCUMENTS = ["docs", "examples", "README.md", "LEAME.md", "CHANGELOG.md"]
+DOCUMENTS = ["docs", "examples", "README.md", "LEAME.md", "CHANGELOG.md", "CONTRIBUTING.md",
+             "packaging/README.md"]  # fmt: skip
 # Programs, by their place in the package; those of 32 bits run on every Windows.
 PROGRAMS = {"simulator/corvid-printer.exe": (32, "simulator/corvid-printer.exe")} | {
     f"{name}/corvid-diagnostico.exe": (bits, "corvid-diagnostico.exe")
