@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -36,12 +37,9 @@ bool isTimeOfDay(const DateParts& parts) {
 }
 
 bool hasForm(std::wstring_view text, std::wstring_view form) {
-  if (text.size() != form.size()) return false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool fits = form[i] == L'0' ? text[i] >= L'0' && text[i] <= L'9' : text[i] == form[i];
-    if (!fits) return false;
-  }
-  return true;
+  return std::ranges::equal(text, form, [](wchar_t character, wchar_t place) {
+    return place == L'0' ? character >= L'0' && character <= L'9' : character == place;
+  });
 }
 
 int numberOf(std::wstring_view digits) {
@@ -54,7 +52,7 @@ bool readDay(std::wstring_view text, DateParts& parts) {
   if (!hasForm(text, L"0000-00-00")) return false;
   parts.year = numberOf(text.substr(0, 4));
   parts.month = numberOf(text.substr(5, 2));
-  parts.day = numberOf(text.substr(8, 2));
+  parts.day = numberOf(text.substr(8));
   return true;
 }
 
@@ -63,7 +61,7 @@ bool readTime(std::wstring_view text, DateParts& parts) {
   if (!hasSeconds && !hasForm(text, L"00:00")) return false;
   parts.hour = numberOf(text.substr(0, 2));
   parts.minute = numberOf(text.substr(3, 2));
-  parts.second = hasSeconds ? numberOf(text.substr(6, 2)) : 0;
+  parts.second = hasSeconds ? numberOf(text.substr(6)) : 0;
   return true;
 }
 

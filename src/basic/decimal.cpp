@@ -16,7 +16,7 @@ namespace {
 // Magnitudes here are unsigned whole numbers in digits, leading zeros allowed.
 
 void padFront(std::string& digits, std::size_t length) {
-  if (digits.size() < length) digits.insert(0, length - digits.size(), '0');
+  digits.insert(0, length - std::min(length, digits.size()), '0');
 }
 
 std::string sumOf(std::string a, std::string b) {
@@ -44,12 +44,11 @@ std::string differenceOf(std::string larger, std::string smaller) {
   return larger;
 }
 
-int compareMagnitudes(std::string a, std::string b) {
+bool isSmaller(std::string a, std::string b) {
   const std::size_t length = std::max(a.size(), b.size());
   padFront(a, length);
   padFront(b, length);
-  const int order = a.compare(b);
-  return order == 0 ? 0 : (order < 0 ? -1 : 1);
+  return a < b;
 }
 
 std::string withTrailingZeros(const std::string& digits, int count) {
@@ -57,6 +56,15 @@ std::string withTrailingZeros(const std::string& digits, int count) {
 }
 
 bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
+
+bool isEven(char digit) { return std::string_view("02468").find(digit) != std::string_view::npos; }
+
+// Whether the type holds the number in that text, which then is the value.
+template <typename Number>
+bool readInto(Number& value, const std::string& text) {
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+  return read.ec == std::errc{};
+}
 
 // Cuts a number's last digits off for rounding.
 struct Cut {
@@ -81,10 +89,8 @@ Decimal::Decimal(bool negative, std::string digits, int decimals)
     decimals_ = 0;
     return;
   }
-  if (decimals_ < 0) {
-    digits_ = withTrailingZeros(digits_, -decimals_);
-    decimals_ = 0;
-  }
+  digits_ = withTrailingZeros(digits_, std::max(-decimals_, 0));
+  decimals_ = std::max(decimals_, 0);
   while (decimals_ > 0 && digits_.back() == '0') {
     digits_.pop_back();
     --decimals_;
@@ -111,7 +117,7 @@ Decimal Decimal::fromInteger(std::int64_t value) { return fromUnscaled(value, 0)
 
 Decimal Decimal::fromUnscaled(std::int64_t unscaled, int decimals) {
   std::string digits = std::to_string(unscaled);
-  const bool negative = unscaled < 0;
+  const bool negative = digits.starts_with('-');
   if (negative) digits.erase(0, 1);
   return {negative, std::move(digits), decimals};
 }
@@ -144,10 +150,8 @@ Decimal Decimal::operator+(const Decimal& other) const {
   const std::string mine = withTrailingZeros(digits_, decimals - decimals_);
   const std::string theirs = withTrailingZeros(other.digits_, decimals - other.decimals_);
   if (negative_ == other.negative_) return {negative_, sumOf(mine, theirs), decimals};
-  if (compareMagnitudes(mine, theirs) >= 0) {
-    return {negative_, differenceOf(mine, theirs), decimals};
-  }
-  return {other.negative_, differenceOf(theirs, mine), decimals};
+  if (isSmaller(mine, theirs)) return {other.negative_, differenceOf(theirs, mine), decimals};
+  return {negative_, differenceOf(mine, theirs), decimals};
 }
 
 Decimal Decimal::operator-(const Decimal& other) const { return *this + -other; }
@@ -173,7 +177,7 @@ Decimal Decimal::roundedHalfEven(int decimals) const {
   if (decimals >= decimals_) return *this;
   const Cut cut = cutAfter(digits_, decimals_ - decimals);
   // No zero ends the decimals, so a half is a five alone.
-  const bool staysOnHalf = cut.dropped == "5" && (cut.kept.back() - '0') % 2 == 0;
+  const bool staysOnHalf = cut.dropped == "5" && isEven(cut.kept.back());
   const bool up = cut.dropped.front() >= '5' && !staysOnHalf;
   return {negative_, up ? sumOf(cut.kept, "1") : cut.kept, decimals};
 }
@@ -188,8 +192,7 @@ double Decimal::toDouble() const {
   if (isZero()) return 0;
   const std::string text = (negative_ ? "-" : "") + digits_ + "e" + std::to_string(-decimals_);
   double value = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (read.ec != std::errc::result_out_of_range) return value;
+  if (readInto(value, text)) return value;
   if (magnitude() > 0) throw overflow();
   return 0;
 }
@@ -199,8 +202,7 @@ std::int64_t Decimal::toInt64() const {
   if (whole.isZero()) return 0;
   const std::string text = (whole.negative_ ? "-" : "") + whole.digits_;
   std::int64_t value = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (read.ec != std::errc{}) throw overflow();
+  if (!readInto(value, text)) throw overflow();
   return value;
 }
 
@@ -209,9 +211,7 @@ int Decimal::magnitude() const noexcept {
 }
 
 std::wstring Decimal::integerDigits() const {
-  const auto decimals = static_cast<std::size_t>(decimals_);
-  if (digits_.size() <= decimals) return {};
-  return {digits_.begin(), digits_.end() - decimals_};
+  return {digits_.begin(), digits_.end() - std::min(decimals_, static_cast<int>(digits_.size()))};
 }
 
 std::wstring Decimal::fractionDigits() const {

@@ -8,11 +8,11 @@ namespace {
 
 // What a number's text is made of, apart from its sign.
 struct NumberForm {
-  std::size_t minInteger = 0;  // digits
-  std::size_t minFraction = 0;
-  int maxFraction = 0;
-  bool isGrouped = false;
-  bool hasPoint = false;
+  std::size_t minInteger;  // digits
+  std::size_t minFraction;
+  int maxFraction;
+  bool isGrouped;
+  bool hasPoint;
   std::wstring decimalSeparator;
   std::wstring thousandsSeparator;
 };
@@ -52,7 +52,7 @@ NumberForm moneyForm(const Locale& locale) {
 }
 
 void padFront(std::wstring& digits, std::size_t length) {
-  if (digits.size() < length) digits.insert(0, length - digits.size(), L'0');
+  digits.insert(0, length - std::min(length, digits.size()), L'0');
 }
 
 void group(std::wstring& digits, const std::wstring& separator) {

@@ -15,7 +15,7 @@ void appendPadded(std::wstring& text, int value, std::size_t width) {
     value /= 10;
   } while (value != 0);
   const std::size_t count = digits.size() - begin;
-  if (count < width) text.append(width - count, L'0');
+  text.append(std::max(count, width) - count, L'0');
   text.append(&digits[begin], count);
 }
 

@@ -11,8 +11,8 @@ namespace {
 // 32-bit systems.
 std::size_t atMost(std::int64_t count, std::size_t available) {
   if (count < 0) throw invalidProcedureCall();
-  if (static_cast<std::uint64_t>(count) >= available) return available;
-  return static_cast<std::size_t>(count);
+  return static_cast<std::size_t>(
+      std::min<std::uint64_t>(static_cast<std::uint64_t>(count), available));
 }
 
 struct LetterPair {

@@ -2,6 +2,8 @@
 
 #include "basic/text.h"
 
+#include <algorithm>
+
 namespace corvid {
 
 std::wstring PadRightCut(std::wstring_view text, std::int32_t width) {
@@ -10,8 +12,8 @@ std::wstring PadRightCut(std::wstring_view text, std::int32_t width) {
 
 std::wstring CenterCut(std::wstring_view text, std::int32_t width) {
   const auto length = static_cast<std::int64_t>(text.size());
-  if (length >= width) return left(text, width);
-  return spaces((width - length) / 2) + std::wstring(text);
+  const std::int64_t room = std::max<std::int64_t>(width - length, 0);
+  return left(spaces(room / 2) + std::wstring(text), width);
 }
 
 }  // namespace corvid

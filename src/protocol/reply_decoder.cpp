@@ -114,8 +114,7 @@ ReplyEvent ReplyDecoder::block(CheckByte check) {
   return event;
 }
 
-bool ReplyDecoder::endsInAnswer() const {
-  return collected_.size() > textStart_ && isAnswer(collected_.back());
-}
+// A block without text ends in its STX, which is no answer.
+bool ReplyDecoder::endsInAnswer() const { return isAnswer(collected_.back()); }
 
 }  // namespace corvid

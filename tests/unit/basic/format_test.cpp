@@ -71,9 +71,11 @@ TEST(MoneyForm, FollowsTheLocale) {
   EXPECT_EQ(format(-1234.565, L"Currency"), L"($1,234.57)");
   EXPECT_EQ(format(-0.001, L"Currency"), L"$0.00");
   EXPECT_EQ(format(-0.5, L"Currency", venezuelan()), L"Bs.S-0,50");
-  Locale yen;
-  yen.currencyDecimals = 0;
-  EXPECT_EQ(format(1999.5, L"Currency", yen), L"$2,000");
+  Locale locale;
+  locale.currencyDecimals = 0;
+  EXPECT_EQ(format(1999.5, L"Currency", locale), L"$2,000");
+  locale.currencyDecimals = 1;
+  EXPECT_EQ(format(1999.5, L"Currency", locale), L"$1,999.5");
 }
 
 TEST(MoneyForm, KnowsEveryPlaceOfSymbolAndSign) {
@@ -91,6 +93,8 @@ TEST(MoneyForm, KnowsEveryPlaceOfSymbolAndSign) {
     locale.negativeCurrencyForm = i;
     EXPECT_EQ(format(-1.0, L"Currency", locale), kNegative[i]);
   }
+  locale.positiveCurrencyForm = 4;
+  EXPECT_EQ(format(1.0, L"Currency", locale), L"$1.00") << "a form that does not exist";
   locale.negativeCurrencyForm = 16;
   EXPECT_EQ(format(-1.0, L"Currency", locale), L"($1.00)") << "a form that does not exist";
 }
@@ -105,6 +109,7 @@ TEST(FixedPoint, IsTheIntegerPartOfTheValuePlusAHalf) {
   } kCases[] = {
       {12.5, 10, 2, L"0000001250", "padded"},
       {1.005, 10, 2, L"0000000101", "the decimal value counts"},
+      {1.004, 10, 2, L"0000000100", "below a half"},
       {1.0005, 8, 3, L"00001001", "three decimals"},
       {123456, 4, 2, L"12345600", "never cut"},
       {-1.5, 6, 0, L"-000001", "-1.5 + 0.5 is -1"},
@@ -132,6 +137,7 @@ TEST(DatePattern, KnowsMonthsFromMinutes) {
       {L"dd/mm hh:nn:ss", L"03/10 04:05:09"},
       {L"ddmmyy", L"031024"},
       {L"yymmdd", L"241003"},
+      {L"mm/yy", L"10/24"},
       {L"hhnnss", L"040509"},
   };
   for (const auto& c : kCases) EXPECT_EQ(format(date, c.pattern), c.text) << c.pattern;
@@ -153,6 +159,9 @@ TEST(DateTextForm, FollowsTheLocalesPatterns) {
   locale.shortDatePattern = L"dd 'd''e' MM yy";
   locale.timePattern = L"HH'h";
   EXPECT_EQ(toText(Date{45421.75}, locale), L"09 de 05 24 18h") << "quoted, and a quote left open";
+  locale.shortDatePattern = L"ddd MMM yyy";
+  locale.timePattern = L"hhh t";
+  EXPECT_EQ(toText(Date{45421.75}, locale), L"09 05 2024 06 p") << "other counts of letters";
 }
 
 TEST(NumberTextForm, ShowsTheDigitsThatAreSure) {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 
@@ -41,7 +42,9 @@ TEST(StringBuffer, StoreGrowsByWholeChunksAndNotBeforeItIsFull) {
   EXPECT_EQ(storeLength(buffer, L"a"), 2 * kChunk);
   buffer.Append(std::wstring(3 * kChunk, L'a'));
   EXPECT_EQ(storeLength(buffer, L"a"), 5 * kChunk) << "several chunks in one step";
-  EXPECT_EQ(buffer.Value(), std::wstring(4 * kChunk + 1, L'a'));
+  buffer.Append(std::wstring(2 * kChunk - 1, L'a'));
+  EXPECT_EQ(storeLength(buffer, L"a"), 6 * kChunk) << "filled to its last character";
+  EXPECT_EQ(buffer.Value(), std::wstring(6 * kChunk, L'a'));
 }
 
 TEST(StringBuffer, InsertMovesTheRestAndRefusesPositionsOutsideTheText) {
@@ -121,6 +124,14 @@ TEST(StringBuffer, RemoveMovesCharactersFromBehindTheTextAlong) {
   EXPECT_EQ(buffer.Value(), L"345-ghij");
 }
 
+TEST(StringBuffer, InsertMovesNothingFromBehindTheText) {
+  CStringBuffer buffer = holding(L"abcdefghij");
+  buffer.setValue(L"12345");
+  buffer.Insert(2, L"x");
+  buffer.Replace(L"1x2345g", L"-");
+  EXPECT_EQ(buffer.Value(), L"-hij");
+}
+
 TEST(StringBuffer, RemovedPlacesAreNulAgain) {
   CStringBuffer buffer = holding(L"abcdef");
   std::int32_t length = 3;
@@ -140,6 +151,8 @@ TEST(StringBuffer, ReplaceWorksOnTheWholeStoreAndEndsTheTextAtTheFirstNul) {
       {L"one two one", L"one", L"three", L"three two three", "every place"},
       {L"abcdef", L"c", kNul, L"ab", "a NUL ends the text"},
       {L"", L"a", L"b", std::wstring(kChunk, L'\0'), "no text counts as a full store"},
+      {std::wstring(kChunk - 1, L'a'), L"b", L"c", std::wstring(kChunk - 1, L'a'),
+       "one NUL is left"},
       {L"abc", L"", L"x", L"abc", "an empty text stands nowhere"},
   };
   for (const auto& item : kCases) {
@@ -165,6 +178,9 @@ TEST(StringBuffer, WithoutAnyNulTheTextHasNoEndUntilItIsSetAnew) {
   buffer.Replace(kNul, L"");
   EXPECT_EQ(errorOf([&] { return buffer.Value(); }), 5);
   EXPECT_EQ(errorOf([&] { return buffer.Append(L"x"), 0; }), 5);
+  std::int32_t length = 5;
+  EXPECT_EQ(errorOf([&] { return buffer.Remove(1, length), 0; }), 5);
+  EXPECT_EQ(length, -1) << "what is left of a text that ends before its beginning";
 
   // Its store is three characters long, and its capacity a chunk's.
   buffer.setValue(L"a text longer than the store");
@@ -172,6 +188,31 @@ TEST(StringBuffer, WithoutAnyNulTheTextHasNoEndUntilItIsSetAnew) {
   EXPECT_EQ(storeLength(buffer, L"a text longer than the store"), kChunk);
   buffer.setValue(std::wstring(kChunk + 1, L'a'));
   EXPECT_EQ(buffer.Value(), std::wstring(kChunk + 1, L'a'));
+}
+
+TEST(StringBuffer, ShortenedStoreGrowsToItsCapacityWithTheFirstCharacterBehindIt) {
+  std::int32_t four = 4;
+  const struct {
+    std::wstring value;
+    std::function<void(CStringBuffer&)> change;
+    std::wstring result;
+    std::size_t length;
+  } kCases[] = {
+      {L"1234567890", [](auto&) {}, L"1234567890", 10},
+      {L"12", [](auto& buffer) { buffer.Append(L"345"); }, L"12345", 10},
+      {L"123456789", [](auto& buffer) { buffer.Append(L"ab"); }, L"123456789ab", kChunk},
+      {L"1234567890", [](auto& buffer) { buffer.Insert(9, L"abc"); }, L"12345678abc90", kChunk},
+      {L"1234567890", [&](auto& buffer) { buffer.Remove(1, four); }, L"567890", 10},
+  };
+  for (const auto& item : kCases) {
+    CStringBuffer buffer = holding(L"abcdefghij");
+    buffer.Replace(kNul, L"");
+    buffer.setValue(item.value);
+    item.change(buffer);
+    EXPECT_EQ(buffer.Value(), item.result);
+    buffer.Replace(L"cdefghij", std::wstring(8, L'\0'));
+    EXPECT_EQ(storeLength(buffer, item.result), item.length) << item.result;
+  }
 }
 
 TEST(StringBuffer, ShortenedStoreIsPaddedBehindWhatItHolds) {
@@ -191,7 +232,9 @@ TEST(StringBuffer, NewValueKeepsAGrownStoreAndWhatLiesBehindTheText) {
   buffer.Append(std::wstring(kChunk, L'b'));
   EXPECT_EQ(buffer.Value(), L"new" + std::wstring(kChunk, L'b'));
   buffer.Replace(L"x", L"y");
-  EXPECT_EQ(buffer.Value(), L"new" + std::wstring(kChunk, L'b') + L"aaaaaaa");
+  const std::wstring whole = L"new" + std::wstring(kChunk, L'b') + L"aaaaaaa";
+  EXPECT_EQ(buffer.Value(), whole);
+  EXPECT_EQ(storeLength(buffer, whole), 3 * kChunk) << "grown by what the new text asked for";
 }
 
 // A text in which neighbours differ, so that a character in the wrong place is seen.

@@ -86,8 +86,11 @@ TEST(WesternEuropeanPage, ReturnsEveryByte) {
 }
 
 TEST(WesternEuropeanPage, KnowsItsOwnCharacters) {
-  EXPECT_EQ(windows1252().encode(L"\u20AC \u0178 \u00D1\u00BF"), "\x80 \x9F \xD1\xBF");
-  EXPECT_EQ(windows1252().decode("\x93\x81\xA3"), L"\u201C\u0081\u00A3");
+  const std::wstring own = L"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    EXPECT_EQ(windows1252().toCharacter(static_cast<std::uint8_t>(0x80 + i)), own[i]) << i;
+  }
+  EXPECT_EQ(windows1252().encode(L"ñ¿ €"), "\xF1\xBF \x80");
 }
 
 TEST(WesternEuropeanPage, AsksWhereItHasNoCharacter) {

@@ -74,6 +74,7 @@ TEST(ReplyDecoder, TellsAnswersRequestsAndBlocks) {
       {"\2ha\6lf|\3", "", "neither before nor behind it"},
       {"\2|\5A\3", "", "ENQ in a block is text, whatever quiet"},
       {"\2ha|\6\2A\3B", "ACK {A} ", "the half is dropped"},
+      {"\2ha|\6\5", "ACK ENQ ", "and no block is open any more"},
       {"~|~|\6", "ACK ", "noise and quiet"},
   };
   for (const auto& item : kCases) EXPECT_EQ(events(item.bytes), item.events) << item.reason;
