@@ -28,11 +28,11 @@ struct LineFunctions {
   std::uint32_t set;
   std::uint32_t clear;
 };
-constexpr std::array<LineFunctions, 3> kLineFunctions = {{
+constexpr LineFunctions kLineFunctions[] = {
     {CommLine::Break, 8, 9},
     {CommLine::Dtr, 5, 6},
     {CommLine::Rts, 3, 4},
-}};
+};
 
 // Windows opens ports above 9 only by their device path.
 std::wstring devicePath(std::int16_t port, const std::wstring& name) {
@@ -82,16 +82,15 @@ std::int32_t modCOMM::CommOpen(std::int16_t port, const std::wstring& name,
 std::int32_t modCOMM::openRecord(std::int16_t port, const std::wstring& path,
                                  const std::wstring& settings) {
   Record& record = this->record(port);
-  if (!environment_.inUse.take(port)) {
+  PortsInUse::Taken number = environment_.inUse.take(port);
+  if (!number) {
     lastError_ = {kPortInUse, L"CommOpen", kPortInUseText};
     return kPortInUse;
   }
   record.handle = environment_.calls.createFile(path);
-  if (record.handle == kInvalidSerialHandle) {
-    environment_.inUse.giveBack(port);
-    return fail(L"CommOpen (CreateFile)");
-  }
+  if (record.handle == kInvalidSerialHandle) return fail(L"CommOpen (CreateFile)");
   record.open = true;
+  record.number = std::move(number);
   return configure(record, settings);
 }
 
@@ -129,7 +128,7 @@ std::int32_t modCOMM::CommClose(std::int16_t port) {
   // A handle that does not close belongs to a device that is gone; kept, it would keep the port.
   record.open = false;
   record.handle = kInvalidSerialHandle;
-  environment_.inUse.giveBack(port);
+  record.number.reset();
   return isClosed ? 0 : fail(L"CommClose (CloseHandle)");
 }
 

@@ -67,6 +67,7 @@ class modCOMM {
   struct Record {
     SerialHandle handle = kInvalidSerialHandle;
     bool open = false;
+    PortsInUse::Taken number;
     DeviceControlBlock block;
   };
 

@@ -2,25 +2,33 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <set>
 
 namespace corvid {
 
-// Any thread.
+// Any thread. Outlives what it gives.
 class PortsInUse {
  public:
-  // False for a port that is taken already.
-  [[nodiscard]] bool take(std::int16_t port) {
+  struct GiveBack {
+    std::int16_t port = 0;
+    void operator()(PortsInUse* ports) const noexcept { ports->giveBack(port); }
+  };
+  // A port's number, given back with this; empty for one that is taken already.
+  using Taken = std::unique_ptr<PortsInUse, GiveBack>;
+
+  [[nodiscard]] Taken take(std::int16_t port) {
     const std::lock_guard lock(gate_);
-    return ports_.insert(port).second;
+    return Taken(ports_.insert(port).second ? this : nullptr, GiveBack{port});
   }
+
+ private:
   void giveBack(std::int16_t port) noexcept {
     const std::lock_guard lock(gate_);
     ports_.erase(port);
   }
 
- private:
   std::mutex gate_;
   std::set<std::int16_t> ports_;
 };

@@ -40,25 +40,21 @@ std::int32_t TcpTransport::open() {
     lastError_ = wrongAddress(port_, place_);
     return lastError_.number;
   }
-  if (!environment_.inUse.take(port_)) {
+  PortsInUse::Taken number = environment_.inUse.take(port_);
+  if (!number) {
     lastError_ = {kPortInUse, address(), kPortInUseText};
     return lastError_.number;
   }
-  try {
-    const std::int32_t error = openAddress(*parsed);
-    if (error != 0) environment_.inUse.giveBack(port_);
-    return error;
-  } catch (...) {
-    environment_.inUse.giveBack(port_);
-    throw;
-  }
+  const std::int32_t error = openAddress(*parsed);
+  if (error == 0) number_ = std::move(number);
+  return error;
 }
 
 std::int32_t TcpTransport::openAddress(const TcpAddress& address) {
   std::vector<SocketAddress> ways;
   if (!environment_.calls.resolve(address.host, address.port, ways)) return failCall(L"resolve");
   const double end = environment_.clock.monotonicSeconds() + kConnectSeconds;
-  std::int32_t error = ways.empty() ? failWith(kErrorHostNotFound, L"resolve") : 0;
+  std::int32_t error = failWith(kErrorHostNotFound, L"resolve");  // where there is no way
   for (std::size_t i = 0; i < ways.size(); ++i) {
     const double left = end - environment_.clock.monotonicSeconds();
     // One that never answers must leave the others their time.
@@ -93,7 +89,7 @@ std::int32_t TcpTransport::close() {
 
 // Where dropping fails the connection is as good as gone, and the closing has its own error.
 void TcpTransport::prepareClosing() {
-  environment_.inUse.giveBack(port_);
+  number_.reset();
   if (!unansweredSince_) return;
   const double waited = environment_.clock.monotonicSeconds() - *unansweredSince_;
   if (waited >= kAnswerSeconds) environment_.calls.dropUnsent(socket_.get());

@@ -65,6 +65,7 @@ class TcpTransport : public Transport {
   TcpEnvironment environment_;
   std::int16_t port_;
   std::wstring place_;
+  PortsInUse::Taken number_;
   OwnedSocket socket_;
   bool isHungUp_ = false;
   std::optional<double> unansweredSince_;  // when the first byte was sent that nothing came after

@@ -45,6 +45,12 @@ class LineDouble : public Calls, public NearEnd {
     lastError_ = error;
     return false;
   }
+  // As the system does, which gives the number of a closed one to the next.
+  [[nodiscard]] Handle freeHandle() const {
+    Handle handle = 100;
+    while (open_.contains(handle)) ++handle;
+    return handle;
+  }
   // Times are sums of fractions: what is due to the microsecond is due.
   [[nodiscard]] std::uint32_t countDue(const Line& line) const {
     const double now = clock_.total() + 1e-6;

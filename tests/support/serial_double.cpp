@@ -105,7 +105,7 @@ SerialHandle SerialDouble::createFile(const std::wstring& name) {
       return kInvalidSerialHandle;
     }
   }
-  current_ = ++nextHandle_;
+  current_ = freeHandle();
   open_[current_].device = name;
   return current_;
 }

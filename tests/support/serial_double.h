@@ -108,7 +108,6 @@ class SerialDouble : public LineDouble<SerialCalls, SerialHandle, SerialLine> {
   std::uint32_t take(SerialHandle handle, char* buffer, std::uint32_t size);
   std::uint32_t send(SerialHandle handle, std::string_view bytes);
 
-  SerialHandle nextHandle_ = 100;
   std::uint32_t overlappedCount_ = 0;  // what the last transfer moved
   int shortWriteCountdown_ = 0;
   std::uint32_t shortBy_ = 0;

@@ -44,7 +44,7 @@ SocketHandle SocketDouble::create(const SocketAddress& /*way*/) {
     lastError_ = *error;
     return kInvalidSocket;
   }
-  current_ = ++nextHandle_;
+  current_ = freeHandle();
   open_[current_];
   return current_;
 }

@@ -57,7 +57,6 @@ class SocketDouble : public LineDouble<SocketCalls, SocketHandle, Connection> {
  private:
   bool use(const std::string& call, SocketHandle handle);
 
-  SocketHandle nextHandle_ = 200;
   int dropped_ = 0;
   std::vector<std::string> asked_;  // hosts and ports
 };

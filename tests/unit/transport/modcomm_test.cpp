@@ -110,6 +110,7 @@ TEST(PortNumbers, OutsideTheTableOrOfAClosedPortFailEveryOperation) {
       {"line", [](modCOMM& c, Port port) { return c.CommSetLine(port, CommLine::Dtr, 1); }, 6},
       {"settings", [](modCOMM& c, Port port) { return c.CommSet(port, kLineSettings); }, 6},
       {"flush", [](modCOMM& c, Port port) { return c.CommFlush(port); }, 6},
+      {"whether it is open", [](modCOMM& c, Port port) { return c.isOpen(port) ? 1 : 0; }, 0},
   };
   for (const auto& item : kOperations) {
     PortBench bench;
@@ -120,6 +121,14 @@ TEST(PortNumbers, OutsideTheTableOrOfAClosedPortFailEveryOperation) {
     EXPECT_EQ(item.call(bench.comm, 7), item.whenClosed) << item.name;
     EXPECT_EQ(item.call(bench.comm, 99), item.whenClosed) << item.name << ": the last one";
   }
+}
+
+TEST(PortReading, LineThatTellsNothingFailsWithItsWords) {
+  OpenPort bench;
+  bench.world.serial.failNth("clearCommError", 1, 22);
+  std::string data;
+  EXPECT_EQ(bench.comm.CommRead(7, data, 10), -1);
+  EXPECT_EQ(bench.error(), L"Error (22): CommRead (ClearCommError) - system message 22");
 }
 
 // A handle that does not close belongs to a device that is gone.
@@ -168,6 +177,10 @@ TEST(PortReading, PortsDoNotMix) {
   bench.world.serial.deliver("eight");
   EXPECT_EQ(bench.comm.CommDiscard(7), "seven");
   EXPECT_EQ(bench.comm.CommDiscard(8), "eight");
+  bench.comm.CommClose(7);
+  bench.open(9);
+  bench.world.serial.deliver("nine");
+  EXPECT_EQ(bench.comm.CommDiscard(7), "") << "whose handle another port has now";
 }
 
 TEST(PortTransfers, PendingOnesAreWaitedForHoweverLongTheyAreIncomplete) {

@@ -90,6 +90,22 @@ TEST(TcpOpening, TriesEveryWayAndEndsInTime) {
   }
 }
 
+TEST(TcpOpening, FailureWithoutANumberIsNoSuccess) {
+  TcpBench bench;
+  bench.world.faults.failNth("create", 1, 0);
+  EXPECT_EQ(bench.stream.open(), 31);
+  EXPECT_EQ(bench.stream.close(), 0) << "there is nothing to close";
+}
+
+TEST(TcpTransfers, FailedReadTellsItsWords) {
+  TcpBench bench;
+  ASSERT_EQ(bench.stream.open(), 0);
+  bench.world.faults.failNth("receive", 1, 10054);
+  std::string data;
+  EXPECT_EQ(bench.stream.read(data), -1);
+  EXPECT_EQ(bench.stream.errorText(), L"Error (10054): tcp:box:4000 (recv) - system message 10054");
+}
+
 TEST(TcpTransfers, HangUpComesAfterTheBytesBeforeItAndStays) {
   TcpBench bench;
   ASSERT_EQ(bench.stream.open(), 0);
@@ -148,7 +164,10 @@ TEST(TcpTransfers, UnansweredBlockDoesNotOutliveTheClosing) {
           stream.write("block");
           bench.world.clock.advance(wait);
         }
-        if (isClosed) stream.close();
+        if (!isClosed) continue;
+        stream.close();
+        ASSERT_EQ(stream.open(), 0);
+        bench.world.clock.advance(2);  // a new connection has sent nothing
       }
       EXPECT_EQ(sockets.dropped(), item.dropped) << item.reason;
       EXPECT_EQ(sockets.openSockets(), 0U);
