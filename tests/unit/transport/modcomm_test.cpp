@@ -1,9 +1,12 @@
 // Which system calls the serial ports make, in which order, and what becomes of their failures.
 #include "port_bench.h"
+#include "transport/serial_transport.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace corvid {
@@ -140,6 +143,38 @@ TEST(PortClosing, FailureIsToldAndFreesThePort) {
   EXPECT_FALSE(bench.comm.isOpen(7));
   EXPECT_EQ(bench.comm.CommClose(7), 0);
   EXPECT_EQ(bench.world.serial.count("closeHandle"), 1U) << "a closed port is not closed again";
+}
+
+TEST(PortClosing, StreamClosesAtItsEndWhatItOpenedItself) {
+  PortBench bench;
+  auto opened = std::make_unique<SerialTransport>(bench.comm, bench.world.clock, Port{7}, true);
+  {
+    SerialTransport failed(bench.comm, bench.world.clock, 7, true);
+    bench.world.serial.failNth("createFile", 1, 5);
+    EXPECT_EQ(failed.open(), 5);
+    EXPECT_EQ(opened->open(), 0);
+    EXPECT_EQ(failed.open(), kPortInUse);
+    EXPECT_EQ(failed.close(), 0);
+  }
+  EXPECT_TRUE(bench.comm.isOpen(7));
+  opened.reset();
+  EXPECT_FALSE(bench.comm.isOpen(7));
+}
+
+TEST(PortReading, StreamAsksForWhatIsThereUnlessTheSettingSaysOtherwise) {
+  const std::pair<std::wstring, std::uint32_t> kCases[] = {
+      {L"", 3}, {L"True", 3}, {L"False", 4096}};
+  for (const auto& [setting, asked] : kCases) {
+    PortBench bench;
+    if (!setting.empty()) bench.world.settings.set(kPortSection, L"LecturaInmediata", setting);
+    Transports transports(bench.world.serial, bench.world.sockets, bench.world.clock, bench.shared);
+    const std::shared_ptr<Transport> stream = transports.make(7, bench.settings);
+    ASSERT_EQ(stream->open(), 0);
+    bench.world.serial.deliver("abc");
+    std::string data;
+    EXPECT_EQ(stream->read(data), 3);
+    EXPECT_EQ(bench.world.serial.numbersOf("readFile"), Numbers{asked});
+  }
 }
 
 TEST(PortReading, AsksForTheLargerCountUpToItsBuffer) {

@@ -50,6 +50,9 @@ TEST(PortDumpFile, EveryOpeningReadsTheSettingsAnew) {
   EXPECT_EQ(bench.file(), "");
   EXPECT_NE(bench.file(L"second.txt"), "");
   EXPECT_EQ(bench.world.files.openFiles, 1);
+  bench.dumpTo(L"second.txt", L"0");
+  bench.openDump();
+  EXPECT_EQ(bench.world.files.openFiles, 0);
 }
 
 TEST(PortDumpFile, IsOnForAnythingButZeroWhenItHasAFile) {
@@ -84,6 +87,7 @@ TEST(PortDumpFile, ThatCannotBeOpenedIsToldAndOneThatFailsIsClosed) {
   bench.world.faults.failNth("appendFile", 1, 112);
   EXPECT_EQ(bench.comm.CommWrite(7, "a"), 1) << "the port itself works";
   EXPECT_FALSE(bench.dump.isOn());
+  EXPECT_EQ(bench.world.files.openFiles, 0);
 }
 
 }  // namespace

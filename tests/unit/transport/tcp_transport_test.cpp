@@ -17,6 +17,7 @@ TEST(TcpAddress, IsReadInOneFormOrRefused) {
       {L"tcp:box:4000", L"tcp:box:4000"},
       {L"TcP:10.0.0.1:1", L"tcp:10.0.0.1:1"},
       {L"tcp:a-b_c.D:65535", L"tcp:a-b_c.D:65535"},
+      {L"tcp:azAZ09:9876", L"tcp:azAZ09:9876"},
       {L"tcp:box:04000", L"tcp:box:4000"},
       {L"tcp:" + longest + L":4000", L"tcp:" + longest + L":4000"},
       {L"tcp:" + longest + L"h:4000", L""},
@@ -92,18 +93,23 @@ TEST(TcpOpening, TriesEveryWayAndEndsInTime) {
 
 TEST(TcpOpening, FailureWithoutANumberIsNoSuccess) {
   TcpBench bench;
-  bench.world.faults.failNth("create", 1, 0);
-  EXPECT_EQ(bench.stream.open(), 31);
-  EXPECT_EQ(bench.stream.close(), 0) << "there is nothing to close";
+  for (const std::uint32_t number : {0U, 1U}) {
+    bench.world.faults.failNth("create", 1, number);
+    EXPECT_EQ(bench.stream.open(), number == 0U ? 31 : 1);
+    EXPECT_EQ(bench.stream.close(), 0) << "there is nothing to close";
+  }
 }
 
-TEST(TcpTransfers, FailedReadTellsItsWords) {
+TEST(TcpTransfers, FailedOnesTellTheirWords) {
   TcpBench bench;
   ASSERT_EQ(bench.stream.open(), 0);
   bench.world.faults.failNth("receive", 1, 10054);
   std::string data;
   EXPECT_EQ(bench.stream.read(data), -1);
   EXPECT_EQ(bench.stream.errorText(), L"Error (10054): tcp:box:4000 (recv) - system message 10054");
+  bench.world.faults.failNth("send", 1, 10053);
+  EXPECT_EQ(bench.stream.write("a"), -1);
+  EXPECT_EQ(bench.stream.errorText(), L"Error (10053): tcp:box:4000 (send) - system message 10053");
 }
 
 TEST(TcpTransfers, HangUpComesAfterTheBytesBeforeItAndStays) {
