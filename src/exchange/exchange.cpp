@@ -59,11 +59,8 @@ Exchange::Sent Exchange::sendUntilAccepted(const std::wstring& command, int& att
   return sent;
 }
 
+// Nothing of the host has run since the status came: the port is open.
 Exchange::Sent Exchange::sendBlock(const std::wstring& command) {
-  if (!isOpen()) {
-    setPortClosed();
-    return Sent::Over;
-  }
   const std::wstring block = BuildCommandBlock(command, thread_.codePage());
   trace([&] { return L"SEND -> " + EscapeString(block); });
   discardLate();

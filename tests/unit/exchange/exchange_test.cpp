@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <utility>
 
 namespace corvid {
@@ -62,6 +63,8 @@ TEST(Exchange, CollectsAReply) {
     EXPECT_EQ(bench.outcome().resultFlag, item.flag) << item.reason;
     EXPECT_EQ(bench.outcome().pfError, item.error) << item.reason;
     EXPECT_EQ(bench.printer().acks, item.acknowledged + 1) << item.reason;
+    bench.exchange().SendAck();
+    EXPECT_EQ(bench.outcome().result, L"") << "nothing of an earlier answer";
   }
 }
 
@@ -125,6 +128,8 @@ TEST(Exchange, SettingsTellRefusalsAndEndTheAsking) {
   const double start = limited.world().clock.total();
   check(limited, {Answers(99), {}, pfCommError, ETX, 0, 3, kSilent, envNoEnviado, "silent"});
   EXPECT_NEAR(limited.world().clock.total() - start, 21, 0.1);
+  limited.exchange().GetStatus();
+  EXPECT_EQ(limited.printer().statusRequests, 4U) << "each member has its own seconds";
   OpenBench unanswered({{L"LimiteEspera", L"2,5"}});
   check(unanswered, {{}, Answers(9), pfCommError, ETX, 1, 1, kSilent, envIncierto, "block"});
 }
@@ -187,15 +192,76 @@ TEST(Exchange, WaitEndsAfterItsSecondsUnlessItSpansMidnight) {
   EXPECT_EQ(late.outcome().STS1, 0x60);
 }
 
+// With its outcome, and not after the seconds of the wait.
+TEST(Exchange, WaitEndsAtOnceWithItsPort) {
+  const struct {
+    std::function<void(OpenBench&)> end;
+    std::wstring description;
+  } kCases[] = {
+      {[](OpenBench& bench) { bench.session().Cerrar(); }, L"PUERTO CERRADO"},
+      {[](OpenBench& bench) { bench.world().serial.failFrom("", 1, 22); }, kSilent},
+  };
+  for (const auto& item : kCases) {
+    OpenBench bench;
+    bench.printer().answersToBlock = {Answer{}};
+    bench.world().pump.whenYielded = [&, isEnded = false]() mutable {
+      if (bench.printer().blocks.empty() || std::exchange(isEnded, true)) return;
+      item.end(bench);
+    };
+    const double start = bench.world().clock.total();
+    EXPECT_EQ(bench.session().Execute(L"w"), pfCommError);
+    EXPECT_LT(bench.world().clock.total() - start, 0.5);
+    EXPECT_EQ(bench.outcome().DescripcionError, item.description);
+    EXPECT_EQ(bench.exchange().lastSend().outcome(), envIncierto);
+  }
+}
+
+TEST(Exchange, FailureInAWaitIsShownAndCountsAsSilence) {
+  OpenBench bench;
+  bench.atYield(2, [] { throw overflow(); });
+  EXPECT_EQ(bench.session().Execute(L"w"), 0) << "asked again";
+  EXPECT_EQ(bench.printer().statusRequests, 2U);
+  const ShownMessage expected = {
+      L"Error 6 (Overflow) in procedure WaitForReply of M\u00F3dulo de clase PrinterFiscal", L"",
+      MessageIcon::None};
+  EXPECT_EQ(bench.world().dialog.shown, std::vector{expected});
+}
+
+TEST(Exchange, BlockOfWhichNothingWasWrittenDoesNotCount) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  bench.world().serial.shortenWrite(2, 4);
+  bench.printer().answersToBlock = {Answer{}};
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.exchange().lastSend().blocks(), 1);
+  EXPECT_EQ(bench.exchange().lastSend().outcome(), envAceptado);
+}
+
 TEST(Exchange, UncheckedModeWritesTheBlockAndReadsNothing) {
   OpenBench bench({{L"SkipChecks", L"True"}});
   bench.world().serial.clearLog();
+  bench.outcome().pfError = pfCommError;  // of an earlier command
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks, (std::vector<std::string>{"\x02w\x03t"}));
   EXPECT_EQ(bench.printer().statusRequests, 0U);
   EXPECT_EQ(bench.world().serial.count("readFile"), 0U);
   EXPECT_EQ(bench.outcome().DescripcionError, L"NO_STATUS_CHECK");
   EXPECT_EQ(bench.outcome().resultFlag, ACK);
+}
+
+// Nobody else takes them off the line, and the driver's queue ends.
+TEST(Exchange, AnswersThatNobodyWaitsForAreTakenOffTheLine) {
+  const std::function<void(OpenBench&)> kCommands[] = {
+      [](OpenBench& bench) { bench.session().Execute(L"w"); },
+      [](OpenBench& bench) { bench.exchange().ExecuteNoCheck(L"w"); },
+      [](OpenBench& bench) { bench.exchange().SendDirect(L"w"); },
+  };
+  for (const auto& command : kCommands) {
+    OpenBench bench({{L"SkipChecks", L"True"}});
+    bench.printer().answersToBlock = {Answer{}};
+    bench.world().serial.deliver("late");
+    command(bench);
+    EXPECT_EQ(bench.world().serial.unread(), 0U);
+  }
 }
 
 TEST(Exchange, ClosedSessionWritesNothing) {
@@ -236,6 +302,7 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
     bench.world().serial.deliver("\x42\x03\x20", 10.03);
   };
   EXPECT_EQ(bench.session().Execute(L"e"), 0);
+  EXPECT_EQ(bench.outcome().resultFlag, ACK) << "and not the rest of that status";
   EXPECT_EQ(bench.outcome().STS1, 0x60);
   EXPECT_EQ(bench.printer().statusRequests, 2U);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
@@ -246,6 +313,18 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   unchecked.world().serial.deliver(kNak, 0.03);
   EXPECT_EQ(unchecked.session().Execute(L"e"), 0);
   EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
+}
+
+TEST(Exchange, RestOfAnAnswerIsNotTheNextStatus) {
+  OpenBench bench;
+  bench.printer().answersToBlock = {{"\6\2"}};
+  bench.world().pump.whenYielded = [&, isSent = false]() mutable {
+    if (bench.printer().blocks.empty() || std::exchange(isSent, true)) return;
+    bench.world().serial.deliver("\x61\x42\3\x20", 0.03);
+  };
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  bench.exchange().GetStatus();
+  EXPECT_EQ(bench.outcome().STS1, 0x60);
 }
 
 // A printer that answers late may send two statuses; where the command is lost then, the second one
@@ -359,6 +438,23 @@ TEST(Exchange, TraceTellsATimeOutDamageAndAShortWrite) {
   bench.world().serial.shortenWrite(2, 1);
   bench.session().Execute(L"w");
   EXPECT_THAT(bench.trace(), testing::Contains(L"bytesWritten = 3; Expected = 4"));
+}
+
+TEST(Exchange, TraceTellsWhatIsDroppedAndWhatIsNotChecked) {
+  OpenBench bench({{L"IsDebug", L"True"},
+                   {L"DebugInmediato", L"True"},
+                   {L"TimeOut", L"1"},
+                   {L"VerificarRespuesta", L"True"}});
+  bench.clearTrace();
+  bench.printer().answersToStatus = {{"\2A\3B", "\x02\x60\x40\x03"}};
+  bench.exchange().GetStatus();
+  EXPECT_THAT(bench.trace(),
+              testing::IsSupersetOf({L"Dropped: <-[STX]A[ETX]", L"No check byte",
+                                     L"WaitForReply (ready = False): <-[STX]`@[ETX]"}));
+  bench.exchange().ExecuteNoCheck(L"80 a");
+  bench.exchange().SendDirect(L"80 b");
+  EXPECT_THAT(bench.trace(),
+              testing::IsSupersetOf({L"ExecuteNoCheck: -> 80[032]a", L"SendDirect: -> 80[032]b"}));
 }
 
 TEST(Exchange, MessagesGoToTheTraceBySetting) {
