@@ -130,6 +130,8 @@ TEST(Exchange, SettingsTellRefusalsAndEndTheAsking) {
   EXPECT_NEAR(limited.world().clock.total() - start, 21, 0.1);
   limited.exchange().GetStatus();
   EXPECT_EQ(limited.printer().statusRequests, 4U) << "each member has its own seconds";
+  OpenBench hasty({{L"LimiteEspera", L"0,5"}});
+  check(hasty, {Answers(9), {}, pfCommError, ETX, 0, 1, kSilent, envNoEnviado, "half a second"});
   OpenBench unanswered({{L"LimiteEspera", L"2,5"}});
   check(unanswered, {{}, Answers(9), pfCommError, ETX, 1, 1, kSilent, envIncierto, "block"});
 }
@@ -313,6 +315,13 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   unchecked.world().serial.deliver(kNak, 0.03);
   EXPECT_EQ(unchecked.session().Execute(L"e"), 0);
   EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
+}
+
+TEST(Exchange, NoiseThatOutlastsAWaitDoesNotEndTheCommand) {
+  OpenBench bench({{L"TimeOut", L"1"}});
+  for (int i = 0; i < 75; ++i) bench.world().serial.deliver("~", i * 0.02);
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
 }
 
 TEST(Exchange, RestOfAnAnswerIsNotTheNextStatus) {
