@@ -87,17 +87,13 @@ std::vector<Lines> Exchange::GetMultipleResponses(const std::wstring& command) {
   return rows;
 }
 
+// Nothing of the host has run since the last block came: the port is open.
 bool Exchange::receiveNextBlock() {
   if (line_.isQuitting()) {
     setSilent();
     return false;
   }
-  state_.outcome.result.clear();
   trace([] { return L" -> ACK"; });
-  if (!isOpen()) {
-    setPortClosed();
-    return false;
-  }
   discardLate();
   write(kAcknowledge);
   return WaitForReply(false) == WaitEnd::Block;

@@ -94,7 +94,6 @@ Look Exchange::settleLine() {
     const Look look = line_.look(opening, late);
     traceDiscarded(late);
     if (look == Look::Quiet) {
-      opening->isSettled = true;
       member_.silentSeconds += timeOut.elapsedSeconds();
       return look;
     }

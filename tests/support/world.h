@@ -31,8 +31,10 @@ class RecordingDialog : public MessageDialog {
  public:
   void show(const std::wstring& text, const std::wstring& title, MessageIcon icon) override {
     shown.push_back({text, title, icon});
+    if (whenShown) whenShown();
   }
   std::vector<ShownMessage> shown;
+  std::function<void()> whenShown;  // a message box serves the host's windows
 };
 
 // The host's message loop: what a test does there, and how long it takes.

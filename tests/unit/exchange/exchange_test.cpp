@@ -221,6 +221,9 @@ TEST(Exchange, WaitEndsAtOnceWithItsPort) {
 TEST(Exchange, FailureInAWaitIsShownAndCountsAsSilence) {
   OpenBench bench;
   bench.atYield(2, [] { throw overflow(); });
+  bench.world().dialog.whenShown = [&] {
+    EXPECT_EQ(bench.session().Execute(L"e"), pfClientError) << "a command is in progress";
+  };
   EXPECT_EQ(bench.session().Execute(L"w"), 0) << "asked again";
   EXPECT_EQ(bench.printer().statusRequests, 2U);
   const ShownMessage expected = {
@@ -290,8 +293,9 @@ TEST(Exchange, ClosedSessionWritesNothing) {
 // would be, and the second one would pass for a command's answer.
 TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   OpenBench bench;
-  bench.world().serial.deliver(kNak);
+  bench.world().serial.deliver("\x02\x61\x42\x03\x20");
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.outcome().STS1, 0x60);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
 
   bench.forget();
@@ -317,11 +321,23 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
 }
 
-TEST(Exchange, NoiseThatOutlastsAWaitDoesNotEndTheCommand) {
+TEST(Exchange, NoiseThatOutlastsAWaitTakesOfItsSecondsAlone) {
+  const auto makeNoise = [](OpenBench& bench, int hundredths) {
+    for (int i = 0; i < hundredths; i += 2) bench.world().serial.deliver("~", i * 0.01);
+  };
   OpenBench bench({{L"TimeOut", L"1"}});
-  for (int i = 0; i < 75; ++i) bench.world().serial.deliver("~", i * 0.02);
+  makeNoise(bench, 150);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
+  for (const auto& [timeOut, noise] : {std::pair{L"10", 150}, {L"1", 500}}) {
+    OpenBench limited({{L"TimeOut", timeOut}, {L"LimiteEspera", L"2"}});
+    limited.printer().answersToStatus = Answers(9);
+    makeNoise(limited, noise);
+    const double start = limited.world().clock.total();
+    EXPECT_EQ(limited.session().Execute(L"w"), pfCommError);
+    EXPECT_EQ(limited.outcome().DescripcionError, kSilent);
+    EXPECT_NEAR(limited.world().clock.total() - start, 2, 0.1);
+  }
 }
 
 TEST(Exchange, RestOfAnAnswerIsNotTheNextStatus) {
@@ -332,8 +348,10 @@ TEST(Exchange, RestOfAnAnswerIsNotTheNextStatus) {
     bench.world().serial.deliver("\x61\x42\3\x20", 0.03);
   };
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  const double start = bench.world().clock.total();
   bench.exchange().GetStatus();
   EXPECT_EQ(bench.outcome().STS1, 0x60);
+  EXPECT_LT(bench.world().clock.total() - start, 0.2) << "that rest, and quiet behind it";
 }
 
 // A printer that answers late may send two statuses; where the command is lost then, the second one
@@ -456,10 +474,13 @@ TEST(Exchange, TraceTellsWhatIsDroppedAndWhatIsNotChecked) {
                    {L"VerificarRespuesta", L"True"}});
   bench.clearTrace();
   bench.printer().answersToStatus = {{"\2A\3B", "\x02\x60\x40\x03"}};
+  bench.world().serial.deliver("~");
+  bench.world().serial.deliver("!", 0.02);
   bench.exchange().GetStatus();
-  EXPECT_THAT(bench.trace(),
-              testing::IsSupersetOf({L"Dropped: <-[STX]A[ETX]", L"No check byte",
-                                     L"WaitForReply (ready = False): <-[STX]`@[ETX]"}));
+  EXPECT_THAT(
+      bench.trace(),
+      testing::IsSupersetOf({L"Discarded: <-~", L"Discarded: <-!", L"Dropped: <-[STX]A[ETX]",
+                             L"No check byte", L"WaitForReply (ready = False): <-[STX]`@[ETX]"}));
   bench.exchange().ExecuteNoCheck(L"80 a");
   bench.exchange().SendDirect(L"80 b");
   EXPECT_THAT(bench.trace(),

@@ -79,13 +79,25 @@ TEST(Retrieval, PrinterThatNeverEndsIsLeft) {
   EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A").size(), 32768U);
 }
 
+TEST(Retrieval, HostThatQuitsEndsTheRows) {
+  OpenBench bench;
+  bench.printer().answersToBlock = {blockOf("A", kEtb)};
+  bench.printer().answerToEveryAck = blockOf("A", kEtb);
+  bench.world().pump.whenYielded = [&] {
+    bench.world().pump.isQuitting = bench.printer().acks >= 2;
+  };
+  EXPECT_EQ(bench.exchange().GetMultipleResponses(L"U3A").size(), 3U);
+  EXPECT_EQ(bench.outcome().pfError, pfCommError);
+}
+
 // What they say beside the steps of the command itself.
 TEST(Retrieval, TraceTellsTheFieldsAndWhyThereAreNone) {
   OpenBench bench({{L"IsDebug", L"True"}, {L"DebugInmediato", L"True"}, {L"LimiteEspera", L"1"}});
   const auto told = [&] {
     Lines lines = bench.trace();
     std::erase_if(lines, [](const std::wstring& line) {
-      return line.find(L"Response") == std::wstring::npos || line.starts_with(L"ResponseComplete");
+      return line != L" -> ACK" && (line.find(L"Response") == std::wstring::npos ||
+                                    line.starts_with(L"ResponseComplete"));
     });
     bench.clearTrace();
     return lines;
@@ -93,10 +105,10 @@ TEST(Retrieval, TraceTellsTheFieldsAndWhyThereAreNone) {
   bench.printer().answersToBlock = {blockOf("A\nB", kEtb)};
   bench.printer().answersToAck = {blockOf("C")};
   static_cast<void>(bench.exchange().GetMultipleResponses(L"U3A"));
-  EXPECT_EQ(told(),
-            (Lines{L"GetMultipleResponses: U3A", L"GetResponse: U3A",
-                   L"GetResponse. After Execute (1), s = A[010]B[ETB]",
-                   L"GetResponse. After Execute (2), s = A[010]B", L"GetResponse. UBound = 1"}));
+  EXPECT_EQ(told(), (Lines{L"GetMultipleResponses: U3A", L"GetResponse: U3A",
+                           L"GetResponse. After Execute (1), s = A[010]B[ETB]",
+                           L"GetResponse. After Execute (2), s = A[010]B",
+                           L"GetResponse. UBound = 1", L" -> ACK"}));
   bench.printer().answersToStatus = {Answer{}};
   static_cast<void>(bench.exchange().GetResponse(L"S1"));
   EXPECT_EQ(told(), (Lines{L"GetResponse: S1", L"@GetResponse pfError = [001]"}));
