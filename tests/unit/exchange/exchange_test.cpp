@@ -218,6 +218,14 @@ TEST(Exchange, WaitEndsAtOnceWithItsPort) {
   }
 }
 
+TEST(Exchange, FailuresOfReadsThatPassAreNoLoss) {
+  OpenBench bench;
+  bench.printer().delaySeconds = 1;
+  for (const int nth : {3, 4, 10, 17}) bench.world().serial.failNth("clearCommError", nth, 22);
+  EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().blocks.size(), 1U);
+}
+
 TEST(Exchange, FailureInAWaitIsShownAndCountsAsSilence) {
   OpenBench bench;
   bench.atYield(2, [] { throw overflow(); });
@@ -319,6 +327,16 @@ TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   unchecked.world().serial.deliver(kNak, 0.03);
   EXPECT_EQ(unchecked.session().Execute(L"e"), 0);
   EXPECT_EQ(unchecked.printer().statusRequests, 1U) << "an answer that nobody waited for";
+}
+
+TEST(Exchange, AnswerToAProgramBeforeIsNotTheFirstStatus) {
+  SessionBench bench;
+  bench.world().clock.advance(100);
+  bench.world().pump.whenYielded = [&, isSent = false]() mutable {
+    if (!std::exchange(isSent, true)) bench.world().serial.deliver("\2\x61\x42\3\x20", 0.03);
+  };
+  bench.open();
+  EXPECT_EQ(bench.outcome().STS1, 0x60);
 }
 
 TEST(Exchange, NoiseThatOutlastsAWaitTakesOfItsSecondsAlone) {
