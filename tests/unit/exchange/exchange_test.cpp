@@ -220,8 +220,9 @@ TEST(Exchange, WaitEndsAtOnceWithItsPort) {
 
 TEST(Exchange, FailuresOfReadsThatPassAreNoLoss) {
   OpenBench bench;
+  bench.world().clock.advance(100);
   bench.printer().delaySeconds = 1;
-  for (const int nth : {3, 4, 10, 17}) bench.world().serial.failNth("clearCommError", nth, 22);
+  for (const int nth : {3, 4, 5, 10, 17}) bench.world().serial.failNth("clearCommError", nth, 22);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
 }
@@ -301,7 +302,9 @@ TEST(Exchange, ClosedSessionWritesNothing) {
 // would be, and the second one would pass for a command's answer.
 TEST(Exchange, LateAnswersAreNotTheNextOnes) {
   OpenBench bench;
-  bench.world().serial.deliver("\x02\x61\x42\x03\x20");
+  bench.world().clock.advance(1);
+  bench.world().serial.deliver("~");
+  bench.world().serial.deliver("\x02\x61\x42\x03\x20", 0.004);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   EXPECT_EQ(bench.outcome().STS1, 0x60);
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
