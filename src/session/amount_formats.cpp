@@ -11,11 +11,11 @@ struct KindKeys {
   const wchar_t* decimals;
 };
 
-constexpr std::array<KindKeys, 3> kKeys = {{
+constexpr auto kKeys = std::to_array<KindKeys>({
     {L"DigitosPrecio", L"DecimalesPrecio"},
     {L"DigitosCantidad", L"DecimalesCantidad"},
     {L"DigitosMedio", L"DecimalesMedio"},
-}};
+});
 
 struct FlagFormats {
   std::int16_t flag21;

@@ -15,11 +15,11 @@ constexpr std::int32_t kCannotOpenPort = 40001;
 constexpr float kSecondsPerDay = 86400;
 
 // Models by the first three characters of the serial number; all others are SRP350.
-constexpr std::array<std::pair<std::wstring_view, VariantesPF>, 3> kModels = {{
+constexpr std::pair<std::wstring_view, VariantesPF> kModels[] = {
     {L"Z6B", DT230},
     {L"Z7A", HKA112},
     {L"Z1F", SRP812},
-}};
+};
 
 }  // namespace
 

@@ -20,6 +20,10 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
   EXPECT_EQ(bench.world().serial.numbersOf("escapeCommFunction"),
             (std::vector<std::uint32_t>{4, 5}))
       << "RTS cleared, DTR set";
+  bench.session().Cerrar();
+  bench.forget();
+  bench.session().Abrir(7);
+  EXPECT_TRUE(bench.printer().blocks.empty()) << "the number is known";
 }
 
 // The query that fails must not take away the number that a later opening has learnt.
@@ -80,6 +84,18 @@ TEST(Opening, FailureOfAnyCallIsRaisedAndTheNextOpeningWorks) {
     bench.session().Abrir(7);
     EXPECT_EQ(bench.session().Execute(L"w"), 0) << call;
   }
+}
+
+TEST(Closing, EndOfASessionLeavesNothingOpen) {
+  SessionBench bench({{L"IsDebug", L"True"}, {L"DEBUGFILE", L"trace.log"}});
+  bench.world().settings.set(kPortSection, L"DEBUG", L"1");
+  bench.world().settings.set(kPortSection, L"DumpFile", L"dump.log");
+  auto session = bench.another();
+  session->Abrir(7);
+  EXPECT_EQ(bench.world().files.openFiles, 2);
+  session.reset();
+  EXPECT_EQ(bench.world().serial.openHandles(), 0U);
+  EXPECT_EQ(bench.world().files.openFiles, 0);
 }
 
 TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
