@@ -87,15 +87,18 @@ TEST(Opening, FailureOfAnyCallIsRaisedAndTheNextOpeningWorks) {
 }
 
 TEST(Closing, EndOfASessionLeavesNothingOpen) {
-  SessionBench bench({{L"IsDebug", L"True"}, {L"DEBUGFILE", L"trace.log"}});
-  bench.world().settings.set(kPortSection, L"DEBUG", L"1");
-  bench.world().settings.set(kPortSection, L"DumpFile", L"dump.log");
-  auto session = bench.another();
-  session->Abrir(7);
-  EXPECT_EQ(bench.world().files.openFiles, 2);
-  session.reset();
-  EXPECT_EQ(bench.world().serial.openHandles(), 0U);
-  EXPECT_EQ(bench.world().files.openFiles, 0);
+  for (const bool opens : {true, false}) {
+    SessionBench bench({{L"IsDebug", L"True"}, {L"DEBUGFILE", L"trace.log"}});
+    bench.world().settings.set(kPortSection, L"DEBUG", L"1");
+    bench.world().settings.set(kPortSection, L"DumpFile", L"dump.log");
+    auto session = bench.another();
+    if (!opens) bench.world().faults.failNth("createFile", 1, 5);
+    EXPECT_EQ(errorOfOpening(*session).number(), opens ? 0 : 40001);
+    EXPECT_EQ(bench.world().files.openFiles, opens ? 2 : 1) << "the dump opens with any port";
+    session.reset();
+    EXPECT_EQ(bench.world().serial.openHandles(), 0U);
+    EXPECT_EQ(bench.world().files.openFiles, 0);
+  }
 }
 
 TEST(Opening, PortOfAnotherSessionIsNeitherWrittenNorClosed) {
