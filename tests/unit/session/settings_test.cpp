@@ -144,6 +144,9 @@ TEST(AmountFormats, SettingsWinWhenBothAreThere) {
   EXPECT_EQ(both.session().FormatPrecio(Decimal::fromDouble(12.5)), L"000013");
   EXPECT_TRUE(both.printer().blocks.empty()) << "no need to ask the printer";
 
+  SessionBench bare({{L"DigitosPrecio", L"0"}, {L"DecimalesPrecio", L"2"}});
+  EXPECT_EQ(bare.session().FormatPrecio(Decimal::fromDouble(12.5)), L"1250") << "without padding";
+
   SessionBench half({{L"DigitosPrecio", L"6"}});
   EXPECT_EQ(half.session().FormatPrecio(Decimal::fromDouble(12.5)), L"0000001250")
       << "one alone is none";
