@@ -21,6 +21,7 @@ TEST(Opening, ConfiguresThePortAsksTheStatusAndLearnsTheSerial) {
             (std::vector<std::uint32_t>{4, 5}))
       << "RTS cleared, DTR set";
   bench.session().Cerrar();
+  EXPECT_EQ(bench.exchange().state().port, 0);
   bench.forget();
   bench.session().Abrir(7);
   EXPECT_TRUE(bench.printer().blocks.empty()) << "the number is known";

@@ -136,6 +136,9 @@ TEST(AmountFormats, WidthsFollowPrinterFlag21) {
     EXPECT_EQ(bench.session().FormatCantidad(amount), item.quantity) << item.flag21;
     EXPECT_EQ(bench.session().FormatMedio(amount), item.payment) << item.flag21;
     EXPECT_EQ(bench.printer().blocks.size(), 1U) << "the flags are asked for once";
+    bench.session().state().s3 = nullptr;
+    bench.printer().answersToBlock = {rateReply("12")};
+    EXPECT_EQ(bench.session().FormatPrecio(amount), item.price) << "and the form is kept";
   }
 }
 
