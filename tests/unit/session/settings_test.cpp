@@ -77,6 +77,8 @@ TEST(SessionSettings, RateListEndsAtTheFirstGapAndAtSeven) {
   const auto two = bench.another();
   EXPECT_EQ(two->state().numTasas, 2);
   EXPECT_DOUBLE_EQ(two->state().tasas[1], 16.5);
+  settings.set(kRates, L"1", L"exento");
+  EXPECT_DOUBLE_EQ(bench.another()->state().tasas[1], 0) << "no number";
   for (int i = 0; i < 9; ++i) settings.set(kRates, std::to_wstring(i), L"8 %");
   const auto seven = bench.another();
   EXPECT_EQ(seven->state().numTasas, 7);
@@ -109,6 +111,8 @@ TEST(SessionSettings, DelayEndsAlsoAcrossMidnight) {
   SessionBench byDefault;
   byDefault.session().Demora(100);
   EXPECT_NEAR(byDefault.world().clock.total(), 30, 0.005);
+  byDefault.session().Demora(3);
+  EXPECT_NEAR(byDefault.world().clock.total(), 30.9, 0.01) << "less than a second, too";
 }
 
 // An S3 reply whose flag 21 has the given value.
