@@ -405,14 +405,27 @@ class Packages(PackageTest):
     @contextlib.contextmanager
     def running(self, title, *command, locale=ENGLISH):
         """A program that shows a window; everything in the prefix ends with it."""
-        process = subprocess.Popen(
-            [ROOT / "scripts/wine", "both", *command], cwd=self.folder, stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL, env={**harness.wine_environment(), "LC_ALL": locale})
+        process, window = self.started(title, command, locale)
         try:
-            yield self.screen.find_window(title, PATIENCE)
+            yield window
         finally:
             harness.stop_wine()
             process.wait()
+
+    def started(self, title, command, locale):
+        """Of programs that start under Wine on a busy machine, a rare one ends without a look."""
+        for attempt in (1, 2, 3):
+            process = subprocess.Popen(
+                [ROOT / "scripts/wine", "both", *command], cwd=self.folder,
+                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                env={**harness.wine_environment(), "LC_ALL": locale})  # fmt: skip
+            try:
+                return process, self.screen.find_window(title, PATIENCE / 3)
+            except AssertionError:
+                harness.stop_wine()
+                process.wait()
+                if attempt == 3:
+                    raise
 
     def while_host_runs(self, action):
         """A host that has the installed 32-bit library loaded, for as long as its box is there."""
