@@ -57,8 +57,6 @@ std::string withTrailingZeros(const std::string& digits, int count) {
 
 bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
-bool isEven(char digit) { return std::string_view("02468").find(digit) != std::string_view::npos; }
-
 // Whether the type holds the number in that text, which then is the value.
 template <typename Number>
 bool readInto(Number& value, const std::string& text) {
@@ -177,7 +175,7 @@ Decimal Decimal::roundedHalfEven(int decimals) const {
   if (decimals >= decimals_) return *this;
   const Cut cut = cutAfter(digits_, decimals_ - decimals);
   // No zero ends the decimals, so a half is a five alone.
-  const bool staysOnHalf = cut.dropped == "5" && isEven(cut.kept.back());
+  const bool staysOnHalf = cut.dropped == "5" && (cut.kept.back() - '0') % 2 == 0;
   const bool up = cut.dropped.front() >= '5' && !staysOnHalf;
   return {negative_, up ? sumOf(cut.kept, "1") : cut.kept, decimals};
 }
