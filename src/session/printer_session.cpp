@@ -5,7 +5,6 @@
 #include "records/status_queries.h"
 #include "session/session_settings.h"
 
-#include <array>
 #include <utility>
 
 namespace corvid {
