@@ -269,13 +269,12 @@ class HostTest(unittest.TestCase):
 
 def map_ports():
     """Each port is a link in the prefix to the link that a printer makes when it starts."""
-    lines = {port: line_of(port) for port in PORTS}
-    lines[PORTS[0]].parent.mkdir(parents=True, exist_ok=True)
+    line_of(PORTS[0]).parent.mkdir(parents=True, exist_ok=True)
     devices = ROOT / "build" / ENVIRONMENT["CORVID_PREFIX"] / "dosdevices"
-    mapped = {port: devices / f"com{port}" for port in PORTS}
-    if all(mapped[port].is_symlink() and mapped[port].readlink() == lines[port] for port in PORTS):
+    lines = {devices / f"com{port}": line_of(port) for port in PORTS}
+    if all(device.is_symlink() and device.readlink() == line for device, line in lines.items()):
         return
-    pairs = [word for port, line in lines.items() for word in (f"COM{port}", str(line))]
+    pairs = [word for device, line in lines.items() for word in (device.name.upper(), str(line))]
     subprocess.run([ROOT / "scripts/wine", SYSTEM, "--map", *pairs], env=wine_environment(),
                    check=True)  # fmt: skip
 
