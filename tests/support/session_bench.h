@@ -57,6 +57,14 @@ class SessionBench {
     };
   }
 
+  // Runs an action once, at the first yield after a block or so many requests for the status.
+  void onceSent(std::function<void()> action) {
+    once([this] { return !printer_.blocks.empty(); }, std::move(action));
+  }
+  void onceAsked(std::size_t requests, std::function<void()> action) {
+    once([this, requests] { return printer_.statusRequests >= requests; }, std::move(action));
+  }
+
   void clearTrace() {
     for (const auto& view : world_.views.created) view->lines.clear();
   }
@@ -79,6 +87,15 @@ class SessionBench {
   Outcome& outcome() { return session_->outcome(); }
 
  private:
+  void once(std::function<bool()> isDue, std::function<void()> action) {
+    world_.pump.whenYielded = [isDue = std::move(isDue), action = std::move(action),
+                               isDone = false]() mutable {
+      if (isDone || !isDue()) return;
+      isDone = true;
+      action();
+    };
+  }
+
   World world_;
   ScriptedPrinter printer_;
   std::unique_ptr<ThreadState> thread_;
