@@ -41,6 +41,9 @@ TEST(Diagnosis, TellsEverySettingThatASessionReads) {
 
 TEST(Diagnosis, TellsWhereFromAndHowItStands) {
   SessionBench bench({{L"TimeOut", L"5"}});
+  const std::wstring ofNone = diagnosis(bench.session(), kInstallation);
+  EXPECT_EQ(L"ninguno, cerrado", valueOf(ofNone, L"Puerto de la sesi\u00F3n"));
+  EXPECT_EQ(L"<none>", valueOf(ofNone, L"Config\\Puertos\\0"));
   bench.world().settings.setInStore(kSessionSection, L"Retries", L"4");
   bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
   bench.open();

@@ -44,6 +44,19 @@ TEST(Opening, ReopeningInTheMiddleOfOpeningKeepsTheSerial) {
   }
 }
 
+TEST(Opening, ClosingInTheMiddleOfOpeningForgetsNoSerial) {
+  for (int nth = 1;; ++nth) {
+    SessionBench bench;
+    bench.thread().process().setLastSerial(L"EARLIER");
+    bench.printer().answers["S1"] = kCounters;
+    bench.atYield(nth, [&] { bench.session().Cerrar(); });
+    bench.session().Abrir(7);
+    const std::wstring last = bench.thread().process().lastSerial();
+    if (last == L"Z7A0000042") return;  // as nothing closed it
+    EXPECT_EQ(last, L"EARLIER") << nth;
+  }
+}
+
 TEST(Opening, NumberOutsideTheTableChangesNothing) {
   OpenBench bench;
   for (const std::int16_t port : {std::int16_t{0}, std::int16_t{100}, std::int16_t{-1}}) {
