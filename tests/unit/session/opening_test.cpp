@@ -109,6 +109,8 @@ TEST(Closing, EndOfASessionLeavesNothingOpen) {
     if (!opens) bench.world().faults.failNth("createFile", 1, 5);
     EXPECT_EQ(errorOfOpening(*session).number(), opens ? 0 : 40001);
     EXPECT_EQ(bench.world().files.openFiles, opens ? 2 : 1) << "the dump opens with any port";
+    bench.session().Cerrar();
+    EXPECT_EQ(bench.world().files.openFiles, 1) << "no port of its own, no dump";
     session.reset();
     EXPECT_EQ(bench.world().serial.openHandles(), 0U);
     EXPECT_EQ(bench.world().files.openFiles, 0);
