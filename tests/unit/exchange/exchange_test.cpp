@@ -236,6 +236,11 @@ TEST(Exchange, FailureInAWaitIsShownAndCountsAsSilence) {
       L"Error 6 (Overflow) in procedure WaitForReply of M\u00F3dulo de clase PrinterFiscal", L"",
       MessageIcon::None};
   EXPECT_EQ(bench.world().dialog.shown, std::vector{expected});
+
+  bench.atYield(2, [] { throw overflow(); });
+  bench.world().dialog.whenShown = [&] { bench.session().Cerrar(); };
+  EXPECT_EQ(bench.session().Execute(L"w"), pfCommError) << "and at once, not without end";
+  EXPECT_EQ(bench.outcome().DescripcionError, L"PUERTO CERRADO");
 }
 
 TEST(Exchange, BlockOfWhichNothingWasWrittenDoesNotCount) {

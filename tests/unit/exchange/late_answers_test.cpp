@@ -81,8 +81,8 @@ TEST(Exchange, NoiseThatOutlastsAWaitTakesOfItsSecondsAlone) {
 
 TEST(Exchange, RestOfAnAnswerIsNotTheNextStatus) {
   OpenBench bench;
-  bench.printer().answersToBlock = {{"\6\2"}};
-  bench.onceSent([&] { bench.world().serial.deliver("\x61\x42\3\x20", 0.03); });
+  bench.printer().answersToBlock = {{"\6~"}};
+  bench.onceSent([&] { bench.world().serial.deliver("\2\x61\x42\3\x20", 0.03); });
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
   const double start = bench.world().clock.total();
   bench.exchange().GetStatus();

@@ -68,6 +68,12 @@ TEST(Exchange, TraceTellsWhatIsDroppedAndWhatIsNotChecked) {
       bench.trace(),
       testing::IsSupersetOf({L"Discarded: <-~", L"Discarded: <-!", L"Dropped: <-[STX]A[ETX]",
                              L"No check byte", L"WaitForReply (ready = False): <-[STX]`@[ETX]"}));
+  bench.clearTrace();
+  bench.printer().answersToAck = {{"\2A\3?"}};
+  bench.exchange().SendAck();
+  EXPECT_THAT(
+      bench.trace(),
+      testing::IsSupersetOf({L"Wrong check byte", L"WaitForReply (ready = False): <-[STX]A[ETX]"}));
   bench.exchange().ExecuteNoCheck(L"80 a");
   bench.exchange().SendDirect(L"80 b");
   EXPECT_THAT(bench.trace(),
