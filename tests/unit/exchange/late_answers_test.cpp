@@ -67,6 +67,7 @@ TEST(Exchange, NoiseThatOutlastsAWaitTakesOfItsSecondsAlone) {
   OpenBench bench({{L"TimeOut", L"1"}});
   makeNoise(bench, 150);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
+  EXPECT_EQ(bench.printer().statusRequests, 1U) << "no command without a status";
   EXPECT_EQ(bench.printer().blocks.size(), 1U);
   for (const auto& [timeOut, noise] : {std::pair{L"10", 150}, {L"1", 500}}) {
     OpenBench limited({{L"TimeOut", timeOut}, {L"LimiteEspera", L"2"}});
