@@ -83,6 +83,15 @@ TEST(Diagnosis, TellsWhereFromAndHowItStands) {
   EXPECT_EQ(L"TCP:box:4000 (C:\\host\\ORV.ini)", valueOf(ofTcp, L"Config\\Puertos\\7"));
 }
 
+TEST(Diagnosis, DoesNotKnowTheReadsOfASilentLine) {
+  SessionBench bench;
+  bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
+  bench.printer().answersToStatus = {Answer{}};
+  bench.open();
+  EXPECT_EQ(L"no se ha visto",
+            valueOf(diagnosis(bench.session(), kInstallation), L"Lecturas del controlador"));
+}
+
 TEST(LastSend, IsUnsentOrUncertainWithoutAPrinterThatIsAsked) {
   const struct {
     const char* reason;
