@@ -65,7 +65,7 @@ TEST(LeadingNumber, StopsWhereTheNumberEnds) {
       {L"1E+", 1, "exponent without digits behind its sign"},
       {L"1E-999999999999", 0, "too small for a double"},
       {L"0E999999999999", 0, "zero whatever its exponent"},
-      {L"&H1AaFfx", 0x1AAFF, "hexadecimal, from A to F in either case"},
+      {L"&H1AaFfZ", 0x1AAFF, "hexadecimal, from A to F in either case"},
       {L"&HFFFF", -1, "sixteen bits"},
       {L"&HFFFFFFFF", -1, "thirty-two bits, negative"},
       {L"&o178", 15, "octal"},
