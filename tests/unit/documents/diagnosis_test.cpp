@@ -44,6 +44,7 @@ TEST(Diagnosis, TellsWhereFromAndHowItStands) {
   const std::wstring ofNone = diagnosis(bench.session(), kInstallation);
   EXPECT_EQ(L"ninguno, cerrado", valueOf(ofNone, L"Puerto de la sesi\u00F3n"));
   EXPECT_EQ(L"<none>", valueOf(ofNone, L"Config\\Puertos\\0"));
+  EXPECT_EQ(L"0", valueOf(ofNone, L"UltimoEnvio"));
   bench.world().settings.setInStore(kSessionSection, L"Retries", L"4");
   bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
   bench.open();
