@@ -137,6 +137,12 @@ TEST(LastSend, IsUnsentOrUncertainWithoutAPrinterThatIsAsked) {
          bench.session().Execute(L"101");
        },
        envAceptado, 0},
+      {"query in test mode",
+       [](SessionBench& bench) {
+         bench.exchange().state().testMode = true;
+         static_cast<void>(bench.exchange().GetResponse(L"S2"));
+       },
+       envAceptado, 0},
       {"query in unchecked mode",
        [](SessionBench& bench) {
          bench.exchange().state().skipChecks = true;

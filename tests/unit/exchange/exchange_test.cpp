@@ -216,8 +216,11 @@ TEST(Exchange, WaitEndsAtOnceWithItsPort) {
 }
 
 TEST(Exchange, FailuresOfReadsThatPassAreNoLoss) {
-  OpenBench bench;
+  SessionBench bench;
   bench.world().clock.advance(100);
+  for (const int nth : {1, 2, 3}) bench.world().serial.failNth("clearCommError", nth, 22);
+  bench.open();
+  EXPECT_EQ(bench.outcome().STS1, 0x60);
   bench.printer().delaySeconds = 1;
   for (const int nth : {3, 4, 5, 100, 200}) bench.world().serial.failNth("clearCommError", nth, 22);
   EXPECT_EQ(bench.session().Execute(L"w"), 0);
