@@ -173,6 +173,7 @@ TEST(LastSend, IsBusyWhileACommandIsUnderWay) {
   bool wasBusy = false;
   bench.atYield(1, [&] {
     wasBusy = bench.exchange().isBusy();
+    EXPECT_EQ(0, bench.exchange().lastSend().milliseconds());
     bench.session().Execute(L"refused");
   });
   bench.session().Execute(L"101");
