@@ -44,7 +44,9 @@ TEST(Diagnosis, TellsWhereFromAndHowItStands) {
   const std::wstring ofNone = diagnosis(bench.session(), kInstallation);
   EXPECT_EQ(L"ninguno, cerrado", valueOf(ofNone, L"Puerto de la sesi\u00F3n"));
   EXPECT_EQ(L"<none>", valueOf(ofNone, L"Config\\Puertos\\0"));
-  EXPECT_EQ(L"0", valueOf(ofNone, L"UltimoEnvio"));
+  for (const wchar_t* name : {L"pfError", L"resultFlag", L"STS1", L"STS2", L"UltimoEnvio"}) {
+    EXPECT_EQ(L"0", valueOf(ofNone, name)) << ::testing::PrintToString(name);
+  }
   bench.world().settings.setInStore(kSessionSection, L"Retries", L"4");
   bench.world().settings.set(kPortSection, L"LecturaInmediata", L"False");
   bench.open();
