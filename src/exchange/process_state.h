@@ -6,7 +6,6 @@
 #include "platform/trace_file.h"
 #include "transport/transports.h"
 
-#include <atomic>
 #include <mutex>
 #include <string>
 
@@ -30,8 +29,6 @@ class ProcessState {
     const std::lock_guard lock(gate_);
     lastSerial_ = serial;
   }
-
-  std::atomic<bool> testMode{false};  // setting "TestMode" as the newest session read it
 
  private:
   SharedTransports transports_;
