@@ -7,13 +7,18 @@
 namespace corvid {
 namespace {
 
+constexpr double kMostDelay = 0.9;  // seconds in all; less than the time-out
+
 // Pieces of 1 to 4 bytes with one of 64 gaps before each.
 std::vector<Piece> cut(std::string_view bytes, std::string_view plan) {
   std::vector<Piece> pieces;
+  double left = kMostDelay;
   for (const char character : plan) {
     const auto number = static_cast<std::uint8_t>(character);
     const std::size_t length = std::min<std::size_t>(1 + number % 4, bytes.size());
-    pieces.push_back({std::string(bytes.substr(0, length)), kLongestGap * (number / 4) / 64});
+    const double gap = std::min(kLongestGap * (number / 4) / 64, left);
+    left -= gap;
+    pieces.push_back({std::string(bytes.substr(0, length)), gap});
     bytes.remove_prefix(length);
   }
   pieces.push_back({std::string(bytes)});
