@@ -6,6 +6,7 @@
 #include "platform/trace_file.h"
 #include "transport/transports.h"
 
+#include <atomic>
 #include <mutex>
 #include <string>
 
@@ -29,6 +30,8 @@ class ProcessState {
     const std::lock_guard lock(gate_);
     lastSerial_ = serial;
   }
+
+  std::atomic<bool> testMode{false};  // setting "TestMode" as the newest session read it
 
  private:
   SharedTransports transports_;

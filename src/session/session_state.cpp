@@ -36,6 +36,7 @@ void readSettings(SessionState& state, Exchange& exchange) {
   state.retries = int16Setting(settings, L"Retries", state.retries);
   outer.skipChecks = flag(settings, L"SkipChecks");
   outer.testMode = flag(settings, L"TestMode");
+  exchange.thread().process().testMode = outer.testMode;
   exchange.thread().trace().follow(settings);
   state.columnasDescripcion =
       int32Setting(settings, L"ColumnasDescripcion", state.columnasDescripcion);

@@ -215,6 +215,7 @@ TEST(Opening, NewestSessionSetsTheSharedFlags) {
   bench.world().settings.set(kSessionSection, L"TestMode", L"no");
   const auto second = bench.another();
   EXPECT_FALSE(bench.thread().trace().isOn());
+  EXPECT_FALSE(bench.thread().process().testMode);
   EXPECT_TRUE(bench.session().exchange().state().testMode) << "a session keeps what it read";
 }
 
