@@ -51,10 +51,7 @@ class SessionBench {
   // Runs an action once, at the nth yield from now on.
   void atYield(int nth, std::function<void()> action) {
     const int target = world_.pump.count + nth;
-    world_.pump.whenYielded = [this, target, action = std::move(action)] {
-      if (world_.pump.count != target) return;
-      action();
-    };
+    once([this, target] { return world_.pump.count == target; }, std::move(action));
   }
 
   // Runs an action once, at the first yield after a block or so many requests for the status.
