@@ -53,8 +53,8 @@ std::int32_t TcpTransport::open() {
 std::int32_t TcpTransport::openAddress(const TcpAddress& address) {
   std::vector<SocketAddress> ways;
   if (!environment_.calls.resolve(address.host, address.port, ways)) return failCall(L"resolve");
-  const double end = environment_.clock.monotonicSeconds() + kConnectSeconds;
   if (ways.empty()) return failWith(kErrorHostNotFound, L"resolve");
+  const double end = environment_.clock.monotonicSeconds() + kConnectSeconds;
   std::int32_t error = 0;
   for (std::size_t i = 0; i < ways.size(); ++i) {
     const double left = end - environment_.clock.monotonicSeconds();
