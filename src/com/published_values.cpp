@@ -5,6 +5,8 @@
 #include "protocol/control_bytes.h"
 #include "session/session_state.h"
 
+#include <cstdint>
+
 namespace corvid {
 namespace {
 
