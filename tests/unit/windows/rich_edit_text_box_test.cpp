@@ -14,8 +14,9 @@ namespace {
 class TextBox : public testing::Test {
  protected:
   void SetUp() override {
-    control_ = CreateWindowExW(0, richEditClass(), L"", WS_CHILD | ES_MULTILINE | ES_NOHIDESEL, 0,
-                               0, 200, 100, host_.get(), nullptr, nullptr, nullptr);
+    control_ = CreateWindowExW(0, richEditClass(), L"",
+                               WS_CHILD | WS_HSCROLL | ES_MULTILINE | ES_AUTOHSCROLL | ES_NOHIDESEL,
+                               0, 0, 200, 100, host_.get(), nullptr, nullptr, nullptr);
     ASSERT_NE(control_, nullptr);
     box_.attach(control_);
   }
@@ -71,8 +72,8 @@ TEST_F(TextBox, AppendsAtTheEndThoughLocked) {
 
 TEST_F(TextBox, WideLineDoesNotTakeTheOthersOutOfView) {
   ShowWindow(control_, SW_SHOW);
+  box_.append(L"short\r\n");
   box_.append(std::wstring(122, L'_'));
-  box_.append(L"\r\nshort");
   POINT place{1, 1};
   SendMessageW(control_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
   EXPECT_EQ(place.x, 0);
