@@ -142,6 +142,18 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   EXPECT_EQ(textOf(control(Control::Text2)), L"12");
 }
 
+// Else they would end with its range.
+TEST_F(Form, StepsOfTheMarginMoveNothingButTheMargin) {
+  form_->Show(false, nullptr);
+  auto* const steps = control(Control::UpDown1);
+  const auto position = [&] { return SendMessageW(steps, UDM_GETPOS32, 0, 0); };
+  const LRESULT before = position();
+  SendMessageW(steps, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+  SendMessageW(steps, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+  EXPECT_EQ(textOf(control(Control::Text2)), L"1");
+  EXPECT_EQ(position(), before);
+}
+
 TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
   form_->Show(false, nullptr);
   const auto size = [this] { return formatOf(control(Control::Text1)).yHeight / 20; };
