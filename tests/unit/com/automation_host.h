@@ -179,9 +179,9 @@ class HostObject : public IDispatch {
   STDMETHODIMP_(ULONG) Release() override { return --references; }
   STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
     *ids = id_;
-    return name_ == *names ? S_OK : DISP_E_UNKNOWNNAME;
+    return count == 1 && name_ == *names ? S_OK : DISP_E_UNKNOWNNAME;
   }
   STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT* result,
                       EXCEPINFO*, UINT*) override {

@@ -85,6 +85,15 @@ TEST_F(Lifetime, EndsTheProcessWideStateWithTheLastObject) {
   EXPECT_EQ(L"", AutomationLibrary::here().process().lastSerial());
 }
 
+TEST_F(Lifetime, OfWhatAPointerHeldEndsWhenItIsFilledAnew) {
+  HostObject host(L"", [](DISPPARAMS&, VARIANT*) { return S_OK; });
+  ComPtr<IUnknown> pointer(&host);
+  ASSERT_EQ(S_OK, host.QueryInterface(IID_IUnknown, pointer.putVoid()));
+  EXPECT_EQ(2U, host.references);
+  pointer = {};
+  EXPECT_EQ(1U, host.references);
+}
+
 // A host that drops its last reference while a member runs gets its answer all the same.
 TEST_F(Lifetime, OfAnObjectSpansTheCallsIntoIt) {
   ICStringBuffer* buffer = newBuffer().detach();

@@ -138,6 +138,18 @@ TEST_F(View, DoesNotCallASinkThatAHandlerDisconnects) {
   EXPECT_EQ(S_OK, point_->Unadvise(cookie));
 }
 
+TEST_F(View, CountsItsConnectionPointsReferencesAsItsOwn) {
+  const auto count = [this] {
+    view_->AddRef();
+    return view_->Release();
+  };
+  const ULONG before = count();
+  auto again = point_.as<IUnknown>();
+  EXPECT_EQ(count(), before + 1);
+  again = {};
+  EXPECT_EQ(count(), before);
+}
+
 TEST_F(View, ListsItsConnectionPointAndTheSinksBehindIt) {
   const DWORD cookie = connect();
   ComPtr<IEnumConnectionPoints> points;
