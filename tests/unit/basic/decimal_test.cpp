@@ -101,6 +101,7 @@ TEST(DecimalComparison, OrdersAcrossSignsAndLengths) {
   EXPECT_GT(dec(L"8.1"), dec(L"8"));
   EXPECT_LT(dec(L"-10"), dec(L"-9.5"));
   EXPECT_EQ(dec(L"8.00"), dec(L"8"));
+  EXPECT_EQ(textOf(Decimal()), textOf(dec(L"0")));
 }
 
 TEST(DecimalPowers, ShiftThePointEitherWay) {

@@ -14,6 +14,8 @@ TEST(SessionSettings, DefaultsHoldWithoutASetting) {
   EXPECT_EQ(state.retries, 3);
   EXPECT_EQ(state.columnasDescripcion, 28);
   EXPECT_EQ(state.numTasas, 0);
+  EXPECT_EQ(state.f21, 0);
+  EXPECT_EQ(PrinterSession::lStatus(), 0);
   EXPECT_FALSE(bench.exchange().state().skipChecks);
   EXPECT_FALSE(bench.exchange().state().testMode);
   EXPECT_EQ(bench.session().AnchoDireccion(), 40);
