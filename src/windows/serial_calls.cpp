@@ -12,6 +12,8 @@
 namespace corvid {
 namespace {
 
+static_assert(kErrorIoIncomplete == ERROR_IO_INCOMPLETE && kErrorIoPending == ERROR_IO_PENDING);
+
 HANDLE toHandle(SerialHandle handle) {
   return reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): the seam's type
 }

@@ -11,6 +11,10 @@
 namespace corvid {
 namespace {
 
+static_assert(kInvalidSocket == static_cast<SocketHandle>(INVALID_SOCKET));
+static_assert(kErrorWouldBlock == WSAEWOULDBLOCK && kErrorTimedOut == WSAETIMEDOUT &&
+              kErrorDisconnected == WSAEDISCON && kErrorHostNotFound == WSAHOST_NOT_FOUND);
+
 struct AddressListTraits {
   using Type = ADDRINFOW*;
   static constexpr Type none() { return nullptr; }
