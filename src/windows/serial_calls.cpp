@@ -19,6 +19,9 @@ HANDLE toHandle(SerialHandle handle) {
 }
 
 using LineControl = DeviceControlBlock::LineControl;
+static_assert(static_cast<int>(LineControl::Enable) == DTR_CONTROL_ENABLE &&
+              static_cast<int>(LineControl::Handshake) == RTS_CONTROL_HANDSHAKE &&
+              static_cast<int>(LineControl::Toggle) == RTS_CONTROL_TOGGLE);
 
 DCB toSystem(const DeviceControlBlock& block) {
   DCB dcb{};
