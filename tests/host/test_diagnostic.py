@@ -51,10 +51,10 @@ class Diagnostic(HostTest):
         self.assertEqual((printer.paper(), printer.tell("state")), ("", before))
 
     def test_it_finds_the_printer_and_ends_with_its_exit_code(self):
-        self.printer()
+        self.printer(10)
         folder = windows_path(self.folder)
         code, output, told = self.run_program("--buscar", "--carpeta", folder)
-        self.assertEqual(told["COM7"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
+        self.assertEqual(told["COM10"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
         self.assertEqual(code, 0, output)
 
         code, output, _ = self.run_program("--simulado", "--informe", r"Z:\there\is\no\folder.txt")
