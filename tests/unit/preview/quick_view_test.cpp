@@ -72,6 +72,16 @@ TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
   EXPECT_EQ(window.margin, L"6");
 }
 
+TEST_F(Preview, ActivationBringsTheLinesOnce) {
+  view.load();
+  view.report().Add(L"line", 0);
+  view.activate();
+  EXPECT_NE(world.box.text(), L"");
+  world.box.setText(L"");
+  view.activate();
+  EXPECT_EQ(world.box.text(), L"") << "what the user deleted stays away";
+}
+
 TEST_F(Preview, PrintingTakesTheMarginFromItsEntryAndTellsItsFailures) {
   const struct {
     const wchar_t* entry;
