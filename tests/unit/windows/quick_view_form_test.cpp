@@ -136,6 +136,7 @@ TEST_F(Form, HostMayHideAndLeaveTheWindowFromItsHandler) {
 TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   form_->Show(false, nullptr);
   SetFocus(control(Control::Text2));
+  runPendingMessages();
   SetWindowTextW(control(Control::Text2), L"12.5");
   SetFocus(control(Control::Text1));
   runPendingMessages();
