@@ -17,7 +17,6 @@ bool flag(const Settings& settings, const wchar_t* key) {
 }
 
 void readRates(SessionState& state, const Settings& settings) {
-  state.numTasas = 0;
   while (state.numTasas < kMostRates) {
     const std::wstring text =
         settings.text(kApplication, kRatesSection, std::to_wstring(state.numTasas), kNoRate);
