@@ -76,7 +76,7 @@ TEST_F(Preview, ActivationBringsTheLinesOnce) {
   view.load();
   view.report().Add(L"line", 0);
   view.activate();
-  EXPECT_NE(world.box.text(), L"");
+  EXPECT_EQ(world.box.text(), L"line \r\n");
   world.box.setText(L"");
   view.activate();
   EXPECT_EQ(world.box.text(), L"") << "what the user deleted stays away";
