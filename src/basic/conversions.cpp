@@ -23,8 +23,6 @@ Narrow narrow(std::int64_t value) {
 constexpr int kExponentLimit = 5000;
 constexpr std::uint64_t kExponentMask = 0x7FF0000000000000U;  // all ones: infinite or no number
 
-bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
-
 bool isSign(wchar_t character) { return character == L'+' || character == L'-'; }
 
 // Takes the digits that a text begins with, up to the given count of points among them.

@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/run_time_error.h"
+#include "basic/text.h"
 
 #include <algorithm>
 #include <array>
@@ -54,8 +55,6 @@ bool isSmaller(std::string a, std::string b) {
 std::string withTrailingZeros(const std::string& digits, int count) {
   return digits + std::string(static_cast<std::size_t>(count), '0');
 }
-
-bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
 
 // Whether the type holds the number in that text, which then is the value.
 template <typename Number>

@@ -25,6 +25,10 @@ using Lines = std::vector<std::wstring>;
 [[nodiscard]] Text join(const Lines& pieces, TextView separator);
 // Left to right; an empty from changes nothing.
 [[nodiscard]] Text replaceAll(TextView text, TextView from, TextView to);
+// One of "0" to "9".
+[[nodiscard]] constexpr bool isDigit(wchar_t character) {
+  return character >= L'0' && character <= L'9';
+}
 // Removes blanks (character 32) at both ends.
 [[nodiscard]] Text trim(TextView text);
 // Fold the letters of the Western European page (accented ones too), the same under every locale;

@@ -14,6 +14,8 @@ inline constexpr const wchar_t* kApplication = L"ORV";
 // The sections of the session's and of the serial port's settings.
 inline constexpr const wchar_t* kSessionSection = L"Config\\NimbusPF";
 inline constexpr const wchar_t* kPortSection = L"Config\\ModComm";
+// The tax rates of a session, one to a key "0", "1" and so on.
+inline constexpr const wchar_t* kRatesSection = L"Config\\NimbusPF\\Tasas";
 // Where a port number's printer is, if not at the serial port of that number.
 inline constexpr const wchar_t* kPlacesSection = L"Config\\Puertos";
 

@@ -10,7 +10,7 @@
 namespace corvid {
 namespace {
 
-constexpr int kLineWidth = 40;
+constexpr int kNonFiscalWidth = 40;
 constexpr std::int64_t kBeforeA = 'A' - 1;
 
 wchar_t characterOf(std::int64_t code, const CodePage& page) {
@@ -21,7 +21,7 @@ wchar_t characterOf(std::int64_t code, const CodePage& page) {
 }  // namespace
 
 std::wstring nonFiscalCommand(std::wstring_view text, bool close) {
-  return (close ? L"810" : L"800") + left(text, kLineWidth);
+  return (close ? L"810" : L"800") + left(text, kNonFiscalWidth);
 }
 
 std::wstring reportCommand(std::wstring_view range, std::wstring_view kind) {
@@ -34,7 +34,7 @@ std::wstring reportCommand(std::wstring_view range, std::wstring_view kind) {
 std::wstring headerCommand(std::wstring_view lineNumber, std::wstring_view text) {
   std::wstring command = L"PH";
   command += lineNumber;
-  return command + PadRightCut(CenterCut(text, kLineWidth), kLineWidth);
+  return command + PadRightCut(CenterCut(text, kNonFiscalWidth), kNonFiscalWidth);
 }
 
 std::wstring footerCommand(std::int32_t lineNumber, std::wstring_view text,

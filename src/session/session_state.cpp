@@ -8,7 +8,6 @@
 namespace corvid {
 namespace {
 
-constexpr const wchar_t* kRatesSection = L"Config\\NimbusPF\\Tasas";
 constexpr const wchar_t* kNoRate = L"nil";
 constexpr std::int16_t kShortestTimeOut = 1;
 

@@ -5,7 +5,6 @@ namespace {
 
 using enum SettingKind;
 
-constexpr const wchar_t* kRatesSection = L"Config\\NimbusPF\\Tasas";
 constexpr const wchar_t* kNone = L"ninguno";
 constexpr const wchar_t* kByFlag21 = L"-1";
 

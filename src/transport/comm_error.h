@@ -9,6 +9,8 @@ namespace corvid {
 // Numbers of the library's own; all others are the system's.
 constexpr std::int32_t kPortInUse = -1;
 constexpr std::int32_t kWrongAddress = -2;
+// A call failed and the system gave no reason: Windows' "a device does not work".
+constexpr std::uint32_t kErrorGenFailure = 31;
 
 struct CommError {
   std::int32_t number = 0;

@@ -2,6 +2,7 @@
 
 #include "basic/format.h"
 #include "basic/run_time_error.h"
+#include "transport/read_limits.h"
 
 #include <algorithm>
 #include <string>
@@ -10,11 +11,8 @@
 namespace corvid {
 namespace {
 
-constexpr int kMostDiscards = 64;  // a line that never falls quiet must not hold a command
 constexpr std::uint32_t kQueueSize = 1024;
-constexpr std::uint32_t kPurgeAll = 15;         // Windows: abort and clear, both directions
-constexpr std::uint32_t kErrorGenFailure = 31;  // Windows: a device that does not work
-constexpr std::uint32_t kReadBufferSize = 4096;
+constexpr std::uint32_t kPurgeAll = 15;  // Windows: abort and clear, both directions
 constexpr char kXon = 0x11;
 constexpr char kXoff = 0x13;
 constexpr SerialTimeouts kTimeouts{.readInterval = 0xFFFFFFFF,

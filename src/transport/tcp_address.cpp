@@ -12,8 +12,6 @@ constexpr std::size_t kLongestHost = 253;
 constexpr std::size_t kMostPortDigits = 5;
 constexpr std::uint32_t kHighestPortNumber = 65535;
 
-bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
-
 bool isHostCharacter(wchar_t character) {
   return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z') ||
          isDigit(character) || character == L'.' || character == L'-' || character == L'_';

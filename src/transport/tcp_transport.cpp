@@ -1,6 +1,7 @@
 #include "transport/tcp_transport.h"
 
 #include "platform/settings.h"
+#include "transport/read_limits.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +14,6 @@ namespace {
 constexpr double kConnectSeconds = 5;
 constexpr double kWriteSeconds = 1;
 constexpr double kAnswerSeconds = 1;  // a block takes less through a local network
-constexpr std::uint32_t kReadBufferSize = 4096;
-constexpr int kMostDiscards = 64;  // a peer that never falls quiet must not hold a command
-constexpr std::uint32_t kErrorGenFailure = 31;  // Windows: a device that does not work
 
 CommError wrongAddress(std::int16_t port, const std::wstring& place) {
   return {kWrongAddress, std::wstring(kPlacesSection) + L"\\" + std::to_wstring(port),

@@ -3,7 +3,7 @@
 namespace corvid {
 namespace {
 
-constexpr WORD kFontSize = 8;  // points
+constexpr WORD kTextSize = 8;  // points
 constexpr const wchar_t* kFontName = L"MS Shell Dlg";
 
 WORD toWord(LONG value) { return static_cast<WORD>(value); }
@@ -19,7 +19,7 @@ DialogTemplate::DialogTemplate(const DialogFrame& frame, const std::vector<Dialo
   addText(L"");  // the system's own class
   addText(frame.title);
   if ((frame.style & DS_SETFONT) != 0) {
-    addWord(kFontSize);
+    addWord(kTextSize);
     addText(kFontName);
   }
   for (const DialogItem& item : items) addItem(item);
