@@ -29,6 +29,14 @@ TEST_F(LateCalls, WriteBackToATypedVariableInItsOwnKind) {
   EXPECT_EQ(L"xya", valueOf(buffer.get()));
   EXPECT_STREQ(L"xy", inserted);
   SysFreeString(inserted);
+
+  // What the member leaves alone keeps its decimals.
+  callLate(buffer.get(), L"Append", {text(L"bc").value()});
+  float unchanged = 1.6F;
+  reference = raw(VT_BYREF | VT_R4, &unchanged);
+  ASSERT_EQ(S_OK, callLate(buffer.get(), L"Remove", {number(1).value(), reference}).outcome);
+  EXPECT_EQ(1.6F, unchanged);
+  EXPECT_EQ(L"abc", valueOf(buffer.get()));
 }
 
 TEST_F(LateCalls, TakeNamedArgumentsInAnyOrder) {

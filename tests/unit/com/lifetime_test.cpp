@@ -94,14 +94,17 @@ TEST_F(Lifetime, OfWhatAPointerHeldEndsWhenItIsFilledAnew) {
   EXPECT_EQ(1U, host.references);
 }
 
-// A host that drops its last reference while a member runs gets its answer all the same.
+// A host that drops its last reference while a member runs, even twice, gets its answer all the same.
 TEST_F(Lifetime, OfAnObjectSpansTheCallsIntoIt) {
   ICStringBuffer* buffer = newBuffer().detach();
   ULONG left = 1;
   HostObject host(
       L"",
       [&](DISPPARAMS&, VARIANT* result) {
+        buffer->Release();
+        buffer->AddRef();
         left = buffer->Release();
+        EXPECT_EQ(S_FALSE, DllCanUnloadNow()) << "the call goes on";
         *result = text(L"last words").detach();
         return S_OK;
       },
