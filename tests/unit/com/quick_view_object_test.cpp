@@ -167,9 +167,11 @@ TEST_F(View, ListsItsConnectionPointAndTheSinksBehindIt) {
   EXPECT_EQ(connection.pUnk, &sink_);
   connection.pUnk->Release();
   GUID source{};
-  EXPECT_EQ(S_OK,
-            view_.as<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source));
+  const auto description = view_.as<IProvideClassInfo2>();
+  EXPECT_EQ(S_OK, description->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source));
   EXPECT_EQ(source, __uuidof(DlfQuickViewEvents));
+  EXPECT_EQ(E_INVALIDARG, description->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID + 1, &source));
+  EXPECT_EQ(source, GUID_NULL);
 }
 
 TEST_F(View, TakesAnOwnerAsObjectHandleOrNothing) {
