@@ -12,7 +12,6 @@ namespace corvid {
 namespace {
 
 constexpr double kGreatestMargin = 32767;
-constexpr double kLeastInteger = -32768;
 
 bool isNumeric(wchar_t character) {
   return (character >= L'0' && character <= L'9') || character == L',' || character == L'.';
@@ -49,7 +48,7 @@ std::int16_t marginOf(std::wstring_view entry) {
 }
 
 std::wstring steppedMargin(std::wstring_view entry, int steps) {
-  const double whole = std::clamp(std::floor(numberOf(entry)), kLeastInteger, kGreatestMargin);
+  const double whole = std::min(std::floor(numberOf(entry)), kGreatestMargin);
   return toText(std::clamp(whole + steps, 0.0, kGreatestMargin), Locale{});
 }
 

@@ -37,6 +37,7 @@ TEST(QuickViewControls, ControlsFollowTheWindowsEdges) {
   EXPECT_EQ(layout.of(Control::Text1).height, 7725.5);
   EXPECT_EQ(layout.of(Control::Label1).top, 8160.5);
   EXPECT_EQ(layout.of(Control::Text2).top, 8130.5);
+  EXPECT_EQ(layout.of(Control::UpDown1).height, layout.of(Control::Text2).height);
   EXPECT_EQ(layout.of(Control::UpDown1).top, 8130.5);
 }
 

@@ -58,6 +58,7 @@ class Preview : public testing::Test {
 };
 
 TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
+  EXPECT_EQ(view.report().LeftMargin(), 0);
   view.setLeftMargin(6);
   EXPECT_EQ(window.margin, L"") << "no controls yet";
   for (const bool isEditable : {false, true}) {
@@ -68,8 +69,10 @@ TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
   EXPECT_EQ(world.box.font, L"Courier New");
   EXPECT_EQ(view.resize(60000, 9000).of(Control::Text1).width, 59535);
   EXPECT_EQ(world.box.margin, 59535) << "follows a wider window";
-  EXPECT_NE(errorOf([&] { return view.setLeftMargin(-1), 0; }), 0);
   EXPECT_EQ(window.margin, L"6");
+  view.setLeftMargin(7);
+  EXPECT_NE(errorOf([&] { return view.setLeftMargin(-1), 0; }), 0);
+  EXPECT_EQ(window.margin, L"7");
 }
 
 TEST_F(Preview, ActivationBringsTheLinesOnce) {
@@ -138,6 +141,7 @@ TEST_F(Preview, ChosenPrinterFontIsFixed) {
   EXPECT_TRUE(view.report().SetReportWidth(40)) << "cancelled: still fitted";
   world.dialogs.font = FontChoice{L"Fixed", 9.5, true, false};
   view.choosePrinterFont();
+  EXPECT_FALSE(world.printer.isOpen) << "others may print";
   EXPECT_FALSE(view.report().SetReportWidth(40));
   EXPECT_EQ(world.printer.name, L"Fixed");
   EXPECT_EQ(world.printer.size, 9.5);
@@ -223,7 +227,9 @@ TEST_F(Preview, KeysDoWhatTheButtonsDo) {
       {{'S', true}, {0, 0, 1, 0}, 9, "Ctrl+S saves"},
       {{'P', true}, {0, 0, 0, 1}, 9, "Ctrl+P prints"},
       {{kF3Key, false, true}, {0, 1, 0, 0}, 9, "nothing to be found"},
-      {{107, true}, {}, 10, "Ctrl and plus"},
+      {{107, true}, {}, 10, "Ctrl and plus of the number pad"},
+      {{187, true}, {}, 11, "Ctrl and plus"},
+      {{109, true}, {}, 10, "Ctrl and minus of the number pad"},
       {{189, true, true}, {}, 9, "Ctrl and minus"},
       {{'F'}, {}, 9, "a letter, as AltGr's are"},
       {{107}, {}, 9, "plus alone"},
