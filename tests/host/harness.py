@@ -26,6 +26,7 @@ BUILT = TREES[BITS]
 LIBRARY = BUILT / "CorvidAPI.dll"
 PRINTER = ROOT / "build/native-sanitize/simulator/corvid-printer"
 PORTS = range(7, 15)
+HIGHEST_PORT = 99
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
 
@@ -271,7 +272,7 @@ def map_ports():
     """Each port is a link in the prefix to the link that a printer makes when it starts."""
     line_of(PORTS[0]).parent.mkdir(parents=True, exist_ok=True)
     devices = ROOT / "build" / ENVIRONMENT["CORVID_PREFIX"] / "dosdevices"
-    lines = {devices / f"com{port}": line_of(port) for port in PORTS}
+    lines = {devices / f"com{port}": line_of(port) for port in (*PORTS, HIGHEST_PORT)}
     if all(device.is_symlink() and device.readlink() == line for device, line in lines.items()):
         return
     pairs = [word for device, line in lines.items() for word in (device.name.upper(), str(line))]

@@ -2,7 +2,7 @@
 folder and the registered library; and against its own simulation."""
 
 import harness
-from harness import BITS, BUILT, HostTest, windows_path
+from harness import BITS, BUILT, HIGHEST_PORT, HostTest, windows_path
 
 PROGRAM = BUILT / "corvid-diagnostico.exe"
 # What may stand on the line: the status request, and the query of the counters.
@@ -23,18 +23,18 @@ class Diagnostic(HostTest):
         return code, output, {name: value for name, _, value in lines}
 
     def test_it_tells_of_printer_settings_and_registration_and_changes_nothing(self):
-        printer = self.printer()
+        printer = self.printer(10)
         before = printer.tell("state")
         self.write_settings({
             r"Config\NimbusPF": {"TimeOut": "7", "SinMensajes": "quizá"},
         })  # fmt: skip
         report = self.folder / "informe ñandú.txt"
         code, output, told = self.run_program(
-            "--puerto", "7", "--carpeta", windows_path(self.folder), "--informe", windows_path(report))
+            "--puerto", "10", "--carpeta", windows_path(self.folder), "--informe", windows_path(report))
 
         file = windows_path(self.folder / "ORV.ini")
         self.assertEqual(told["Estado"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
-        self.assertRegex(told["COM7"], r"^\\Device\\Serial\d+$")
+        self.assertRegex(told["COM10"], r"^\\Device\\Serial\d+$")
         # Wine's driver waits out the time-out of a read that asks for more than is there.
         self.assertRegex(told["Una lectura que pide más de lo que hay"], "^espera hasta el final")
         self.assertEqual(told[r"Config\NimbusPF\TimeOut"], f"7 ({file})")
@@ -51,10 +51,10 @@ class Diagnostic(HostTest):
         self.assertEqual((printer.paper(), printer.tell("state")), ("", before))
 
     def test_it_finds_the_printer_and_ends_with_its_exit_code(self):
-        self.printer(10)
+        self.printer(HIGHEST_PORT)
         folder = windows_path(self.folder)
         code, output, told = self.run_program("--buscar", "--carpeta", folder)
-        self.assertEqual(told["COM10"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
+        self.assertEqual(told["COM99"], "Modo fiscal: IDLE (0x60); STS2 = Ok (0x40)")
         self.assertEqual(code, 0, output)
 
         code, output, _ = self.run_program("--simulado", "--informe", r"Z:\there\is\no\folder.txt")
