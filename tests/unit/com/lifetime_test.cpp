@@ -94,7 +94,8 @@ TEST_F(Lifetime, OfWhatAPointerHeldEndsWhenItIsFilledAnew) {
   EXPECT_EQ(1U, host.references);
 }
 
-// A host that drops its last reference while a member runs, even twice, gets its answer all the same.
+// A host that drops its last reference while a member runs, even twice, gets its answer all the
+// same.
 TEST_F(Lifetime, OfAnObjectSpansTheCallsIntoIt) {
   ICStringBuffer* buffer = newBuffer().detach();
   ULONG left = 1;

@@ -207,6 +207,26 @@ TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
   }
 }
 
+TEST_F(Form, PicturesHaveTips) {
+  auto* const form = form_->hWnd();
+  HWND tips = nullptr;
+  do {
+    tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
+  } while (tips != nullptr && GetWindow(tips, GW_OWNER) != form);
+  ASSERT_NE(tips, nullptr);
+  EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 2);
+  for (const Control picture : {Control::imgFontGrow, Control::imgFontShrink}) {
+    std::array<wchar_t, 80> text{};
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.hwnd = form;
+    tool.uId = reinterpret_cast<UINT_PTR>(control(picture));
+    tool.lpszText = text.data();
+    SendMessageW(tips, TTM_GETTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    EXPECT_EQ(std::wstring(text.data()), controlTexts().at(static_cast<std::size_t>(picture)).tip);
+  }
+}
+
 TEST_F(Form, MenuOfTheTextSelectsAll) {
   form_->Show(false, nullptr);
   auto* const text = control(Control::Text1);
