@@ -14,7 +14,7 @@ namespace {
 constexpr double kGreatestMargin = 32767;
 
 bool isNumeric(wchar_t character) {
-  return (character >= L'0' && character <= L'9') || character == L',' || character == L'.';
+  return isDigit(character) || character == L',' || character == L'.';
 }
 
 double numberOf(std::wstring_view entry) {

@@ -73,7 +73,7 @@ TEST(MarginEntry, WhatMayBeEnteredAndWhatItMeans) {
     int margin;
     const char* reason;
   } kCases[] = {
-      {L"12", true, L"12", L"12", 12, "digits"},
+      {L"90", true, L"90", L"90", 90, "digits"},
       {L"12.5", true, L"12.5", L"12", 12, "a half goes to the even margin"},
       {L"13.5", true, L"13.5", L"13", 14, "both ways"},
       {L"12,5", true, L"12,5", L"12", 12, "a comma ends the number"},

@@ -222,11 +222,11 @@ TEST_F(Preview, KeysDoWhatTheButtonsDo) {
     double font;
     const char* reason;
   } kCases[] = {
-      {{kEscapeKey}, {1, 0, 0, 0}, 9, "Escape hides"},
+      {{27}, {1, 0, 0, 0}, 9, "Escape hides"},
       {{'F', true}, {0, 1, 0, 0}, 9, "Ctrl+F asks for a text"},
       {{'S', true}, {0, 0, 1, 0}, 9, "Ctrl+S saves"},
       {{'P', true}, {0, 0, 0, 1}, 9, "Ctrl+P prints"},
-      {{kF3Key, false, true}, {0, 1, 0, 0}, 9, "nothing to be found"},
+      {{114, false, true}, {0, 1, 0, 0}, 9, "Shift+F3: nothing to be found"},
       {{107, true}, {}, 10, "Ctrl and plus of the number pad"},
       {{187, true}, {}, 11, "Ctrl and plus"},
       {{109, true}, {}, 10, "Ctrl and minus of the number pad"},
