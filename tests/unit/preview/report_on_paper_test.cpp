@@ -250,6 +250,16 @@ TEST_F(ReportPrinting, RunTimeErrorReachesTheHostWithTheJobAborted) {
   EXPECT_EQ(errorOf([&] { return print(L"a"); }), 6);
   EXPECT_TRUE(world.printer.aborted);
   EXPECT_FALSE(report.printing());
+  report.SetReportWidth(40);
+  world.printer.onLine = [&] { world.printer.lineHeight = 1e9; };
+  EXPECT_EQ(errorOf([&] { return print(L"a"); }), 6) << "lower than a counter reaches";
+}
+
+TEST_F(ReportPrinting, BlankFirstLineHasTheFontOfTheOthers) {
+  std::vector<double> sizes;
+  world.printer.onLine = [&] { sizes.push_back(world.printer.size); };
+  print(L"a");
+  EXPECT_EQ(sizes, (std::vector<double>{7, 7}));
 }
 
 }  // namespace
