@@ -54,7 +54,8 @@ class Preview : public testing::Test {
   WindowDouble window;
   Listener listener;
   QuickView view{world.settings,
-                 {window, world.box, world.printer, world.dialogs, world.files, listener, {}}};
+                 {window, world.box, world.printer, world.dialogs, world.files, listener,
+                  [this](const std::wstring& words) { world.traced.push_back(words); }}};
 };
 
 TEST_F(Preview, LoadMakesTheBoxReadyAndShowsTheMargin) {
@@ -155,6 +156,9 @@ TEST_F(Preview, ChosenPrinterFontIsFixed) {
   };
   view.print();
   EXPECT_EQ(world.printer.name, L"Other");
+  world.printer.failingCall = 1;
+  view.choosePrinterFont();
+  EXPECT_EQ(world.traced, Texts{L"Printer: TextOut, error 5"});
 }
 
 TEST_F(Preview, ScreenFontStaysWithinItsLimitsAndIsKept) {

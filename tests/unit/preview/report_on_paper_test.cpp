@@ -81,6 +81,7 @@ TEST(ReportFitting, FixedFontOnlyStoresTheWidth) {
   EXPECT_FALSE(report.SetReportWidth(2));
   EXPECT_EQ(world.printer.calls, 0);
   EXPECT_EQ(world.printer.size, 11);
+  EXPECT_EQ(world.printer.name, L"Courier New");
   report.Add(L"abc", 2);
   report.LoadText();
   EXPECT_EQ(world.box.content, L"ab \r\n");
@@ -220,8 +221,10 @@ TEST_F(ReportPrinting, WhateverPrinterCallFailsTheJobIsAbortedAndTold) {
     EXPECT_FALSE(world.printer.isOpen) << call;
     EXPECT_EQ(world.traced, std::vector<std::wstring>{L"Printer: TextOut, error 5"}) << call;
   }
-  world.printer.failureCode = 1223;
-  EXPECT_EQ(report.print(), PrintEnd::Stopped) << "cancelled in the driver's own dialog";
+  for (const std::uint32_t code : {63U, 1223U}) {
+    world.printer.failureCode = code;
+    EXPECT_EQ(report.print(), PrintEnd::Stopped) << "cancelled in the driver's own dialog";
+  }
 }
 
 // A driver's dialog runs the host's messages, in which its user clicks again.

@@ -101,6 +101,7 @@ TEST_F(ReportText, ShowingAgainKeepsTextAndCaretUnlessLinesCame) {
   report.Add(L"g", 0);
   EXPECT_EQ(shown(), first + L"\r\ng ");
   EXPECT_EQ(world.box.start, 1);
+  EXPECT_EQ(world.box.selected, 0);
   world.box.setText(L"");
   EXPECT_EQ(shown(), first) << "an emptied text box is filled from what was buffered";
 }
