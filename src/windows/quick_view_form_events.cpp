@@ -13,7 +13,6 @@ namespace corvid {
 namespace {
 
 constexpr UINT kMarginLeft = WM_APP + 1;
-constexpr UINT kResolutionChanged = 0x02E0;  // WM_DPICHANGED, which older headers lack
 
 QuickViewForm* formOf(HWND window) {
   const LONG_PTR form = GetWindowLongPtrW(window, DWLP_USER);
@@ -110,7 +109,7 @@ bool QuickViewForm::onMessage(UINT message, WPARAM wide, LPARAM data) {
     case kMarginLeft:
       if (visible_) view_.leaveMarginEntry();
       return true;
-    case kResolutionChanged:
+    case WM_DPICHANGED:
       takeResolution(*reinterpret_cast<const RECT*>(data));  // NOLINT(performance-no-int-to-ptr)
       return true;
     case WM_DESTROY:

@@ -209,6 +209,19 @@ TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
   }
 }
 
+// As on the way to another screen.
+TEST_F(Form, ResolutionBringsItsPlaceAndAFreshFont) {
+  auto* const button = control(Control::cbCerrar);
+  const auto font = [button] { return SendMessageW(button, WM_GETFONT, 0, 0); };
+  const LRESULT before = font();
+  RECT place{40, 30, 1040, 630};
+  SendMessageW(form_->hWnd(), WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&place));
+  RECT taken{};
+  GetWindowRect(form_->hWnd(), &taken);
+  EXPECT_NE(EqualRect(&taken, &place), FALSE);
+  EXPECT_NE(font(), before);
+}
+
 TEST_F(Form, PicturesHaveTips) {
   auto* const form = form_->hWnd();
   HWND tips = nullptr;
