@@ -94,6 +94,9 @@ TEST(SocketCalls, ClosingDropsWhatIsUnsentWhereThatIsWanted) {
   std::size_t sent = 0;
   while (calls.send(handle, buffer, count)) sent += count;
   EXPECT_EQ(calls.lastError(), kErrorWouldBlock);
+  bool isReady = true;
+  EXPECT_TRUE(calls.awaitWriting(handle, 0.01, isReady));
+  EXPECT_FALSE(isReady) << "nobody reads";
   EXPECT_TRUE(calls.dropUnsent(handle));
   EXPECT_TRUE(calls.close(handle));
   EXPECT_FALSE(calls.dropUnsent(handle));
