@@ -1,6 +1,7 @@
 #include "basic/date.h"
 
 #include "basic/run_time_error.h"
+#include "basic/text.h"
 
 #include <algorithm>
 #include <chrono>
@@ -38,7 +39,7 @@ bool isTimeOfDay(const DateParts& parts) {
 
 bool hasForm(std::wstring_view text, std::wstring_view form) {
   return std::ranges::equal(text, form, [](wchar_t character, wchar_t place) {
-    return place == L'0' ? character >= L'0' && character <= L'9' : character == place;
+    return place == L'0' ? isDigit(character) : character == place;
   });
 }
 

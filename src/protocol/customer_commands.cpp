@@ -2,11 +2,11 @@
 
 #include "basic/format.h"
 #include "basic/text_lines.h"
+#include "protocol/line_width.h"
 
 namespace corvid {
 namespace {
 
-constexpr int kLineWidth = 40;       // of names and address lines
 constexpr int kReferenceWidth = 12;  // of an original invoice's number and serial number
 constexpr int kTaxIdWidthPA = 20;
 constexpr int kInvoiceWidthPA = 22;

@@ -4,13 +4,13 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "basic/text_lines.h"
+#include "protocol/line_width.h"
 
 #include <limits>
 
 namespace corvid {
 namespace {
 
-constexpr int kNonFiscalWidth = 40;
 constexpr std::int64_t kBeforeA = 'A' - 1;
 
 wchar_t characterOf(std::int64_t code, const CodePage& page) {
@@ -21,7 +21,7 @@ wchar_t characterOf(std::int64_t code, const CodePage& page) {
 }  // namespace
 
 std::wstring nonFiscalCommand(std::wstring_view text, bool close) {
-  return (close ? L"810" : L"800") + left(text, kNonFiscalWidth);
+  return (close ? L"810" : L"800") + left(text, kLineWidth);
 }
 
 std::wstring reportCommand(std::wstring_view range, std::wstring_view kind) {
@@ -34,7 +34,7 @@ std::wstring reportCommand(std::wstring_view range, std::wstring_view kind) {
 std::wstring headerCommand(std::wstring_view lineNumber, std::wstring_view text) {
   std::wstring command = L"PH";
   command += lineNumber;
-  return command + PadRightCut(CenterCut(text, kNonFiscalWidth), kNonFiscalWidth);
+  return command + PadRightCut(CenterCut(text, kLineWidth), kLineWidth);
 }
 
 std::wstring footerCommand(std::int32_t lineNumber, std::wstring_view text,

@@ -12,7 +12,8 @@
 namespace corvid {
 namespace {
 
-static_assert(kErrorIoIncomplete == ERROR_IO_INCOMPLETE && kErrorIoPending == ERROR_IO_PENDING);
+static_assert(kErrorIoIncomplete == ERROR_IO_INCOMPLETE && kErrorIoPending == ERROR_IO_PENDING &&
+              kErrorGenFailure == ERROR_GEN_FAILURE);
 
 HANDLE toHandle(SerialHandle handle) {
   return reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): the seam's type
@@ -102,7 +103,7 @@ std::optional<std::int16_t> portNumber(std::wstring_view name) {
   }
   std::int32_t number = 0;
   for (const wchar_t digit : name.substr(kPrefix.size())) {
-    if (digit < L'0' || digit > L'9' || number > kHighestPort) return std::nullopt;
+    if (!isDigit(digit) || number > kHighestPort) return std::nullopt;
     number = (10 * number) + (digit - L'0');
   }
   if (number < 1 || number > kHighestPort) return std::nullopt;

@@ -1,5 +1,6 @@
 #include "tools/diagnostico/arguments.h"
 
+#include "basic/text.h"
 #include "transport/transports.h"
 
 #include <cstddef>
@@ -14,7 +15,7 @@ std::optional<std::int16_t> portNumber(std::wstring_view text) {
   if (text.empty() || text.size() > kMostDigits) return std::nullopt;
   std::int16_t number = 0;
   for (const wchar_t digit : text) {
-    if (digit < L'0' || digit > L'9') return std::nullopt;
+    if (!isDigit(digit)) return std::nullopt;
     number = static_cast<std::int16_t>((10 * number) + (digit - L'0'));
   }
   return Transports::isPortNumber(number) ? std::optional(number) : std::nullopt;
