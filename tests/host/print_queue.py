@@ -11,6 +11,7 @@ import re
 import shutil
 import subprocess
 import tempfile
+from typing import NamedTuple
 
 from harness import wait_until
 
@@ -84,6 +85,14 @@ wait
 AS_ROOT = [] if os.geteuid() == 0 else ["sudo"]
 
 
+class PaperLine(NamedTuple):
+    page: int
+    y: float
+    x: float
+    height: float
+    text: str
+
+
 class PrintQueue:
     """Runs from the entry of the context to its exit, or to the end of the test's process.
 
@@ -104,9 +113,7 @@ class PrintQueue:
         self._start()
         try:
             wait_until(self._answers, 30, lambda: f"the print server to start; {self._log()}")
-            self._call("/usr/sbin/lpadmin", "-p", NAME, "-v", f"cups-pdf:/{self._id}", "-P",
-                       DESCRIPTION, "-o", "printer-error-policy=abort-job", "-E")  # fmt: skip
-            self._call("/usr/sbin/lpadmin", "-d", NAME)
+            self._add(NAME)
         except BaseException:
             self._end()
             raise
@@ -139,6 +146,17 @@ class PrintQueue:
         assert done.returncode == 0, f"{command}: {done.stderr.strip()}; {self._log()}"
         return done.stdout
 
+    def rename(self, name):
+        """Programs that start from now on find the printer by this name only."""
+        self._call("/usr/sbin/lpadmin", "-x", self._name)
+        self._add(name)
+
+    def _add(self, name):
+        self._call("/usr/sbin/lpadmin", "-p", name, "-v", f"cups-pdf:/{self._id}", "-P",
+                   DESCRIPTION, "-o", "printer-error-policy=abort-job", "-E")  # fmt: skip
+        self._call("/usr/sbin/lpadmin", "-d", name)
+        self._name = name
+
     def _answers(self):
         assert self._process.poll() is None, f"the print server ended; {self._log()}"
         return self.server.exists() and "is running" in self._call("lpstat", "-r")
@@ -170,6 +188,17 @@ class PrintQueue:
     def text(self, pdf):
         """The text as it stands on the paper; each page ends with a form feed."""
         return self._call("pdftotext", "-layout", pdf, "-")
+
+    def lines(self, pdf):
+        """The lines on the paper in their order; places and heights are points."""
+        places = self._call("pdftotext", "-bbox-layout", pdf, "-")
+        found = []
+        for page, text in enumerate(places.split("<page ")[1:], 1):
+            for line in text.split("<line ")[1:]:
+                x, y, _, bottom = map(float, re.findall(r'(?:xM|yM)\w+="(.+?)"', line)[:4])
+                words = " ".join(re.findall(">(.+)</word>", line))
+                found.append(PaperLine(page, y, x, bottom - y, words))
+        return sorted(found)
 
     def pages(self, pdf):
         return int(re.search(r"^Pages: +(\d+)$", self._call("pdfinfo", pdf), re.MULTILINE)[1])

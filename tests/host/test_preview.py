@@ -4,6 +4,7 @@ import concurrent.futures
 from typing import NamedTuple
 
 import harness
+import print_queue
 from desktop import DesktopTest
 from harness import BUILT, ROOT, windows_path
 
@@ -69,6 +70,16 @@ TEST_MODE_LINES = [
     "i01FERRETERÍA ÑANDÚ", "i02RIF:J-98765432-1", "i03CARACAS",
     " 000000125000002000PAN", "SendDirect: w", "GET RESPONSE: S1", "101",
 ]  # fmt: skip
+
+STRIP = """
+Set view = CreateObject("PrinterFiscalCorvid.lfQuickView")
+view.SetLinesPerPage 1000
+For number = 101 To 250
+  view.Add "Fila " & number, 0
+Next
+view.Show 1
+"""
+
 
 class Control(NamedTuple):
     id: int
@@ -217,6 +228,27 @@ class Preview(DesktopTest):
         # A blank line comes first.
         lines = [[line.strip() for line in page.splitlines() if line.strip()] for page in printed]
         self.assertEqual(lines, [[line.strip() for line in page] for page in PAGES])
+
+    def test_strip_printer_gets_each_line_below_the_other(self):
+        self.queue.rename("Verifone")
+        self.addCleanup(self.queue.rename, print_queue.NAME)
+        self.run_beside(lambda: self.run_script(STRIP), self.print_by_key)
+        (paper,) = self.queue.wait_for_documents(1)
+        lines = self.queue.lines(paper)
+        self.assertEqual([line.text for line in lines], [f"Fila {n}" for n in range(101, 251)])
+        self.assertEqual(len({line.x for line in lines}), 1, "all begin at one edge")
+        pages = {line.page: [one.y for one in lines if one.page == line.page] for line in lines}
+        self.assertGreater(len(pages), 1)
+        steps = [b - a for ys in pages.values() for a, b in zip(ys, ys[1:])]
+        self.assertLess(max(steps) - min(steps), 0.02, "even spaces")
+        self.assertLess(max(steps), 2 * lines[0].height, "and no blank lines")
+        self.assertAlmostEqual(pages[1][0] - pages[2][0], steps[0], 1, "but the first one")
+
+    def print_by_key(self):
+        window = self.window()
+        self.screen.focus(window.id)
+        self.screen.key("ctrl+p", "Escape")
+        window.wait_for_end()
 
     def test_test_mode_shows_what_would_have_been_sent(self):
         self.write_settings({r"Config\NimbusPF": {"TestMode": "True"}})
