@@ -9,7 +9,12 @@
 namespace corvid {
 namespace {
 
+double secondsOf(const SYSTEMTIME& time) {
+  return 3600.0 * time.wHour + 60.0 * time.wMinute + time.wSecond + time.wMilliseconds / 1000.0;
+}
+
 TEST(SystemClock, TellsTheLocalDateAndTimeOfDay) {
+  constexpr double kRounding = 0.01;  // of a single-precision number, in seconds
   SYSTEMTIME before{};
   SYSTEMTIME after{};
   DateParts parts;
@@ -19,11 +24,14 @@ TEST(SystemClock, TellsTheLocalDateAndTimeOfDay) {
     parts = toParts(WindowsClock().now());
     seconds = WindowsClock().secondsSinceMidnight();
     GetLocalTime(&after);
-  } while (before.wMinute != after.wMinute);
+  } while (before.wDay != after.wDay);
   EXPECT_EQ(std::tie(parts.year, parts.month, parts.day),
             std::make_tuple(before.wYear, before.wMonth, before.wDay));
-  EXPECT_EQ(60 * parts.hour + parts.minute, 60 * before.wHour + before.wMinute);
-  EXPECT_EQ(static_cast<int>(seconds) / 60, 60 * before.wHour + before.wMinute);
+  const int ofDate = 3600 * parts.hour + 60 * parts.minute + parts.second;
+  EXPECT_GE(ofDate, static_cast<int>(secondsOf(before)));
+  EXPECT_LE(ofDate, secondsOf(after));
+  EXPECT_GE(seconds, secondsOf(before) - kRounding);
+  EXPECT_LE(seconds, secondsOf(after) + kRounding);
 }
 
 // Where the system has no such timer, or no such library, false is an answer too; nothing may hang.

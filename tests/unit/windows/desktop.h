@@ -7,6 +7,7 @@
 // Needs windows.h first.
 #include <richedit.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,6 +82,35 @@ class NoNewWindows {
   HHOOK hook_ = nullptr;
 };
 
+// Does something to the next window that comes up on the thread, once its loop runs.
+class Robot {
+ public:
+  explicit Robot(std::function<void(HWND)> act) {
+    action_ = std::move(act);
+    hook_ = SetWindowsHookExW(WH_CBT, activated, nullptr, GetCurrentThreadId());
+  }
+  Robot(const Robot&) = delete;
+  Robot& operator=(const Robot&) = delete;
+  ~Robot() { UnhookWindowsHookEx(hook_); }
+
+ private:
+  static LRESULT CALLBACK activated(int code, WPARAM wide, LPARAM data) {
+    if (code == HCBT_ACTIVATE && action_) {
+      auto* const window = reinterpret_cast<HWND>(wide);  // NOLINT(performance-no-int-to-ptr)
+      SetTimer(window, kTimer, USER_TIMER_MINIMUM, timePassed);
+    }
+    return CallNextHookEx(nullptr, code, wide, data);
+  }
+  static void CALLBACK timePassed(HWND window, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(window, timer);
+    if (action_) std::exchange(action_, nullptr)(window);
+  }
+
+  static constexpr UINT_PTR kTimer = 0x7070;
+  static inline std::function<void(HWND)> action_;
+  HHOOK hook_;
+};
+
 // Keys are down, meanwhile.
 class HeldKeys {
  public:
@@ -104,6 +134,16 @@ class HeldKeys {
 inline std::wstring textOf(HWND window) {
   wchar_t text[200] = {};
   GetWindowTextW(window, text, 200);
+  return text;
+}
+
+inline std::wstring clipboardText() {
+  if (OpenClipboard(nullptr) == FALSE) return L"no clipboard";
+  auto* const data = GetClipboardData(CF_UNICODETEXT);
+  const auto* const held = static_cast<const wchar_t*>(GlobalLock(data));
+  std::wstring text = held != nullptr ? held : L"no text";
+  GlobalUnlock(data);
+  CloseClipboard();
   return text;
 }
 

@@ -22,6 +22,7 @@ TEST(Printer, WithoutOneWhatNeedsItSaysSoAndTheFontIsKept) {
   EXPECT_THROW(static_cast<void>(printer.scaleWidth()), PrinterError);
   EXPECT_THROW(printer.printLine(L"text", LineEnd::Break), PrinterError);
   EXPECT_NO_THROW(printer.abortDocument()) << "no job has begun";
+  EXPECT_NO_THROW(printer.endDocument()) << "no job has begun";
   printer.setFontName(L"Courier New");
   printer.setFontSize(9);
   isInstalled = true;
@@ -71,6 +72,13 @@ TEST(Printer, MeasuresInTwips) {
   printer.setFontSize(20);
   EXPECT_GT(printer.textWidth(L"n"), one);
   EXPECT_NEAR(printer.textHeight(L"N"), 20 * 20, 200) << "a line of 20 points";
+  const double light = printer.textWidth(L"iiiiiiiiii");
+  printer.setFontItalic(true);
+  printer.setFontName(L"Liberation Sans");
+  printer.setFontBold(true);
+  EXPECT_TRUE(printer.fontBold() && printer.fontItalic());
+  EXPECT_EQ(printer.fontName(), L"Liberation Sans");
+  EXPECT_NE(printer.textWidth(L"iiiiiiiiii"), light);
 }
 
 TEST(Printer, KeepsSizesInHalfPoints) {
@@ -79,7 +87,8 @@ TEST(Printer, KeepsSizesInHalfPoints) {
     double size;
     double kept;
   };
-  for (const Case& c : {Case{13.5, 13.5}, Case{9.3, 9.5}, Case{9.25, 9}, Case{2160, 2160}}) {
+  for (const Case& c : {Case{13.5, 13.5}, Case{9.3, 9.5}, Case{9.25, 9}, Case{2160, 2160},
+                        Case{1, 1}, Case{0.1, 0.5}}) {
     printer.setFontSize(c.size);
     EXPECT_EQ(printer.fontSize(), c.kept) << c.size;
   }

@@ -85,14 +85,17 @@ TEST_F(Form, ModalShowingLastsUntilTheCloseBox) {
   bool wasDisabled = false;
   host_->onClick = [&] {
     wasDisabled = IsWindowEnabled(host.get()) == FALSE;
+    EXPECT_EQ(GetWindow(form_->hWnd(), GW_OWNER), host.get());
     EXPECT_EQ(errorOf([&] { return form_->Show(true, nullptr), 0; }), 400);
     EXPECT_NO_THROW(form_->Show(false, nullptr));
     PostMessageW(form_->hWnd(), WM_CLOSE, 0, 0);
   };
+  PostMessageW(control(Control::Text2), WM_KEYDOWN, L'5', 0);
   PostMessageW(control(Control::Text1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
   PostMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   form_->Show(true, nullptr);
   EXPECT_EQ(host_->clicks.size(), 1U);
+  EXPECT_EQ(textOf(control(Control::Text2)), L"50") << "keys write";
   EXPECT_TRUE(wasDisabled);
   EXPECT_NE(IsWindowEnabled(host.get()), FALSE);
   EXPECT_FALSE(form_->Visible());
@@ -112,11 +115,26 @@ TEST_F(Form, KeysWorkWithoutTheHostsHelp) {
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_EQ(order[i], static_cast<int>(expected[i])) << i;
   }
+  {
+    const HeldKeys held({VK_SHIFT});
+    press(control(Text1), VK_TAB);
+  }
+  EXPECT_EQ(GetFocus(), control(Text1)) << "backwards";
   form_->view().FindText(L"line");
   press(control(cbGuardar), VK_F3);
-  EXPECT_EQ(SendMessageW(control(Text1), EM_GETSEL, 0, 0), MAKELRESULT(19, 23)) << "find next";
+  press(control(cbCerrar), VK_TAB);
+  EXPECT_EQ(SendMessageW(control(Text1), EM_GETSEL, 0, 0), MAKELRESULT(19, 23))
+      << "find next, and the focus leaves the selection";
+  press(control(Text1), VK_RETURN);
+  EXPECT_TRUE(form_->Visible()) << "a text is no button";
   press(control(Text2), VK_ESCAPE);
   EXPECT_FALSE(form_->Visible());
+  form_->Show(false, nullptr);
+  press(control(cbCerrar), VK_RETURN);
+  EXPECT_FALSE(form_->Visible());
+  form_->Show(false, nullptr);
+  SendMessageW(form_->hWnd(), WM_COMMAND, IDCANCEL, 0);
+  EXPECT_FALSE(form_->Visible()) << "Escape, as a dialog's loop tells it";
 }
 
 TEST_F(Form, HostMayHideAndLeaveTheWindowFromItsHandler) {
@@ -129,6 +147,10 @@ TEST_F(Form, HostMayHideAndLeaveTheWindowFromItsHandler) {
   };
   SendMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   ASSERT_TRUE(form_) << "the button was pressed where the window came up";
+  SendMessageW(control(Control::Text1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+  SendMessageW(control(Control::Text1), EM_SETSEL, 0, 1);
+  SendMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+  ASSERT_TRUE(form_) << "a selection is no click";
   clickCharacter(control(Control::Text1), 0);
   EXPECT_EQ(host_->clicks.size(), 1U);
   EXPECT_TRUE(watched.expired());
@@ -139,7 +161,14 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   form_->Show(false, nullptr);
   SetFocus(control(Control::Text2));
   runPendingMessages();
-  SetWindowTextW(control(Control::Text2), L"12.5");
+  SendMessageW(control(Control::Text2), EM_SETSEL, 0, -1);
+  for (const char key : "12.5")
+    SendMessageW(control(Control::Text2), WM_CHAR, static_cast<WPARAM>(key), 0);
+  const HostWindow other;
+  SetActiveWindow(other.get());
+  SetActiveWindow(form_->hWnd());
+  EXPECT_EQ(GetFocus(), control(Control::Text2)) << "again";
+  EXPECT_EQ(textOf(control(Control::Text2)), L"12.5") << "nobody left it";
   SetFocus(control(Control::Text1));
   runPendingMessages();
   EXPECT_EQ(textOf(control(Control::Text2)), L"12");
@@ -155,6 +184,10 @@ TEST_F(Form, StepsOfTheMarginMoveNothingButTheMargin) {
   SendMessageW(steps, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   EXPECT_EQ(textOf(control(Control::Text2)), L"1");
   EXPECT_EQ(position(), before);
+  press(control(Control::Text2), VK_UP);
+  EXPECT_EQ(textOf(control(Control::Text2)), L"2");
+  press(control(Control::Text2), VK_DOWN);
+  EXPECT_EQ(textOf(control(Control::Text2)), L"1");
 }
 
 TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
@@ -206,7 +239,26 @@ TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
       EXPECT_NE(textOf(window), L"") << idOf(text.control);
     }
     EXPECT_EQ(SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+    EXPECT_EQ(GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_DLGMODALFRAME, 0) << "no frame";
   }
+}
+
+TEST_F(Form, StandsInTheMiddleWithTheSystemsFont) {
+  const HiddenDesktop none;
+  RECT area{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  RECT place{};
+  GetWindowRect(form_->hWnd(), &place);
+  EXPECT_NEAR(place.left - area.left, area.right - place.right, 1);
+  EXPECT_NEAR(place.top - area.top, area.bottom - place.bottom, 1);
+  auto* const font =
+      reinterpret_cast<HFONT>(SendMessageW(control(Control::cbCerrar), WM_GETFONT, 0, 0));
+  LOGFONTW described{};
+  ASSERT_NE(GetObjectW(font, sizeof described, &described), 0);
+  EXPECT_EQ(described.lfHeight, -11) << "eight points";
+  EXPECT_EQ(described.lfWeight, FW_NORMAL);
+  EXPECT_EQ(described.lfCharSet, DEFAULT_CHARSET);
+  EXPECT_STREQ(described.lfFaceName, L"MS Shell Dlg 2");
 }
 
 // As on the way to another screen.
@@ -222,7 +274,8 @@ TEST_F(Form, ResolutionBringsItsPlaceAndAFreshFont) {
   EXPECT_NE(font(), before);
 }
 
-TEST_F(Form, PicturesHaveTips) {
+TEST_F(Form, PicturesHaveTipsInEachNewWindow) {
+  DestroyWindow(form_->hWnd());
   auto* const form = form_->hWnd();
   HWND tips = nullptr;
   do {
@@ -242,12 +295,18 @@ TEST_F(Form, PicturesHaveTips) {
   }
 }
 
-TEST_F(Form, MenuOfTheTextSelectsAll) {
+TEST_F(Form, MenuOfTheTextCopiesAndSelectsAll) {
   form_->Show(false, nullptr);
   auto* const text = control(Control::Text1);
-  for (const auto key : {WPARAM{VK_DOWN}, WPARAM{VK_DOWN}, WPARAM{VK_RETURN}})
-    PostMessageW(text, WM_KEYDOWN, key, 0);
-  SendMessageW(text, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text), -1);
+  const auto choose = [text](int entry) {
+    for (int i = 0; i < entry; ++i) PostMessageW(text, WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageW(text, WM_KEYDOWN, VK_RETURN, 0);
+    SendMessageW(text, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text), -1);
+  };
+  form_->view().FindText(L"second");
+  choose(1);
+  EXPECT_EQ(clipboardText(), L"second");
+  choose(2);
   CHARRANGE range{};
   SendMessageW(text, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
   EXPECT_EQ(range.cpMin, 0);
@@ -267,7 +326,11 @@ TEST_F(Form, OwnerThatGoesTakesTheWindowAlongAndANewOneIsAsItWas) {
   EXPECT_FALSE(form_->Visible());
   EXPECT_EQ(host_->timesHidden, 1);
   form_->view().report().Add(L"fourth", 0);
+  const HostWindow other;
   form_->Show(false, nullptr);
+  SetActiveWindow(other.get());
+  form_->Show(false, nullptr);
+  EXPECT_EQ(GetActiveWindow(), form_->hWnd());
   EXPECT_EQ(textOf(control(Control::Text1)),
             L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
   EXPECT_EQ(textOf(form_->hWnd()), L"Cierre Z");
@@ -276,12 +339,23 @@ TEST_F(Form, OwnerThatGoesTakesTheWindowAlongAndANewOneIsAsItWas) {
   EXPECT_EQ(formatOf(control(Control::Text1)).yHeight, 200);
 }
 
+TEST_F(Form, OwnerThatGoesWhenItIsHiddenLeavesItAlone) {
+  auto owner = std::make_unique<HostWindow>();
+  form_->Show(false, owner->get());
+  form_->Hide();
+  auto* const window = form_->hWnd();
+  owner.reset();
+  EXPECT_NE(IsWindow(window), FALSE);
+}
+
 TEST_F(Form, MinimisedOneThatIsShownAgainComesUp) {
   form_->Show(false, nullptr);
+  const double left = form_->Left();
   const double width = form_->Width();
   ShowWindow(form_->hWnd(), SW_MINIMIZE);
   form_->setWidth(width + 1500);
-  EXPECT_EQ(form_->Width(), width) << "it stays as it is meanwhile";
+  EXPECT_EQ(std::pair(form_->Left(), form_->Width()), std::pair(left, width))
+      << "it stays as it is meanwhile";
   form_->Show(false, nullptr);
   EXPECT_EQ(IsIconic(form_->hWnd()), FALSE);
   ShowWindow(form_->hWnd(), SW_MINIMIZE);
@@ -328,6 +402,31 @@ TEST_F(Form, PrintsThoughItsOwnerGoesMeanwhile) {
   EXPECT_EQ(printing->view().report().print(), PrintEnd::Failed) << "a screen takes no document";
   EXPECT_EQ(IsWindow(window), FALSE);
   EXPECT_FALSE(printing->Visible());
+}
+
+TEST(ReportViews, FitTheirLinesWhenTheyAreFirstShown) {
+  FakeSettings settings;
+  FakeSettings::Store store{settings};
+  const Settings sources{settings, store, L"C:\\host"};
+  WindowsReportViews views(screenAsPrinter);
+  const std::shared_ptr<ReportView> view = views.create(sources);
+  view->SetReportWidth(40);
+  for (int i = 0; i < 300; ++i) view->Add(L"line");
+  std::wstring text;
+  for (int showing = 1; showing <= 2; ++showing) {
+    const Robot robot([&](HWND form) {
+      view->Add(L"showing " + std::to_wstring(showing));
+      text.assign(50000, L'\0');
+      auto* const box = windowOf(form, Control::Text1);
+      text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), 50000)));
+      PostMessageW(form, WM_CLOSE, 0, 0);
+    });
+    view->showModal();
+    EXPECT_TRUE(text.starts_with(L"line \r\n"));
+    EXPECT_NE(text.find(L"\r\n" + std::wstring(42, L'_') + L"\r\n"), std::wstring::npos);
+    EXPECT_EQ(text.find(std::wstring(43, L'_')), std::wstring::npos);
+    EXPECT_TRUE(text.ends_with(L"showing " + std::to_wstring(showing) + L" "));
+  }
 }
 
 // As many as CORVID_CALLS says.

@@ -7,9 +7,12 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
 namespace corvid {
 namespace {
+
+constexpr UINT_PTR kHandOverTimer = 0xC0;  // the box's own
 
 class TextBox : public testing::Test {
  protected:
@@ -37,6 +40,7 @@ TEST_F(TextBox, CountsLineEndsAsTwo) {
   box_.setText(L"abc\r\nde\r\n\r\nf");
   EXPECT_EQ(box_.text(), L"abc\r\nde\r\n\r\nf");
   EXPECT_EQ(box_.length(), 12);
+  EXPECT_EQ(std::pair(box_.selectionStart(), box_.selectionLength()), std::pair(0, 0));
   struct Case {
     std::int32_t start;
     std::int32_t length;
@@ -102,9 +106,31 @@ TEST_F(TextBox, OddTextsStayWhole) {
   }
 }
 
+TEST_F(TextBox, FindsWhatStandsBehindAPlaceAndNothingElse) {
+  box_.setText(L"abc\r\nabc");
+  EXPECT_TRUE(box_.find(L"ABC", 0));
+  EXPECT_EQ(box_.selectionStart(), 0);
+  EXPECT_TRUE(box_.find(L"abc", 1));
+  EXPECT_EQ(std::pair(box_.selectionStart(), box_.selectionLength()), std::pair(5, 3));
+  EXPECT_FALSE(box_.find(L"abc", 6));
+  EXPECT_FALSE(box_.find(L"", 0));
+  EXPECT_EQ(box_.selectionStart(), 5) << "stays where it was";
+}
+
+// Else a pasted picture, a Chinese character's own font or a text of 64 KB would come in its way.
+TEST_F(TextBox, HoldsPlainTextOfAnyLengthInOneFont) {
+  const auto answer = [this](UINT message) { return SendMessageW(control_, message, 0, 0); };
+  EXPECT_NE(answer(EM_GETTEXTMODE) & TM_PLAINTEXT, 0);
+  EXPECT_EQ(answer(EM_GETLANGOPTIONS), 0);
+  EXPECT_EQ(answer(EM_GETLIMITTEXT), 2147483646);
+  EXPECT_EQ(formatOf(control_).dwEffects & (CFE_BOLD | CFE_ITALIC), 0U);
+}
+
 TEST_F(TextBox, FontAndTabsAreOfTheWholeText) {
   box_.setText(L"abc");
+  box_.select(1, 2);
   box_.setFont(L"Courier New", 11.5);
+  EXPECT_EQ(std::pair(box_.selectionStart(), box_.selectionLength()), std::pair(1, 2));
   box_.setText(L"\tother\r\n1234567\tx");
   box_.append(L"\r\n12345678\tx");
   box_.select(7, 1);
@@ -118,20 +144,42 @@ TEST_F(TextBox, FontAndTabsAreOfTheWholeText) {
   EXPECT_NEAR(placeOf(26), placeOf(17) + 16 * column, 2);
   box_.setFont(L"Courier New", 20);
   EXPECT_NEAR(placeOf(26), placeOf(17) + 16 * (placeOf(8) - placeOf(7)), 2);
+  box_.setFont(L"Liberation Sans", 18);
+  box_.setText(L"nnnnnnnn\tx\r\n\tx");
+  const LONG tab = placeOf(12) - placeOf(11);  // in the second line, which begins with it
+  EXPECT_NEAR(placeOf(8) - placeOf(0), tab, 2) << "columns of its letters";
+  EXPECT_NEAR(placeOf(9) - placeOf(0), 2 * tab, 2);
 }
 
 TEST_F(TextBox, LinesAreHandedOverTogetherAndBeforeAnyoneLooks) {
-  box_.setText(L"a");
-  const int before = box_.handOvers();
-  for (int i = 0; i < 100; ++i) box_.append(L"\r\nb");
-  EXPECT_EQ(box_.handOvers(), before) << "nobody looked";
-  const LRESULT length = SendMessageW(control_, WM_GETTEXTLENGTH, 0, 0);
-  EXPECT_EQ(length, 1 + 100 * 3) << "a message from outside";
-  EXPECT_EQ(box_.handOvers(), before + 1);
+  const UINT looking[] = {EM_GETSEL,    EM_GETLINECOUNT, EM_EXLINEFROMCHAR, WM_GETTEXTLENGTH,
+                          WM_COPY,      WM_KEYDOWN,      WM_CHAR,           WM_LBUTTONDOWN,
+                          WM_LBUTTONUP, WM_RBUTTONDOWN,  WM_MOUSEWHEEL,     WM_VSCROLL};
+  const UINT others[] = {WM_MOUSEMOVE, WM_NCHITTEST, WM_GETDLGCODE, WM_SETCURSOR, WM_TIMER};
+  int handOvers = box_.handOvers();
+  for (const UINT message : looking) {
+    for (int i = 0; i < 10; ++i) box_.append(L"\r\nb");
+    for (const UINT other : others) SendMessageW(control_, other, 0, 0);
+    EXPECT_EQ(box_.handOvers(), handOvers) << "nobody looked";
+    SendMessageW(control_, message, 0, 0);
+    EXPECT_EQ(box_.handOvers(), ++handOvers) << message;
+  }
+  EXPECT_EQ(KillTimer(control_, kHandOverTimer), FALSE) << "nothing is due";
   box_.append(L"\r\nlast");
   EXPECT_TRUE(box_.find(L"last", 0));
-  EXPECT_EQ(box_.selectionLength(), 4);
-  EXPECT_EQ(box_.handOvers(), before + 2);
+  EXPECT_EQ(box_.handOvers(), handOvers + 1);
+}
+
+TEST_F(TextBox, FreshOnePaintsAtOnce) {
+  ShowWindow(control_, SW_SHOW);
+  const int before = box_.handOvers();
+  box_.append(L"line");
+  box_.refresh();
+  EXPECT_EQ(box_.handOvers(), before + 1);
+  EXPECT_EQ(GetUpdateRect(control_, nullptr, FALSE), FALSE);
+  box_.append(L"line");
+  EXPECT_EQ(SendMessageW(control_, WM_GETTEXTLENGTH, 0, 0), 8);
+  EXPECT_NE(GetUpdateRect(control_, nullptr, FALSE), FALSE) << "once it is the system's turn";
 }
 
 TEST_F(TextBox, HostThatRunsItsMessagesAfterEachLineSeesThemSoonAndCheaply) {

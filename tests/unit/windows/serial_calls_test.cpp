@@ -49,6 +49,8 @@ TEST(SerialCalls, SettingsTextChangesSpeedAndFrameAlone) {
   expected.dtr = block.dtr;
   expected.rts = block.rts;
   EXPECT_EQ(block, expected);
+  ASSERT_TRUE(calls.buildCommDcb(L"baud=600 parity=N data=7 stop=2 xon=on octs=on odsr=on", block));
+  EXPECT_TRUE(block.xonXoffInput && block.xonXoffOutput && block.ctsFlow && block.dsrFlow);
   EXPECT_FALSE(calls.buildCommDcb(L"baud=9600 parity=Q", block));
   EXPECT_NE(calls.lastError(), 0U);
 }
