@@ -1,4 +1,5 @@
 // Objects belong to the thread that made them.
+#include "com/com_object.h"
 #include "unit/com/automation_host.h"
 
 #include <thread>
@@ -44,6 +45,30 @@ TEST_F(Threads, ALastReleaseElsewhereLeavesTheObjectToItsOwn) {
     EXPECT_EQ(S_FALSE, DllCanUnloadNow()) << "it still lives";
   });
   EXPECT_EQ(S_OK, DllCanUnloadNow()) << "its thread has deleted it";
+}
+
+class Told : public ComObject {
+ public:
+  explicit Told(int& times) : ComObject(nullptr), times_(times) {}
+
+ private:
+  void lastReferenceReleased() noexcept override { ++times_; }
+
+  int& times_;
+};
+
+// What it then does, such as to end its wait for the printer, is its own thread's to do.
+TEST_F(Threads, OnlyAReleaseInACallOnItsOwnTellsTheObject) {
+  int times = 0;
+  (new Told(times))->releaseReference();
+  EXPECT_EQ(times, 0) << "outside of calls";
+  for (const bool isElsewhere : {true, false}) {
+    auto* const object = new Told(times);
+    const Held<Told> call(*object);
+    const auto release = [&] { object->releaseReference(); };
+    isElsewhere ? elsewhere(release) : release();
+    EXPECT_EQ(times, isElsewhere ? 0 : 1);
+  }
 }
 
 TEST_F(Threads, AnObjectOfAThreadThatEndedIsDeletedByWhoeverAsks) {
