@@ -1,6 +1,7 @@
 #include "windows/input_dialog.h"
 
 #include "windows/dialog_template.h"
+#include "windows/window_text.h"
 
 #include <utility>
 #include <vector>
@@ -31,17 +32,10 @@ DialogTemplate describe(const std::wstring& prompt, const std::wstring& title,
   return {{title, style, kSize}, items};
 }
 
-std::wstring textOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
-
 void close(HWND dialog, bool accepted) {
   const LONG_PTR answer = GetWindowLongPtrW(dialog, DWLP_USER);
   auto* text = reinterpret_cast<std::wstring*>(answer);  // NOLINT(performance-no-int-to-ptr)
-  if (accepted) *text = textOf(GetDlgItem(dialog, kEntry));
+  if (accepted) *text = windowText(GetDlgItem(dialog, kEntry));
   EndDialog(dialog, 0);
 }
 

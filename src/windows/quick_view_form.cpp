@@ -4,6 +4,7 @@
 #include "basic/run_time_error.h"
 #include "windows/message_box.h"
 #include "windows/twips.h"
+#include "windows/window_text.h"
 
 #include <windows.h>
 // Needs windows.h first.
@@ -19,13 +20,6 @@ constexpr std::int32_t kAlreadyShown = 400;
 
 RunTimeError alreadyShown() {
   return {kAlreadyShown, L"", L"Form already displayed; can't show modally"};
-}
-
-std::wstring textOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
 }
 
 }  // namespace
@@ -174,7 +168,7 @@ void QuickViewForm::windowGone() {
 
 std::wstring QuickViewForm::marginText() {
   make();
-  return textOf(windowOf(window_, Control::Text2));
+  return windowText(windowOf(window_, Control::Text2));
 }
 
 void QuickViewForm::setMarginText(const std::wstring& text) {

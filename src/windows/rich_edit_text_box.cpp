@@ -1,10 +1,6 @@
 #include "windows/rich_edit_text_box.h"
 
-#include "windows/drawing_handles.h"
-#include "windows/font_description.h"
-#include "windows/printer_device.h"
 #include "windows/system_library.h"
-#include "windows/twips.h"
 
 #include <windows.h>
 // Need windows.h first.
@@ -12,19 +8,15 @@
 #include <commdlg.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <optional>
 #include <utility>
 
 namespace corvid {
 namespace {
 
 constexpr wchar_t kHeldLineEnd = L'\r';
-constexpr double kTwipsPerPoint = 20;
 constexpr LPARAM kNoWrap = 1;
-constexpr UINT kUnicode = 1200;  // as a code page
-constexpr int kTabColumns = 8;
+constexpr UINT kUnicode = 1200;    // as a code page
 constexpr UINT_PTR kSubclass = 1;  // the form's own is 0
 constexpr UINT_PTR kHandOverTimer = 0xC0;
 constexpr UINT kHandOverPause = 100;  // milliseconds
@@ -101,25 +93,6 @@ bool needsText(UINT message) {
   }
 }
 
-// Of a letter, as the screen draws the font.
-double columnTwips(const std::wstring& fontName, double points) {
-  const DeviceContext screen(CreateCompatibleDC(nullptr));
-  const int dots = GetDeviceCaps(screen.get(), LOGPIXELSY);
-  const LOGFONTW description = describeFont({fontName, points, false, false}, dots);
-  const Font font(CreateFontIndirectW(&description));
-  auto* const before = SelectObject(screen.get(), font.get());
-  const std::optional<int> pixels = pixelWidthOf(screen.get(), L"nnnnnnnn");
-  SelectObject(screen.get(), before);
-  return toTwips(pixels.value_or(0), dots) / 8;
-}
-
-CHARFORMATW emptyFormat(DWORD mask) {
-  CHARFORMATW format{};
-  format.cbSize = sizeof format;
-  format.dwMask = mask;
-  return format;
-}
-
 }  // namespace
 
 const wchar_t* richEditClass() {
@@ -140,8 +113,7 @@ void RichEditTextBox::attach(HWND control) {
   SendMessageW(control, EM_SETTARGETDEVICE, 0, kNoWrap);
   // No font but the chosen one: columns stay columns whatever the characters.
   tell(EM_SETLANGOPTIONS);
-  // The system's own font, in which it begins, is a bold one.
-  setFormat(emptyFormat(CFM_BOLD | CFM_ITALIC));
+  setPlainStyle();
 }
 
 LRESULT CALLBACK RichEditTextBox::received(HWND control, UINT message, WPARAM wide, LPARAM data,
@@ -282,41 +254,6 @@ bool RichEditTextBox::find(const std::wstring& text, std::int32_t from) {
   selectHeld(request.chrgText.cpMin, request.chrgText.cpMax);
   tell(EM_SCROLLCARET);
   return true;
-}
-
-void RichEditTextBox::setFont(const std::wstring& name, double points) {
-  CHARFORMATW format = emptyFormat(CFM_FACE | CFM_SIZE);
-  format.bPitchAndFamily = FIXED_PITCH | FF_MODERN;  // of the font that stands in for a missing one
-  name.copy(format.szFaceName, LF_FACESIZE - 1);
-  format.yHeight = static_cast<LONG>(points * kTwipsPerPoint);
-  setFormat(format);
-  setTabs(name, points);
-}
-
-void RichEditTextBox::setTabs(const std::wstring& fontName, double points) {
-  const double column = columnTwips(fontName, points);
-  tabs_.cbSize = sizeof tabs_;
-  tabs_.dwMask = PFM_TABSTOPS;
-  tabs_.cTabCount = MAX_TAB_STOPS;
-  for (int i = 0; i < MAX_TAB_STOPS; ++i) {
-    tabs_.rgxTabs[i] = std::lround(column * kTabColumns * (i + 1));
-  }
-  const CHARRANGE selection = heldSelection();
-  applyTabs();
-  selectHeld(selection.cpMin, selection.cpMax);
-}
-
-// To all paragraphs; new ones take it from the one that they are split from.
-void RichEditTextBox::applyTabs() {
-  if (tabs_.cbSize == 0) return;
-  selectHeld(0, -1);
-  tell(EM_SETPARAFORMAT, 0, &tabs_);
-}
-
-// Of the text that is there, and of what comes.
-void RichEditTextBox::setFormat(const CHARFORMATW& format) {
-  tell(EM_SETCHARFORMAT, SCF_DEFAULT, &format);
-  tell(EM_SETCHARFORMAT, SCF_ALL, &format);
 }
 
 void RichEditTextBox::setLocked(bool locked) { tell(EM_SETREADONLY, locked ? TRUE : FALSE); }

@@ -71,6 +71,7 @@ class RichEditTextBox : public ReportTextBox {
   [[nodiscard]] CHARRANGE heldSelection();
   void selectHeld(LONG from, LONG to);
   void scrollToLineStarts();
+  void setPlainStyle();
   void setFormat(const CHARFORMATW& format);
   void setTabs(const std::wstring& fontName, double points);
   void applyTabs();

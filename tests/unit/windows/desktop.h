@@ -130,13 +130,6 @@ class HeldKeys {
   std::vector<int> keys_;
 };
 
-// What a window's title or entry holds.
-inline std::wstring textOf(HWND window) {
-  wchar_t text[200] = {};
-  GetWindowTextW(window, text, 200);
-  return text;
-}
-
 inline std::wstring clipboardText() {
   if (OpenClipboard(nullptr) == FALSE) return L"no clipboard";
   auto* const data = GetClipboardData(CF_UNICODETEXT);

@@ -8,6 +8,7 @@
 #include "support/seeds.h"
 #include "windows/report_views.h"
 #include "windows/twips.h"
+#include "windows/window_text.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -95,7 +96,7 @@ TEST_F(Form, ModalShowingLastsUntilTheCloseBox) {
   PostMessageW(control(Control::Text1), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   form_->Show(true, nullptr);
   EXPECT_EQ(host_->clicks.size(), 1U);
-  EXPECT_EQ(textOf(control(Control::Text2)), L"50") << "keys write";
+  EXPECT_EQ(windowText(control(Control::Text2)), L"50") << "keys write";
   EXPECT_TRUE(wasDisabled);
   EXPECT_NE(IsWindowEnabled(host.get()), FALSE);
   EXPECT_FALSE(form_->Visible());
@@ -168,10 +169,10 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   SetActiveWindow(other.get());
   SetActiveWindow(form_->hWnd());
   EXPECT_EQ(GetFocus(), control(Control::Text2)) << "again";
-  EXPECT_EQ(textOf(control(Control::Text2)), L"12.5") << "nobody left it";
+  EXPECT_EQ(windowText(control(Control::Text2)), L"12.5") << "nobody left it";
   SetFocus(control(Control::Text1));
   runPendingMessages();
-  EXPECT_EQ(textOf(control(Control::Text2)), L"12");
+  EXPECT_EQ(windowText(control(Control::Text2)), L"12");
 }
 
 // Else they would end with its range.
@@ -182,12 +183,12 @@ TEST_F(Form, StepsOfTheMarginMoveNothingButTheMargin) {
   const LRESULT before = position();
   SendMessageW(steps, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
   SendMessageW(steps, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
-  EXPECT_EQ(textOf(control(Control::Text2)), L"1");
+  EXPECT_EQ(windowText(control(Control::Text2)), L"1");
   EXPECT_EQ(position(), before);
   press(control(Control::Text2), VK_UP);
-  EXPECT_EQ(textOf(control(Control::Text2)), L"2");
+  EXPECT_EQ(windowText(control(Control::Text2)), L"2");
   press(control(Control::Text2), VK_DOWN);
-  EXPECT_EQ(textOf(control(Control::Text2)), L"1");
+  EXPECT_EQ(windowText(control(Control::Text2)), L"1");
 }
 
 TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
@@ -230,13 +231,13 @@ TEST_F(Form, PicturesAndKeysChangeTheScreenFont) {
 TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
   for (const ControlText& text : controlTexts()) {
     auto* const window = control(text.control);
-    const std::wstring before = textOf(GetWindow(window, GW_HWNDPREV));
+    const std::wstring before = windowText(GetWindow(window, GW_HWNDPREV));
     if (text.control == Control::Text1) {
       EXPECT_EQ(before, L"Texto del reporte");
     } else if (text.control == Control::Text2) {
       EXPECT_EQ(before, L"Margen Izq.:");
     } else {
-      EXPECT_NE(textOf(window), L"") << idOf(text.control);
+      EXPECT_NE(windowText(window), L"") << idOf(text.control);
     }
     EXPECT_EQ(SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
     EXPECT_EQ(GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_DLGMODALFRAME, 0) << "no frame";
@@ -331,9 +332,9 @@ TEST_F(Form, OwnerThatGoesTakesTheWindowAlongAndANewOneIsAsItWas) {
   SetActiveWindow(other.get());
   form_->Show(false, nullptr);
   EXPECT_EQ(GetActiveWindow(), form_->hWnd());
-  EXPECT_EQ(textOf(control(Control::Text1)),
+  EXPECT_EQ(windowText(control(Control::Text1)),
             L"first line \r\nsecond line \r\nthird \r\n\r\nfourth ");
-  EXPECT_EQ(textOf(form_->hWnd()), L"Cierre Z");
+  EXPECT_EQ(windowText(form_->hWnd()), L"Cierre Z");
   EXPECT_EQ(form_->Width(), 13500);
   EXPECT_EQ(form_->Top(), 750);
   EXPECT_EQ(formatOf(control(Control::Text1)).yHeight, 200);
@@ -416,9 +417,7 @@ TEST(ReportViews, FitTheirLinesWhenTheyAreFirstShown) {
   for (int showing = 1; showing <= 2; ++showing) {
     const Robot robot([&](HWND form) {
       view->Add(L"showing " + std::to_wstring(showing));
-      text.assign(50000, L'\0');
-      auto* const box = windowOf(form, Control::Text1);
-      text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), 50000)));
+      text = windowText(windowOf(form, Control::Text1));
       PostMessageW(form, WM_CLOSE, 0, 0);
     });
     view->showModal();

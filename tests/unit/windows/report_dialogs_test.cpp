@@ -5,6 +5,7 @@
 #include "support/temp_folder.h"
 #include "windows/input_dialog.h"
 #include "windows/message_box.h"
+#include "windows/window_text.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ TEST(InputDialog, GivesWhatWasAccepted) {
   for (const WPARAM button : {WPARAM{IDOK}, WPARAM{IDCANCEL}}) {
     std::wstring offered;
     const Robot robot([&](HWND dialog) {
-      offered = textOf(GetDlgItem(dialog, kEntry));
+      offered = windowText(GetDlgItem(dialog, kEntry));
       SetDlgItemTextW(dialog, kEntry, L"caf\u00E9");
       PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(kEntry, EN_CHANGE), 0);
       PostMessageW(dialog, WM_COMMAND, button, 0);
@@ -60,8 +61,8 @@ TEST(InputDialog, GivesWhatWasAccepted) {
 
 TEST(InputDialog, StandsInOrder) {
   const Robot robot([](HWND dialog) {
-    EXPECT_EQ(textOf(dialog), L"title");
-    EXPECT_EQ(textOf(GetDlgItem(dialog, kPrompt)), L"prompt & more");
+    EXPECT_EQ(windowText(dialog), L"title");
+    EXPECT_EQ(windowText(GetDlgItem(dialog, kPrompt)), L"prompt & more");
     RECT inside{};
     GetClientRect(dialog, &inside);
     RECT wanted{0, 0, 220, 66};
@@ -101,7 +102,7 @@ TEST(MessageBoxes, SayWhatTheyAreGiven) {
   constexpr int kText = 0xFFFF;  // the system's own number of it
   std::wstring said;
   const auto read = [&](HWND box) {
-    said = textOf(box) + L": " + textOf(GetDlgItem(box, kText));
+    said = windowText(box) + L": " + windowText(GetDlgItem(box, kText));
     PostMessageW(box, WM_COMMAND, IDOK, 0);
   };
   const HostWindow host;
@@ -159,7 +160,7 @@ TEST(ReportDialogs, SavedNameGetsItsExtensionInTheFolderThatWasAskedFor) {
   WindowsReportDialogs dialogs([&] { return host.get(); }, screenAsPrinter);
   for (const WPARAM button : {WPARAM{IDOK}, WPARAM{IDCANCEL}}) {
     const Robot robot([&](HWND dialog) {
-      EXPECT_EQ(textOf(dialog), L"title");
+      EXPECT_EQ(windowText(dialog), L"title");
       EXPECT_EQ(GetWindow(dialog, GW_OWNER), host.get());
       SetDlgItemTextW(dialog, kFileName, L"report");
       PostMessageW(dialog, WM_COMMAND, button, 0);
