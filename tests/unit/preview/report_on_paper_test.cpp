@@ -41,7 +41,7 @@ TEST(ReportFitting, WidthFindsItsFontAndLines) {
       {40, {{L"FontOffset", L"2.5"}}, 16, 44, "2.5 rounds to 2"},
       {120, {{L"FontOffset", L"-1"}}, 6, 123, "corrected after the fitting"},
       {40, {{L"FontFactor", L"0.5"}}, 7, 105, "scaled"},
-      {40, {{L"FontOffset", L"2"}, {L"FontFactor", L"0.5"}}, 8, 92, "offset, then factor"},
+      {40, {{L"FontOffset", L"1"}, {L"FontFactor", L"0.5"}}, 7.5, 98, "offset, then factor"},
       {40, {{L"FontFactor", L"1E39"}}, 14, 51, "no single keeps the default"},
   };
   for (const auto& c : kCases) {
