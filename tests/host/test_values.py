@@ -25,8 +25,8 @@ p.Abrir <port>
 fields = p.GetResponse("Q1")
 Expect "fields", TypeName(fields) & " " & UBound(fields) & " " & fields(0) & " " & fields(1) & _
   " " & VarType(fields(0)), "Variant() 1 uno dos 8"
-Expect "item", p.responseItem(1, fields) & " " & p.responseItem(2, fields) & " " & _
-  p.responseItem(-1, fields), "dos <nil> <nil>"
+Expect "item", p.responseItem(0, fields) & " " & p.responseItem(1, fields) & " " & _
+  p.responseItem(2, fields) & " " & p.responseItem(-1, fields), "uno dos <nil> <nil>"
 Expect "joined", p.GetResponseString("Q1", "|") & " " & p.GetResponseString("Q1"), _
   "|uno|dos {10}uno{10}dos"
 rows = p.GetMultipleResponses("Q2")

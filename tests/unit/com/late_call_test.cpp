@@ -68,6 +68,24 @@ TEST_F(LateCalls, TakeNullForATextAndADefaultPropertyForItsObject) {
       textIn(callLate(session.get(), L"EscapeString", {objectValue(buffer.get()).value()}).value));
 }
 
+// The system alone would ask it for ever.
+TEST_F(LateCalls, EndWhereAnObjectIsItsOwnDefaultProperty) {
+  HostObject* self = nullptr;
+  HostObject ring(
+      L"",
+      [&](DISPPARAMS&, VARIANT* result) {
+        *result = objectValue(self).detach();
+        return S_OK;
+      },
+      DISPID_VALUE);
+  self = &ring;
+  const auto buffer = newBuffer();
+  const Variant value = objectValue(&ring);
+  EXPECT_TRUE(FAILED(callLate(buffer.get(), L"Append", {value.value()}).outcome));
+  EXPECT_TRUE(FAILED(callLate(buffer.get(), L"Remove", {value.value(), value.value()}).outcome));
+  EXPECT_EQ(L"", valueOf(buffer.get()));
+}
+
 TEST_F(LateCalls, RefuseWhatDoesNotFit) {
   const auto buffer = newBuffer();
   const Variant words = text(L"no number");

@@ -2,6 +2,11 @@
 #include "windows/serial_calls.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+// Needs windows.h first.
+#include <winternl.h>
+
+#include <bit>
 
 namespace corvid {
 namespace {
@@ -53,6 +58,46 @@ TEST(SerialCalls, SettingsTextChangesSpeedAndFrameAlone) {
   EXPECT_TRUE(block.xonXoffInput && block.xonXoffOutput && block.ctsFlow && block.dsrFlow);
   EXPECT_FALSE(calls.buildCommDcb(L"baud=9600 parity=Q", block));
   EXPECT_NE(calls.lastError(), 0U);
+}
+
+// A name of a device, while it lives. By the system's own call: Wine's documented one beside it
+// makes COM90 of COM99.
+class DeviceName {
+ public:
+  explicit DeviceName(const std::wstring& name) {
+    std::wstring path = L"\\??\\" + name;
+    std::wstring target = L"\\Device\\Null";
+    UNICODE_STRING pathText = textOf(path);
+    UNICODE_STRING targetText = textOf(target);
+    OBJECT_ATTRIBUTES attributes{};
+    InitializeObjectAttributes(&attributes, &pathText, OBJ_CASE_INSENSITIVE, nullptr, nullptr);
+    using Create = NTSTATUS(NTAPI*)(HANDLE*, ACCESS_MASK, OBJECT_ATTRIBUTES*, UNICODE_STRING*);
+    const auto create = std::bit_cast<Create>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtCreateSymbolicLinkObject"));
+    EXPECT_EQ(create(&link_, GENERIC_ALL, &attributes, &targetText), 0);
+  }
+  DeviceName(const DeviceName&) = delete;
+  DeviceName& operator=(const DeviceName&) = delete;
+  ~DeviceName() { CloseHandle(link_); }
+
+ private:
+  static UNICODE_STRING textOf(std::wstring& text) {
+    const auto bytes = static_cast<USHORT>(text.size() * sizeof(wchar_t));
+    return {bytes, bytes, text.data()};
+  }
+
+  HANDLE link_ = nullptr;
+};
+
+TEST(SerialCalls, PortsAreThoseOfANumberThatCanBeOpened) {
+  WindowsSerialCalls calls;
+  std::vector<std::int16_t> expected = calls.ports();
+  const DeviceName taken[] = {DeviceName(L"com42"), DeviceName(L"COM99"), DeviceName(L"COM21")};
+  const DeviceName left[] = {DeviceName(L"COM100"), DeviceName(L"COM0"),
+                             DeviceName(L"COMA"),   DeviceName(L"COM3X"),
+                             DeviceName(L"XCOM5"),  DeviceName(L"COM4294967303")};
+  expected.insert(expected.end(), {21, 42, 99});
+  EXPECT_EQ(calls.ports(), expected);
 }
 
 // A file stands in for the device: reads and writes meet the system for real.
