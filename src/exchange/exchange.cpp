@@ -134,7 +134,6 @@ Lines Exchange::NextStatusBlock() {
 void Exchange::GetStatus() {
   const Turn turn(*this, L"GetStatus");
   if (turn.isRefused()) return;
-  member_.silentSeconds = 0;
   requestStatus();
 }
 

@@ -163,8 +163,9 @@ TEST_F(Form, LeftMarginEntryShowsItsWholePart) {
   SetFocus(control(Control::Text2));
   runPendingMessages();
   SendMessageW(control(Control::Text2), EM_SETSEL, 0, -1);
-  for (const char key : "12.5")
-    SendMessageW(control(Control::Text2), WM_CHAR, static_cast<WPARAM>(key), 0);
+  for (const wchar_t key : std::wstring_view(L"12.5")) {
+    SendMessageW(control(Control::Text2), WM_CHAR, key, 0);
+  }
   const HostWindow other;
   SetActiveWindow(other.get());
   SetActiveWindow(form_->hWnd());
@@ -245,7 +246,6 @@ TEST_F(Form, ControlsAreNamedAndShowTheFocus) {
 }
 
 TEST_F(Form, StandsInTheMiddleWithTheSystemsFont) {
-  const HiddenDesktop none;
   RECT area{};
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
   RECT place{};
