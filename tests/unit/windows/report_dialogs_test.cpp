@@ -127,18 +127,19 @@ TEST(MessageBoxes, AreForDesktopsThatSomebodySees) {
   EXPECT_FALSE(isInteractive({false, 1})) << "an invisible station";
 }
 
+int CALLBACK takeFixed(const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM name) {
+  if (type != TRUETYPE_FONTTYPE || (font->lfPitchAndFamily & 3) != FIXED_PITCH) return 1;
+  *reinterpret_cast<std::wstring*>(name) = font->lfFaceName;
+  return 0;
+}
+
 // Of one pitch, and any size.
 std::wstring fixedFont() {
-  const auto take = [](const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM name) -> int {
-    if (type != TRUETYPE_FONTTYPE || (font->lfPitchAndFamily & 3) != FIXED_PITCH) return 1;
-    *reinterpret_cast<std::wstring*>(name) = font->lfFaceName;
-    return 0;
-  };
   std::wstring name;
   LOGFONTW any{};
   any.lfCharSet = ANSI_CHARSET;
   const DeviceContext screen(CreateCompatibleDC(nullptr));
-  EnumFontFamiliesExW(screen.get(), &any, take, reinterpret_cast<LPARAM>(&name), 0);
+  EnumFontFamiliesExW(screen.get(), &any, takeFixed, reinterpret_cast<LPARAM>(&name), 0);
   return name;
 }
 
