@@ -29,6 +29,8 @@ PORTS = range(7, 15)
 HIGHEST_PORT = 99
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
+# What Wine's loader says, on a busy machine seldom, before anything of the program has run.
+NOT_STARTED = "ShellExecuteEx failed: Internal error"
 
 # What every script begins with. Say writes a value so that any console can carry it; the script
 # host under Wine knows Asc alone, so codes are those of Windows-1252. After On Error Resume Next a
@@ -85,6 +87,14 @@ def wine_environment():
 
 def wine(*arguments, cwd=ROOT, locale=LOCALES[0], timeout=240):
     """Runs a program in the prefix and gives its output; ends the prefix when it takes too long."""
+    for _ in range(3):
+        code, output = run_in_prefix(arguments, cwd, locale, timeout)
+        if NOT_STARTED not in output:
+            break
+    return code, output
+
+
+def run_in_prefix(arguments, cwd, locale, timeout):
     command = [ROOT / "scripts/wine", SYSTEM, *map(str, arguments)]
     environment = {**wine_environment(), "LC_ALL": locale}
     # No pipe: the desktop, which a program may start, would hold it while any other one runs.
