@@ -29,8 +29,9 @@ PORTS = range(7, 15)
 HIGHEST_PORT = 99
 LOCALES = ("C.UTF-8", "es_VE.UTF-8")
 SKIPPED = 77
-# What Wine's loader says, on a busy machine seldom, before anything of the program has run.
-NOT_STARTED = "ShellExecuteEx failed: Internal error"
+# In what Wine's loader says, on a busy machine seldom and in the locale's language, when it could not
+# start a program: nothing of it has run.
+NOT_STARTED = "ShellExecuteEx"
 
 # What every script begins with. Say writes a value so that any console can carry it; the script
 # host under Wine knows Asc alone, so codes are those of Windows-1252. After On Error Resume Next a
